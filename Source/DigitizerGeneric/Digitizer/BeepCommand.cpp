@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "DigitizerGeneric/Digitizer/DescriptionFiles.h"
+#include "DigitizerGeneric/Digitizer/Digitizer.h"
+#include "QextSerialPort/qextserialport.h"
+
+#include <QDebug>
+
+namespace MavSystem {
+
+namespace {
+
+QString beepCommand(const QDomElement& root)
+{
+    const QString characterTag = QStringLiteral("character");
+    QString command;
+    QDomElement character =
+        root.firstChildElement(QStringLiteral("beepString")).firstChildElement(characterTag);
+    for (; !character.isNull(); character = character.nextSiblingElement(characterTag))
+        command += QChar(ushort(character.text().toInt()));
+    return command;
+}
+
+} // namespace
+
+void Digitizer::digitBeep()
+{
+    const auto found = DescriptionFiles::find(m_driver, DescriptionFiles::BrokenFile::Unnamed);
+    if (!found)
+        return;
+    const QString command = beepCommand(found->document.documentElement());
+    if (command.isEmpty() || !m_port)
+        return;
+    m_port->write(command.toLatin1());
+    qDebug() << "Test for digitizer beep string:" << command;
+}
+
+} // namespace MavSystem

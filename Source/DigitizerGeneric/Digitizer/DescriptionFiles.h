@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDir>
+#include <QDomDocument>
+#include <QFileInfoList>
+#include <QString>
+
+#include <optional>
+
+/// The description files that are installed: found and parsed here and nowhere else.
+namespace MavSystem::DescriptionFiles {
+
+/// How a search takes a file that cannot be opened or is not well-formed.
+enum class BrokenFile {
+    Skipped, ///< it matches no driver name
+    Unnamed, ///< it matches the empty driver name, as a file without a name does
+};
+
+/// A description that was found.
+struct Found
+{
+    QString path;
+    QDomDocument document; ///< null when the match is a broken file without a name
+};
+
+/// Limits beyond which a file counts as not well-formed. A real description has about 1,500 bytes
+/// and four levels; what the limits stop is a file that would exhaust the stack or the memory.
+inline constexpr qint64 maximumBytes = 1024 * 1024;
+inline constexpr int maximumNesting = 100;
+inline constexpr qint64 maximumExpandedCharacters = 1024 * 1024;
+
+/// Returns the folder with the installed descriptions, or nothing when there is none.
+std::optional<QDir> installedFolder();
+
+/// Returns the plain, not hidden files of \a folder in the order of the directory itself.
+QFileInfoList candidates(const QDir& folder);
+
+/// Returns the first installed file whose root element's "name" equals \a driverName exactly.
+std::optional<Found> find(const QString& driverName, BrokenFile brokenFile);
+
+} // namespace MavSystem::DescriptionFiles

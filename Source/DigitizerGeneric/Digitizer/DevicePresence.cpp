@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "DigitizerGeneric/Digitizer/DescriptionFiles.h"
+#include "DigitizerGeneric/Digitizer/Digitizer.h"
+#include "MavCore/MavApplication.h"
+#include "QextSerialPort/qextserialport.h"
+
+#include <QFile>
+
+namespace MavSystem {
+
+namespace {
+
+const char usable[] = "No Error has occurred";
+
+void installShippedDescriptions(const QDir& installed)
+{
+    QDir shipped = MavApplication::instance()->pluginsDir();
+    if (!shipped.cd(QStringLiteral("digitizer/generated")))
+        return;
+    for (const QFileInfo& file : DescriptionFiles::candidates(shipped))
+        QFile::copy(file.absoluteFilePath(),
+                    installed.absolutePath() + QLatin1Char('/') + file.fileName());
+}
+
+bool driverIsDescribed(const QString& driver)
+{
+    const std::optional<QDir> installed = DescriptionFiles::installedFolder();
+    if (!installed)
+        return false;
+    if (DescriptionFiles::candidates(*installed).isEmpty())
+        installShippedDescriptions(*installed);
+    return DescriptionFiles::find(driver, DescriptionFiles::BrokenFile::Unnamed).has_value();
+}
+
+QString probePort(const QString& name)
+{
+    QextSerialPort port(QextSerialPort::EventDriven);
+    port.setPortName(name);
+    if (port.open(QIODevice::ReadOnly))
+        port.close();
+    return port.errorString();
+}
+
+} // namespace
+
+QString Digitizer::deviceExist()
+{
+    const boost::shared_ptr<Digitizer> digitizer = instance();
+    if (!driverIsDescribed(digitizer->driver()))
+        return tr("Digitizer Not Present...");
+    if (digitizer->device() == QLatin1String("File:"))
+        return QLatin1String(usable);
+    return probePort(digitizer->device());
+}
+
+} // namespace MavSystem

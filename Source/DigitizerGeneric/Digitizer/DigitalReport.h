@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "DigitizerGeneric/DigitizerGenericExport.h"
+#include "MavGeo/GeoPoint2D.h"
+
+#include <QMetaType>
+
+#include <boost/function.hpp>
+
+namespace MavSystem {
+
+/// One digitized event, the only output of the library: a point in centimetres and a button number.
+///
+/// Reports reach the host through one handler, synchronously, on the thread of its event loop.
+/// From inside the handler a host may call any operation of Digitizer, show a modal dialog, or
+/// throw. The handler slot is not locked.
+class DIGITIZERGENERIC_EXPORT DigitalReport
+{
+public:
+    /// \a point is in centimetres. The button number is 0 until the producer sets it.
+    DigitalReport(const GeoPoint2D& point = GeoPoint2D());
+    DigitalReport(double x, double y);
+
+    GeoPoint2D coordinate() const;
+    void setCoordinate(GeoPoint2D& point);
+
+    /// Hands this report to the installed handler and returns when that returns. Without a handler
+    /// the report is dropped. What the handler throws passes through.
+    void flush();
+
+    /// Installs a copy of \a handler in place of the previous one.
+    static void registerHandle(boost::function<void(const DigitalReport&)> handler);
+
+    /// Leaves no handler installed; reports are dropped from then on.
+    static void unregisterHandle();
+
+private:
+    GeoPoint2D m_coordinate;
+
+public:
+    /// The button that was pressed: 1 to 4 for a cursor with four buttons, 0 to 15 for one with
+    /// sixteen, 0 when no button matched. 5 (four buttons) or 14 (otherwise) on closing and on a
+    /// port error. -1 for a rejected "Lectra E92" report.
+    int m_button_number = 0;
+};
+
+} // namespace MavSystem
+
+Q_DECLARE_METATYPE(MavSystem::DigitalReport)

@@ -1,0 +1,221 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "DigitizerGeneric/Digitizer/Digitizer.h"
+
+#include "DigitizerGeneric/Digitizer/Diagnostics.h"
+#include "DigitizerGeneric/Digitizer/ReceiveBuffer.h"
+#include "DigitizerGeneric/File_Digital/DigipenFileDigitalization.h"
+#include "MavCore/MavApplication.h"
+#include "QextSerialPort/qextserialport.h"
+
+#include <QSettings>
+
+#include <boost/make_shared.hpp>
+
+#include <limits>
+
+namespace MavSystem {
+
+namespace {
+
+const char driverKey[] = "driver";
+const char deviceKey[] = "device";
+const char extended4ButtonsKey[] = "extended4Buttons";
+const char digitizePiecesViewKey[] = "digitizePiecesView";
+const char viewDigizedPointsKey[] = "viewDigizedPoints";
+const char highPrecisionKey[] = "highPrecision";
+
+// A text that is no truth value counts as absent.
+bool isOn(const QSettings& settings, const char* key)
+{
+    const QString text = settings.value(QLatin1String(key), false).toString();
+    return text.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0 ||
+           text == QLatin1String("1");
+}
+
+const GeoPoint2D& nullPoint()
+{
+    constexpr double smallest = std::numeric_limits<double>::min();
+    static const GeoPoint2D point(smallest, smallest);
+    return point;
+}
+
+} // namespace
+
+void Digitizer::ReleaseImporter::operator()(DigipenFileDigitalization* importer) const
+{
+    importer->release();
+}
+
+boost::shared_ptr<Digitizer> Digitizer::instance()
+{
+    static const boost::shared_ptr<Digitizer> digitizer = boost::make_shared<Digitizer>();
+    return digitizer;
+}
+
+Digitizer::Digitizer() : m_report_text(receiveBuffer())
+{
+    const QSettings settings;
+    m_extended_4_buttons = isOn(settings, extended4ButtonsKey);
+    m_digitize_pieces_view = isOn(settings, digitizePiecesViewKey);
+    m_view_digitized_points = isOn(settings, viewDigizedPointsKey);
+    m_high_precision = isOn(settings, highPrecisionKey);
+    selectDevice(settings.value(QLatin1String(driverKey)).toString(),
+                 settings.value(QLatin1String(deviceKey)).toString());
+}
+
+Digitizer::~Digitizer() = default;
+
+void Digitizer::selectDevice(const QString& driver, const QString& device)
+{
+    m_argument.reset(DigitizerArgument::digitizerArgument(driver));
+    m_driver = driver;
+    m_device = device;
+}
+
+void Digitizer::saveConfig()
+{
+    QSettings settings;
+    settings.setValue(QLatin1String(driverKey), m_driver);
+    settings.setValue(QLatin1String(deviceKey), m_device);
+    settings.setValue(QLatin1String(extended4ButtonsKey), m_extended_4_buttons);
+    settings.setValue(QLatin1String(digitizePiecesViewKey), m_digitize_pieces_view);
+    settings.setValue(QLatin1String(viewDigizedPointsKey), m_view_digitized_points);
+    settings.setValue(QLatin1String(highPrecisionKey), m_high_precision);
+}
+
+QString Digitizer::driver() const
+{
+    return m_driver;
+}
+
+QString Digitizer::device() const
+{
+    return m_device;
+}
+
+bool Digitizer::extended4Buttons() const
+{
+    return m_extended_4_buttons;
+}
+
+void Digitizer::setExtended4Buttons(bool on)
+{
+    m_extended_4_buttons = on;
+}
+
+bool Digitizer::dgitizePiecesView() const
+{
+    return m_digitize_pieces_view;
+}
+
+void Digitizer::setDgitizePiecesView(bool on)
+{
+    m_digitize_pieces_view = on;
+}
+
+bool Digitizer::viewDigizedPoints() const
+{
+    return m_view_digitized_points;
+}
+
+void Digitizer::setViewDigizedPoints(bool on)
+{
+    m_view_digitized_points = on;
+}
+
+bool Digitizer::highPrecision() const
+{
+    return m_high_precision;
+}
+
+void Digitizer::setHighPrecision(bool on)
+{
+    m_high_precision = on;
+}
+
+bool Digitizer::open()
+{
+    return m_device == QLatin1String("File:") ? openPenFiles() : openSerialPort();
+}
+
+bool Digitizer::openPenFiles()
+{
+    auto* const importer = new DigipenFileDigitalization(this, m_extended_4_buttons);
+    m_pen_file.reset(importer);
+    // It may be replaced meanwhile, by a host that opens again from inside its handler, and is
+    // then kept alive by itself.
+    const bool watching = importer->open();
+    m_pen_mode = true;
+    return watching;
+}
+
+bool Digitizer::openSerialPort()
+{
+    m_port.reset(new QextSerialPort(QextSerialPort::EventDriven));
+    applyPortSettings();
+    if (!m_port->open(QIODevice::ReadWrite | QIODevice::Unbuffered)) {
+        qCDebug(lcSerial).noquote() << m_device << "does not open:" << m_port->errorString();
+        MavApplication::instance()->displayWarning(
+            tr("Cannot open digitizer, please check the connection."), QString(), nullptr);
+        return false;
+    }
+    m_port->readAll();
+    m_port->reset();
+    m_port_open = true;
+    return true;
+}
+
+void Digitizer::applyPortSettings()
+{
+    const PortSettings& settings = m_argument->m_portSettings;
+    m_port->setPortName(m_device);
+    m_port->setBaudRate(settings.BaudRate);
+    m_port->setFlowControl(settings.FlowControl);
+    m_port->setParity(settings.Parity);
+    m_port->setStopBits(settings.StopBits);
+    m_port->setDataBits(settings.DataBits);
+}
+
+void Digitizer::readReport()
+{
+    if (!m_pen_mode && m_port)
+        connect(m_port.get(), &QextSerialPort::readyRead, this, &Digitizer::handleRead);
+}
+
+bool Digitizer::close()
+{
+    if (m_pen_mode) {
+        if (m_pen_file)
+            m_pen_file->close();
+        m_pen_mode = false;
+        return false;
+    }
+    if (!m_port)
+        return false;
+    if (m_port->isOpen())
+        m_port->readAll();
+    m_port->close();
+    disconnect(m_port.get(), &QextSerialPort::readyRead, nullptr, nullptr);
+    m_port.reset();
+    m_port_open = false;
+
+    DigitalReport report(nullPoint());
+    report.m_button_number = closingCode();
+    report.flush();
+    return true;
+}
+
+bool Digitizer::active() const
+{
+    if (m_pen_mode)
+        return m_pen_file && m_pen_file->active();
+    return m_port && m_port_open;
+}
+
+short Digitizer::closingCode() const
+{
+    return m_argument->m_fourButtons ? 5 : 14;
+}
+
+} // namespace MavSystem

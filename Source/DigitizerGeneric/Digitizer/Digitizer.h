@@ -1,0 +1,170 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "DigitizerGeneric/Digitizer/DigitalReport.h"
+#include "DigitizerGeneric/Digitizer/DigitizerArgument.h"
+#include "DigitizerGeneric/DigitizerGenericExport.h"
+#include "MavGeo/GeoPoint2D.h"
+
+#include <QList>
+#include <QMap>
+#include <QObject>
+#include <QString>
+
+#include <boost/scoped_ptr.hpp>
+#include <boost/shared_ptr.hpp>
+
+#include <memory>
+
+class QextSerialPort;
+
+namespace MavSystem {
+
+class DigipenFileDigitalization;
+
+/// What parseReportText() decodes: bit 0 the button number, bit 1 the coordinate.
+using ParseReportFlags = int;
+
+/// The driver: the one object through which a host uses a digitizing tablet or a digital pen.
+///
+/// Expected order of calls: instance(); selectDevice(), setters and saveConfig() as needed;
+/// DigitalReport::registerHandle(); open(); on success readReport(); close() at the end. A host
+/// that leaves the pen road calls close() before it opens a serial port, also after an open() that
+/// returned false.
+///
+/// From inside the report handler a host may call any operation of this class, show a modal dialog
+/// or throw. Thread: the thread of the host's event loop, all of it; nothing is locked.
+class DIGITIZERGENERIC_EXPORT Digitizer : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Returns the one driver of the process, made at the first call; it lives until the process
+    /// ends.
+    static boost::shared_ptr<Digitizer> instance();
+
+    /// Reads the saved settings (all empty or false when absent) and the description of the saved
+    /// driver. Hosts use instance().
+    Digitizer();
+    ~Digitizer() override;
+
+    /// Selects the description named \a driver and the serial port \a device, or the pen directory
+    /// with the device name "File:". An unknown driver is not an error here; see deviceExist().
+    /// An open device stays as it is, and nothing is saved.
+    void selectDevice(const QString& driver, const QString& device);
+
+    /// Writes the selection and the four options to the host's QSettings.
+    void saveConfig();
+
+    QString driver() const;
+    QString device() const;
+
+    /// Whether the digital pen's button 3 is a prefix. Takes effect at the next open().
+    bool extended4Buttons() const;
+    void setExtended4Buttons(bool on);
+
+    // The three options below are kept and saved for the host; the library does not use them.
+    bool dgitizePiecesView() const;
+    void setDgitizePiecesView(bool on);
+    bool viewDigizedPoints() const;
+    void setViewDigizedPoints(bool on);
+    bool highPrecision() const;
+    void setHighPrecision(bool on);
+
+    /// Returns "No Error has occurred" when the selected device can be used; otherwise the reason:
+    /// "Digitizer Not Present..." (translated) when no installed description has the driver's name,
+    /// or the serial port's error text.
+    ///
+    /// Copies the shipped descriptions into the folder "generated" of the host's application data
+    /// location when that folder exists and is empty. Opens the port for a moment; neither reads
+    /// nor writes. Shows nothing and throws nothing.
+    static QString deviceExist();
+
+    /// Opens the selected device. Returns true if it is open; otherwise returns false, and for a
+    /// serial port has shown a warning. Input that arrived before is discarded. A device that is
+    /// open already is replaced without being closed first.
+    ///
+    /// With the device "File:" it may ask the user about waiting pen files and imports them before
+    /// it returns; false then means that the directory is not there or that the user chose not to
+    /// import.
+    bool open();
+
+    /// Starts the delivery of a serial port's reports. To be called once after each open(); without
+    /// effect on the pen road, where reports come by themselves.
+    void readReport();
+
+    /// Closes the device. Returns true if a serial port was closed, after one closing report: both
+    /// coordinates the smallest positive normal double, button number 5 for a description with four
+    /// buttons and 14 otherwise. Returns false on the pen road and when no port is there.
+    bool close();
+
+    /// Returns whether the device is open: the port on the serial road, the watch on the pen road.
+    bool active() const;
+
+    /// Sends the beep command of the selected driver's description to the port. Does nothing when
+    /// there is no such command or no port. Reports nothing. Reads the description file anew.
+    void digitBeep();
+
+    /// Decodes the text of the last chunk that was read. Coordinates are centimetres. No character
+    /// is checked: malformed digits give whatever value the arithmetic yields.
+    DigitalReport parseReportText(ParseReportFlags flags);
+
+    /// Returns the point in centimetres whose digits \a xDigits and \a yDigits hold in ascending
+    /// order of their positions. The exponents are the powers of ten of the leading digits.
+    GeoPoint2D getCoordinate(QMap<int, char> xDigits, QMap<int, char> yDigits,
+                             QMap<int, char> signs, short xExponent, short yExponent);
+
+    /// Returns the signs of x and y, each +1 or -1.
+    QList<short> getSign(QMap<int, char> signs);
+
+    /// Returns the number of the button with \a code: 1 to 4 for a description with four buttons,
+    /// 0 to 15 otherwise, 0 when no entry matches.
+    short compareButtonNumber(ButtonValue code);
+
+    // Fields that carry no value; each returns 0.
+    short getUnused(QMap<int, char> characters);
+    short getPoint(QMap<int, char> characters);
+    short getCR(QMap<int, char> characters);
+    short getLineFeed(QMap<int, char> characters);
+
+private slots:
+    void handleRead();
+
+private:
+    friend class DigipenFileDigitalization; // decodes pen commands with m_argument
+
+    // An importer may be replaced while it imports; it then lives until its loop has ended.
+    struct ReleaseImporter
+    {
+        void operator()(DigipenFileDigitalization* importer) const;
+    };
+
+    bool openPenFiles();
+    bool openSerialPort();
+    void applyPortSettings();
+    short closingCode() const;
+    bool isLectraE92() const;
+
+    boost::scoped_ptr<DigitizerArgument> m_argument;
+    const char* m_report_text;
+    QString m_driver;
+    QString m_device;
+    bool m_extended_4_buttons = false;
+    bool m_digitize_pieces_view = false;
+    bool m_view_digitized_points = false;
+    bool m_high_precision = false;
+    bool m_port_open = false;
+    boost::scoped_ptr<QextSerialPort> m_port;
+    bool m_pen_mode = false;
+
+public:
+    /// The host's mode code; 50 to 59 put the pen road into its internal mode. Written by the host
+    /// only.
+    int m_host_mode = 0;
+
+private:
+    std::unique_ptr<DigipenFileDigitalization, ReleaseImporter> m_pen_file;
+};
+
+} // namespace MavSystem

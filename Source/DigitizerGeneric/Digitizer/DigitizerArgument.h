@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "DigitizerGeneric/DigitizerGenericExport.h"
+#include "QextSerialPort/qextserialport.h"
+
+#include <QString>
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+namespace MavSystem {
+
+/// The unit of a tablet's resolution.
+enum ResolutionUnit : std::int32_t {
+    LPI = 1,  ///< lines per inch
+    LPMM = 2, ///< lines per millimetre
+};
+
+/// The role of one character of a tablet's report.
+enum ReportFormatValues : std::int32_t {
+    FORMAT_BUTTON = 1,    ///< "B", a character of the button code
+    FORMAT_X = 2,         ///< "X", a character of the x coordinate
+    FORMAT_Y = 3,         ///< "Y", a character of the y coordinate
+    FORMAT_UNUSED = 4,    ///< "U"
+    FORMAT_POINT = 5,     ///< ".", the decimal point of x, then of y
+    FORMAT_SIGN = 6,      ///< "S", the sign of x, then of y
+    FORMAT_CR = 7,        ///< "C", the carriage return
+    FORMAT_LINE_FEED = 8, ///< "L", the line feed
+};
+
+/// The code of a cursor button: three characters, of which a description says how many count.
+struct ButtonValue
+{
+    std::array<char, 3> m_code = {' ', ' ', ' '};
+};
+
+/// The description of one kind of tablet, as its description file gives it.
+///
+/// A plain record: copies are deep, nothing is checked or cached here.
+class DIGITIZERGENERIC_EXPORT DigitizerArgument
+{
+public:
+    /// The record of a driver that no file describes: false, zero, lines per millimetre, no
+    /// template and no buttons.
+    DigitizerArgument() = default;
+
+    /// Stores each argument in the field of the same position; the lengths keep their sign in
+    /// 64 bits.
+    DigitizerArgument(bool fourButtons, PortSettings settings, short resolution,
+                      ResolutionUnit unit, short reportLength,
+                      std::vector<ReportFormatValues> reportFormat, short buttonCodeLength,
+                      std::vector<ButtonValue> buttons);
+    DigitizerArgument(const DigitizerArgument&) = default;
+    DigitizerArgument& operator=(const DigitizerArgument&) = default;
+
+    /// Returns a new record of the installed description whose root "name" equals \a driverName
+    /// exactly; when there is none, or its report template is broken, the record of a driver that
+    /// no file describes. Never null. The caller owns it.
+    ///
+    /// Reads the files anew on every call. Reports nothing; the logging category
+    /// mavsystem.descriptions tells why a file was passed over. Thread: the main thread.
+    static DigitizerArgument* digitizerArgument(const QString& driverName);
+
+    bool m_fourButtons = false; ///< "count" of the buttons is exactly "4"
+    PortSettings m_portSettings;
+    double m_resolution = 0.0; ///< lines per unit
+    ResolutionUnit m_resolutionUnit = LPMM;
+    std::uint64_t m_reportLength = 0;               ///< characters of one report
+    std::vector<ReportFormatValues> m_reportFormat; ///< one role for each character
+    std::uint64_t m_buttonCodeLength = 0;           ///< leading characters of a code that count
+    std::vector<ButtonValue> m_buttons;             ///< an entry's index is its button's number
+};
+
+} // namespace MavSystem

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "DigitizerGeneric/Digitizer/DigitalReport.h"
+#include "DigitizerGeneric/Digitizer/DigitizerArgument.h"
+#include "MavGeo/GeoPoint2D.h"
+
+#include <string_view>
+
+/// The decoding that tablet reports and pen commands share: values in, values out.
+///
+/// A field is the text of its characters in the order of their positions.
+namespace MavSystem::FieldDecoding {
+
+/// Characters of a report that are looked at; a template longer than this is cut.
+inline constexpr int maximumReportCharacters = 512;
+
+/// Flags of reportOf(): what is decoded; the rest of the report stays 0.
+inline constexpr int decodeButton = 1;
+inline constexpr int decodeCoordinate = 2;
+
+/// +1 or -1 for each axis.
+struct Signs
+{
+    short x = 1;
+    short y = 1;
+};
+
+/// Returns the signs of x (first character) and y (every later one): -1 for '-', +1 otherwise.
+Signs signsOf(std::string_view characters);
+
+/// Returns the sum of each digit times its power of ten, \a leadingExponent being that of the first
+/// digit. No character is checked. An empty field gives 0.
+double magnitudeOf(std::string_view digits, short leadingExponent);
+
+/// Returns the point in centimetres, scaled by the resolution of \a description.
+GeoPoint2D coordinateOf(const DigitizerArgument& description, std::string_view xDigits,
+                        std::string_view yDigits, Signs signs, short xExponent, short yExponent);
+
+/// Returns the number of the button with \a code: 1 to 4 or 0 to 15, 0 when there is none.
+short buttonNumberOf(const DigitizerArgument& description, const ButtonValue& code);
+
+/// Returns the report decoded from \a text by the template of \a description. \a text holds at
+/// least as many characters as the template, or maximumReportCharacters.
+DigitalReport reportOf(const DigitizerArgument& description, const char* text, int flags);
+
+/// Returns the report decoded from the fixed layout of the "Lectra E92"; button number -1 at (0, 0)
+/// when it is rejected. \a text holds at least 23 characters.
+DigitalReport lectraE92ReportOf(const char* text);
+
+} // namespace MavSystem::FieldDecoding

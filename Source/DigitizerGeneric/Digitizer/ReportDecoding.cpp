@@ -1,0 +1,136 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "DigitizerGeneric/Digitizer/Diagnostics.h"
+#include "DigitizerGeneric/Digitizer/Digitizer.h"
+#include "DigitizerGeneric/Digitizer/FieldDecoding.h"
+#include "DigitizerGeneric/Digitizer/ReceiveBuffer.h"
+#include "QextSerialPort/qextserialport.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QVarLengthArray>
+
+#include <algorithm>
+#include <cstring>
+
+namespace MavSystem {
+
+namespace {
+
+constexpr ParseReportFlags everything = 0x7f;
+
+void storeChunk(const QByteArray& chunk)
+{
+    const int size = std::min(chunk.size(), receiveBufferCharacters);
+    const std::size_t characters = qstrnlen(chunk.constData(), uint(size));
+    std::memcpy(receiveBuffer(), chunk.constData(), characters);
+    receiveBuffer()[characters] = '\0';
+}
+
+void appendToLog(const QByteArray& chunk)
+{
+    QFile log(QCoreApplication::applicationDirPath() + QLatin1String("/received_data.txt"));
+    if (log.open(QIODevice::ReadWrite | QIODevice::Append | QIODevice::Text))
+        log.write(chunk + '\n');
+}
+
+QVarLengthArray<char, 64> inPositionOrder(const QMap<int, char>& field)
+{
+    QVarLengthArray<char, 64> characters;
+    for (const char character : field)
+        characters.append(character);
+    return characters;
+}
+
+std::string_view textOf(const QVarLengthArray<char, 64>& characters)
+{
+    return {characters.constData(), std::size_t(characters.size())};
+}
+
+} // namespace
+
+char* receiveBuffer()
+{
+    static char buffer[receiveBufferCharacters + 1] = {};
+    return buffer;
+}
+
+bool Digitizer::isLectraE92() const
+{
+    return m_driver.compare(QLatin1String("Lectra E92"), Qt::CaseInsensitive) == 0;
+}
+
+void Digitizer::handleRead()
+{
+    const bool lectraE92 = isLectraE92();
+    const qint64 waiting = m_port->bytesAvailable();
+    if (quint64(waiting) != m_argument->m_reportLength && !lectraE92) {
+        qCDebug(lcSerial) << waiting << "bytes are waiting where one report has"
+                          << m_argument->m_reportLength;
+        return;
+    }
+    const QByteArray chunk = m_port->readAll();
+    m_port->reset();
+    storeChunk(chunk);
+    if (lectraE92)
+        appendToLog(chunk);
+    m_report_text = receiveBuffer();
+
+    DigitalReport report(0.0, 0.0);
+    if (m_port->errorString() == QLatin1String("No Error has occurred"))
+        report = parseReportText(everything);
+    else
+        report.m_button_number = closingCode();
+    qCDebug(lcSerial) << "report" << chunk << "button" << report.m_button_number << "at"
+                      << report.coordinate().x() << report.coordinate().y();
+    // The host may close, reopen or select inside its handler: nothing comes after this.
+    report.flush();
+}
+
+DigitalReport Digitizer::parseReportText(ParseReportFlags flags)
+{
+    return isLectraE92() ? FieldDecoding::lectraE92ReportOf(m_report_text)
+                         : FieldDecoding::reportOf(*m_argument, m_report_text, flags);
+}
+
+GeoPoint2D Digitizer::getCoordinate(QMap<int, char> xDigits, QMap<int, char> yDigits,
+                                    QMap<int, char> signs, short xExponent, short yExponent)
+{
+    const QList<short> axisSigns = getSign(signs);
+    return FieldDecoding::coordinateOf(*m_argument, textOf(inPositionOrder(xDigits)),
+                                       textOf(inPositionOrder(yDigits)),
+                                       {axisSigns.at(0), axisSigns.at(1)}, xExponent, yExponent);
+}
+
+QList<short> Digitizer::getSign(QMap<int, char> signs)
+{
+    const FieldDecoding::Signs axisSigns = FieldDecoding::signsOf(textOf(inPositionOrder(signs)));
+    return {axisSigns.x, axisSigns.y};
+}
+
+short Digitizer::compareButtonNumber(ButtonValue code)
+{
+    return FieldDecoding::buttonNumberOf(*m_argument, code);
+}
+
+short Digitizer::getUnused(QMap<int, char> /*characters*/)
+{
+    return 0;
+}
+
+short Digitizer::getPoint(QMap<int, char> /*characters*/)
+{
+    return 0;
+}
+
+short Digitizer::getCR(QMap<int, char> /*characters*/)
+{
+    return 0;
+}
+
+short Digitizer::getLineFeed(QMap<int, char> /*characters*/)
+{
+    return 0;
+}
+
+} // namespace MavSystem

@@ -1,0 +1,323 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "DigitizerGeneric/File_Digital/DigipenFileDigitalization.h"
+
+#include "DigitizerGeneric/Digitizer/Diagnostics.h"
+#include "DigitizerGeneric/Digitizer/DigitalReport.h"
+#include "DigitizerGeneric/Digitizer/Digitizer.h"
+#include "DigitizerGeneric/Digitizer/FieldDecoding.h"
+#include "DigitizerGeneric/File_Digital/ConvertedCommandFields.h"
+#include "DigitizerGeneric/File_Digital/ConvertedCommandInterpreter.h"
+#include "DigitizerGeneric/File_Digital/DigipenDataConverter.h"
+#include "DigitizerGeneric/File_Digital/DigipenState.h"
+#include "DigitizerGeneric/File_Digital/DigipenStringAnalyzer.h"
+#include "DigitizerGeneric/File_Digital/ImportTurns.h"
+#include "DigitizerGeneric/File_Digital/InternalMode.h"
+#include "MavCore/MavApplication.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QScopedValueRollback>
+#include <QSettings>
+
+#include <algorithm>
+#include <exception>
+
+namespace MavSystem {
+
+namespace {
+
+// Values of m_reading_state.
+enum ReadingState {
+    NoFile = 0,
+    ReadingLines = 1,
+    CommandsPending = 2,
+};
+
+QStringList penFilePatterns()
+{
+    return {QStringLiteral("*.dat")};
+}
+
+QFileInfoList filesOf(const QString& directory, const QStringList& patterns)
+{
+    return QDir(directory).entryInfoList(patterns, QDir::Files, QDir::Name | QDir::IgnoreCase);
+}
+
+QString penDirectory()
+{
+    return QSettings()
+        .value(QStringLiteral("digitizer_file_directory"), QDir::rootPath())
+        .toString();
+}
+
+void showError(const QString& text)
+{
+    qCDebug(lcPen).noquote() << "error shown:" << text;
+    MavApplication::instance()->displayError(text, QString(), nullptr);
+}
+
+} // namespace
+
+/// Keeps the importer alive while one of its operations is under way: the host's handler and the
+/// dialogs that these run may replace it.
+class DigipenFileDigitalization::InUse
+{
+public:
+    explicit InUse(DigipenFileDigitalization& importer) : m_importer(importer)
+    {
+        ++m_importer.m_uses;
+    }
+    ~InUse()
+    {
+        // Later, since its watcher may be in the middle of announcing a change.
+        if (--m_importer.m_uses == 0 && m_importer.m_released)
+            m_importer.deleteLater();
+    }
+    InUse(const InUse&) = delete;
+    InUse& operator=(const InUse&) = delete;
+
+private:
+    DigipenFileDigitalization& m_importer;
+};
+
+DigipenFileDigitalization::DigipenFileDigitalization(Digitizer* digitizer, bool extended4Buttons)
+    : m_analyzer(new t_DigipenStringAnalyzer(extended4Buttons
+                                                 ? t_DigipenStringAnalyzer::CONVERSION_4EX
+                                                 : t_DigipenStringAnalyzer::CONVERSION_STANDARD)),
+      m_digitizer(digitizer)
+{}
+
+DigipenFileDigitalization::~DigipenFileDigitalization() = default;
+
+void DigipenFileDigitalization::release()
+{
+    close();
+    ImportTurns::instance().forget(this);
+    m_released = true;
+    if (m_uses == 0)
+        delete this;
+}
+
+bool DigipenFileDigitalization::open()
+{
+    const InUse inUse(*this);
+    const QString directory = penDirectory();
+    if (!QFileInfo::exists(directory)) {
+        qCDebug(lcPen).noquote() << "there is no pen directory" << directory;
+        return false;
+    }
+    const int waiting = QDir(directory).entryList(penFilePatterns()).size();
+    if (waiting > 0) {
+        qCDebug(lcPen).noquote() << waiting << "entries are waiting in" << directory;
+        const MavApplication* const host = MavApplication::instance();
+        switch (host->confirmContinue(tr("Digitizer files are ready to be imported."), tr("Import"),
+                                      tr("Import"), tr("Delete"), tr("Cancel"),
+                                      host->mainWindow())) {
+        case 0:
+            analyzerDigitPenFile(directory);
+            break;
+        case 1:
+            removeAllFileFromDirectory(directory, penFilePatterns());
+            return false;
+        default:
+            return false;
+        }
+    }
+    // Replaced while it asked or imported: the directory is its successor's.
+    if (m_released)
+        return false;
+    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this,
+            &DigipenFileDigitalization::analyzerDigitPenFile);
+    m_watcher.addPath(directory);
+    m_active = true;
+    return true;
+}
+
+bool DigipenFileDigitalization::close()
+{
+    const QStringList watched = m_watcher.directories();
+    if (!watched.isEmpty())
+        m_watcher.removePaths(watched);
+    disconnect(&m_watcher, &QFileSystemWatcher::directoryChanged, this,
+               &DigipenFileDigitalization::analyzerDigitPenFile);
+    if (m_active)
+        ImportTurns::instance().forget(this);
+    m_active = false;
+    return true;
+}
+
+bool DigipenFileDigitalization::active() const
+{
+    return m_active;
+}
+
+void DigipenFileDigitalization::removeAllFileFromDirectory(QString directory, QStringList patterns)
+{
+    QDir dir(directory);
+    for (const QFileInfo& file : filesOf(directory, patterns)) {
+        if (!dir.remove(file.fileName()))
+            qCDebug(lcPen).noquote() << file.filePath() << "cannot be removed";
+    }
+}
+
+void DigipenFileDigitalization::analyzerDigitPenFile(const QString& strPath)
+{
+    const InUse inUse(*this);
+    ImportTurns& turns = ImportTurns::instance();
+    if (turns.running()) {
+        qCDebug(lcPen).noquote() << "an import is under way;" << strPath << "waits for its end";
+        turns.defer(this, strPath);
+        return;
+    }
+    // A host's error display may throw out of an import; that must not block all later ones.
+    struct Running
+    {
+        Running() { ImportTurns::instance().setRunning(true); }
+        ~Running() { ImportTurns::instance().setRunning(false); }
+    } const running;
+    importDirectory(strPath);
+    for (ImportTurns::Turn turn = turns.takeNext(); turn.importer; turn = turns.takeNext()) {
+        const InUse nextInUse(*turn.importer);
+        turn.importer->importDirectory(turn.path);
+    }
+}
+
+void DigipenFileDigitalization::importDirectory(const QString& path)
+{
+    for (const QFileInfo& file : filesOf(path, penFilePatterns()))
+        importFile(file.absoluteFilePath());
+}
+
+void DigipenFileDigitalization::importFile(const QString& path)
+{
+    m_file_name = path;
+    ButtonValue button{{' ', ' ', '\0'}};
+    DigitalReport report(0.0, 0.0);
+    do {
+        importStep(button, report);
+    } while (m_reading_state != NoFile);
+    closeAndModifyFileExtentionToTxt();
+}
+
+void DigipenFileDigitalization::importStep(ButtonValue& button, DigitalReport& report)
+{
+    const std::size_t pendingBefore = m_reading_state == CommandsPending ? m_line.size() : 0;
+    try {
+        t_DigipenState::m_internal_mode = hostModeIsInternal();
+        if (deliverStep(button, report))
+            report.flush();
+    } catch (const std::exception& error) {
+        giveUpPendingCommands(pendingBefore);
+        showError(QString::fromUtf8(error.what()));
+    } catch (...) {
+        giveUpPendingCommands(pendingBefore);
+        showError(QCoreApplication::translate("MavSystem::MavApplication", "Unexpected Error"));
+    }
+}
+
+// The same reading as readingDigitizingCommand(), without its field maps, which would cost five
+// times as much as all the rest of a line.
+bool DigipenFileDigitalization::deliverStep(ButtonValue& button, DigitalReport& report)
+{
+    return advance([&] {
+        const ConvertedCommandFields fields = ConvertedCommandFields::of(m_line);
+        button.m_code[0] = fields.code;
+        GeoPoint2D point = FieldDecoding::coordinateOf(
+            *m_digitizer->m_argument, fields.x, fields.y, FieldDecoding::Signs(),
+            short(int(fields.x.size()) - 1), short(int(fields.y.size()) - 1));
+        report.setCoordinate(point);
+        report.m_button_number = m_digitizer->compareButtonNumber(button);
+        m_line.erase(0, fields.length);
+    });
+}
+
+// Commands that a failed step left as they were would be interpreted again without end.
+void DigipenFileDigitalization::giveUpPendingCommands(std::size_t pendingBefore)
+{
+    if (m_reading_state == CommandsPending && m_line.size() == pendingBefore) {
+        m_line.clear();
+        m_reading_state = ReadingLines;
+    }
+}
+
+bool DigipenFileDigitalization::readingDigitizingCommand(ButtonValue& button, QMap<int, char>& x,
+                                                         QMap<int, char>& y)
+{
+    return advance([&] { t_ConvertedCommandInterpreter::interpreter(m_line, button, x, y); });
+}
+
+template <class TakeCommand>
+bool DigipenFileDigitalization::advance(TakeCommand takeCommand)
+{
+    if (m_reading_state != CommandsPending && !fillLine())
+        return false;
+    const std::size_t pending = m_line.size();
+    if (pending > 0)
+        takeCommand();
+    // Text that is not consumed, for want of a carriage return, would be read without end.
+    if (m_line.size() == pending)
+        m_line.clear();
+    m_reading_state = m_line.empty() ? ReadingLines : CommandsPending;
+    return pending > 0;
+}
+
+// Fills m_line with the commands of the next line or of the end of the file, possibly none; returns
+// false when no file is open or the file is done.
+bool DigipenFileDigitalization::fillLine()
+{
+    if (m_reading_state == NoFile) {
+        m_file.setFileName(m_file_name);
+        if (!m_file.open(QIODevice::ReadOnly)) {
+            qCDebug(lcPen).noquote() << m_file_name << "cannot be opened:" << m_file.errorString();
+            return false;
+        }
+        m_reading_state = ReadingLines;
+    }
+    if (readNextLine(m_line)) {
+        m_analyzer->convert(m_line);
+        return true;
+    }
+    if (m_analyzer->generateEndOfPieceInstructions(m_line))
+        return true;
+    finishFile();
+    return false;
+}
+
+void DigipenFileDigitalization::finishFile()
+{
+    closeAndModifyFileExtentionToTxt();
+    m_analyzer->m_converter->reset();
+    m_reading_state = NoFile;
+}
+
+bool DigipenFileDigitalization::readNextLine(std::string& line)
+{
+    line.clear();
+    char chunk[4096];
+    bool zeroByteSeen = false;
+    qint64 size = 0;
+    do {
+        size = m_file.readLine(chunk, sizeof chunk);
+        const char* const end = chunk + std::max<qint64>(size, 0);
+        const char* const zeroByte = std::find(static_cast<const char*>(chunk), end, '\0');
+        if (!zeroByteSeen)
+            line.append(static_cast<const char*>(chunk), zeroByte);
+        zeroByteSeen = zeroByteSeen || zeroByte != end;
+    } while (size > 0 && chunk[size - 1] != '\n');
+    return !line.empty();
+}
+
+void DigipenFileDigitalization::closeAndModifyFileExtentionToTxt()
+{
+    const QFileInfo file(m_file.fileName());
+    m_file.close();
+    const QFileInfo target(file.absolutePath() + QLatin1Char('/') + file.completeBaseName() +
+                           QLatin1String(".txt"));
+    // QFile::rename() would copy through a dangling link and report success.
+    if (target.exists() || target.isSymLink() || !m_file.rename(target.filePath()))
+        qCDebug(lcPen).noquote() << file.filePath() << "does not become" << target.filePath();
+}
+
+} // namespace MavSystem

@@ -1,0 +1,104 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "DigitizerGeneric/Digitizer/DigitizerArgument.h"
+#include "DigitizerGeneric/DigitizerGenericExport.h"
+
+#include <QFile>
+#include <QFileSystemWatcher>
+#include <QMap>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+#include <boost/scoped_ptr.hpp>
+
+#include <string>
+
+namespace MavSystem {
+
+class DigitalReport;
+class Digitizer;
+class t_DigipenStringAnalyzer;
+
+/// Imports the "*.dat" files that a digital pen leaves in a directory, and watches for new ones.
+///
+/// The directory is the host's setting "digitizer_file_directory"; without it the root directory of
+/// the file system. A file that has been imported carries the extension ".txt"; if that name is
+/// taken, it keeps its own and is imported again at the next change of the directory.
+///
+/// Only one import runs at a time in the process: what asks for one meanwhile (a change of the
+/// directory while an error is shown, a host that opens again inside its report handler) has its
+/// turn when that has ended. Thread: the host's main thread.
+class DIGITIZERGENERIC_EXPORT DigipenFileDigitalization : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// \a digitizer decodes the commands and is not owned. \a extended4Buttons chooses the extended
+    /// four-button family of pen states.
+    DigipenFileDigitalization(Digitizer* digitizer, bool extended4Buttons);
+    ~DigipenFileDigitalization() override;
+
+    /// Returns true if the directory is now watched. Asks the user when files are waiting: after
+    /// "Import" they are imported before it returns; after "Delete" they are removed and it returns
+    /// false, as it does after "Cancel" and, without a question, when there is no such directory.
+    /// To be called once on each object.
+    bool open();
+
+    /// Stops watching; an import under way goes on to its end. Always returns true.
+    bool close();
+
+    /// Returns whether the directory is watched.
+    bool active() const;
+
+    /// Deletes this object, or has it deleted at the end of the import or question under way.
+    void release();
+
+    /// Removes the files of \a directory whose names match one of \a patterns, without regard to
+    /// case; no hidden files, no subdirectories. What cannot be removed is left, silently.
+    static void removeAllFileFromDirectory(QString directory, QStringList patterns);
+
+    /// One step of reading the current file; fills \a button, \a x and \a y and returns true if it
+    /// produced a command.
+    bool readingDigitizingCommand(ButtonValue& button, QMap<int, char>& x, QMap<int, char>& y);
+
+    /// Reads the next line, up to its first zero byte, its line end included; returns true if it is
+    /// not empty.
+    bool readNextLine(std::string& line);
+
+    /// Closes the current file and gives it the extension ".txt", unless that name is taken.
+    void closeAndModifyFileExtentionToTxt();
+
+public slots:
+    /// Imports every pen file of the directory \a strPath, in the order of their names. Errors are
+    /// shown to the user, and the import goes on.
+    void analyzerDigitPenFile(const QString& strPath);
+
+private:
+    class InUse;
+
+    void importDirectory(const QString& path);
+    void importFile(const QString& path);
+    void importStep(ButtonValue& button, DigitalReport& report);
+    bool deliverStep(ButtonValue& button, DigitalReport& report);
+    void giveUpPendingCommands(std::size_t pendingBefore);
+    template <class TakeCommand>
+    bool advance(TakeCommand takeCommand);
+    bool fillLine();
+    void finishFile();
+
+    std::string m_line;
+    int m_reading_state = 0;
+    QFileSystemWatcher m_watcher;
+    QFile m_file;
+    QString m_file_name;
+    bool m_active = false;
+    boost::scoped_ptr<t_DigipenStringAnalyzer> m_analyzer;
+    Digitizer* m_digitizer;
+    int m_uses = 0; // operations of this object that are under way
+    bool m_released = false;
+};
+
+} // namespace MavSystem

@@ -1,0 +1,118 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "DigitizerGeneric/File_Digital/DigipenState.h"
+
+#include "DigitizerGeneric/ConvertedCommand.h"
+#include "DigitizerGeneric/File_Digital/DigipenDataConverter.h"
+#include "DigitizerGeneric/File_Digital/DigipenDispatch.h"
+
+#include <charconv>
+
+namespace MavSystem {
+
+namespace {
+
+constexpr DigipenDispatch standardDispatch = {
+    single<t_LineState>,
+    single<t_CurveState>,
+    single<t_PunchHoleState>,
+    single<t_TerminateInformationState>,
+};
+
+} // namespace
+
+bool t_DigipenState::m_internal_mode = false;
+t_IdleState* t_IdleState::s_single = nullptr;
+t_LineState* t_LineState::s_single = nullptr;
+t_CurveState* t_CurveState::s_single = nullptr;
+t_PunchHoleState* t_PunchHoleState::s_single = nullptr;
+t_TerminateInformationState* t_TerminateInformationState::s_single = nullptr;
+
+void t_DigipenState::enter() {}
+
+int t_DigipenState::terminateButton()
+{
+    return TERMINATE_CODE[0] - '0';
+}
+
+bool t_DigipenState::is4ex()
+{
+    return false;
+}
+
+void t_DigipenState::button(t_DigipenDataConverter& converter, int n)
+{
+    dispatchButton(*this, converter, n, standardDispatch);
+}
+
+void t_DigipenState::coordinate(t_DigipenDataConverter& converter, short x, short y)
+{
+    writeCommand(converter, commandCode().c_str(), x, y);
+}
+
+void t_DigipenState::changeState(t_DigipenDataConverter& converter, t_DigipenState* next)
+{
+    converter.m_state = next;
+    next->enter();
+}
+
+std::string t_DigipenState::convertCoordinate(short x, short y)
+{
+    // Not a stream: a host's global locale may group digits.
+    char text[2 * sizeof "-32768"];
+    char* const end = text + sizeof text;
+    char* position = std::to_chars(text, end - sizeof "-32768", x).ptr;
+    *position++ = COORDINATE_SEPARATOR[0];
+    position = std::to_chars(position, end, y).ptr;
+    return std::string(text, position);
+}
+
+void t_DigipenState::writeCommand(t_DigipenDataConverter& converter, const char* code, short x,
+                                  short y)
+{
+    converter.m_commands += code;
+    converter.m_commands += convertCoordinate(x, y);
+    converter.m_commands += LINE_FEED;
+    converter.m_commands += CARRIAGE_RETURN;
+}
+
+std::string t_IdleState::commandCode()
+{
+    return IDLE_CODE;
+}
+
+void t_IdleState::coordinate(t_DigipenDataConverter& /*converter*/, short /*x*/, short /*y*/) {}
+
+std::string t_LineState::commandCode()
+{
+    return LINE_CODE;
+}
+
+std::string t_CurveState::commandCode()
+{
+    return CURVE_CODE;
+}
+
+std::string t_PunchHoleState::commandCode()
+{
+    return PUNCH_HOLE_CODE;
+}
+
+std::string t_TerminateInformationState::commandCode()
+{
+    return TERMINATE_CODE;
+}
+
+void t_TerminateInformationState::button(t_DigipenDataConverter& converter, int n)
+{
+    t_DigipenState::coordinate(converter, 0, 0);
+    t_DigipenState::button(converter, n);
+}
+
+void t_TerminateInformationState::coordinate(t_DigipenDataConverter& converter, short x, short y)
+{
+    t_DigipenState::coordinate(converter, x, y);
+    changeState(converter, single<t_LineState>());
+}
+
+} // namespace MavSystem

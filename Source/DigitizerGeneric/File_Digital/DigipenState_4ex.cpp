@@ -1,0 +1,200 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "DigitizerGeneric/File_Digital/DigipenState_4ex.h"
+
+#include "DigitizerGeneric/ConvertedCommand.h"
+#include "DigitizerGeneric/File_Digital/DigipenDispatch.h"
+#include "DigitizerGeneric/File_Digital/InternalMode.h"
+
+namespace MavSystem {
+
+namespace {
+
+constexpr DigipenDispatch extendedDispatch = {
+    single<t_LineState_4ex>,
+    single<t_CurveState_4ex>,
+    single<t_Button3State_4ex>,
+    single<t_TerminateInformationState_4ex>,
+};
+
+constexpr DigipenDispatch prefixDispatch = {
+    single<t_Button3_1Phase1State_4ex>,
+    single<t_Button3_2Phase1State_4ex>,
+    single<t_Button3_3Phase1State_4ex>,
+    single<t_IdleState_4ex>,
+};
+
+} // namespace
+
+bool t_DigipenState_4ex::m_curve = false;
+t_IdleState_4ex* t_IdleState_4ex::s_single = nullptr;
+t_LineState_4ex* t_LineState_4ex::s_single = nullptr;
+t_CurveState_4ex* t_CurveState_4ex::s_single = nullptr;
+t_Button3State_4ex* t_Button3State_4ex::s_single = nullptr;
+t_Button3_1Phase1State_4ex* t_Button3_1Phase1State_4ex::s_single = nullptr;
+t_Button3_2Phase1State_4ex* t_Button3_2Phase1State_4ex::s_single = nullptr;
+t_Button3_3Phase1State_4ex* t_Button3_3Phase1State_4ex::s_single = nullptr;
+t_Button3_1Phase2State_4ex* t_Button3_1Phase2State_4ex::s_single = nullptr;
+t_Button3_2Phase2State_4ex* t_Button3_2Phase2State_4ex::s_single = nullptr;
+t_Button3_3Phase2State_4ex* t_Button3_3Phase2State_4ex::s_single = nullptr;
+t_TerminateInformationState_4ex* t_TerminateInformationState_4ex::s_single = nullptr;
+
+bool t_DigipenState_4ex::is4ex()
+{
+    return true;
+}
+
+void t_DigipenState_4ex::button(t_DigipenDataConverter& converter, int n)
+{
+    dispatchButton(*this, converter, n, extendedDispatch);
+}
+
+void t_DigipenState_4ex::firstPhase(t_DigipenDataConverter& converter, const char* code,
+                                    t_DigipenState* (*next)(), short x, short y)
+{
+    if (hostModeIsInternal()) {
+        writeCommand(converter, PUNCH_HOLE_CODE, x, y);
+        writeCommand(converter, code, x, y);
+        return;
+    }
+    writeCommand(converter, PUNCH_HOLE_CODE, x, y);
+    changeState(converter, next());
+}
+
+void t_DigipenState_4ex::secondPhase(t_DigipenDataConverter& converter, short x, short y)
+{
+    t_DigipenState::coordinate(converter, x, y);
+    changeState(converter, m_curve ? single<t_CurveState_4ex>() : single<t_LineState_4ex>());
+}
+
+std::string t_IdleState_4ex::commandCode()
+{
+    return IDLE_CODE;
+}
+
+void t_IdleState_4ex::coordinate(t_DigipenDataConverter& /*converter*/, short /*x*/, short /*y*/) {}
+
+std::string t_LineState_4ex::commandCode()
+{
+    return LINE_CODE;
+}
+
+void t_LineState_4ex::coordinate(t_DigipenDataConverter& converter, short x, short y)
+{
+    m_curve = false;
+    t_DigipenState::coordinate(converter, x, y);
+}
+
+std::string t_CurveState_4ex::commandCode()
+{
+    return CURVE_CODE;
+}
+
+void t_CurveState_4ex::coordinate(t_DigipenDataConverter& converter, short x, short y)
+{
+    m_curve = true;
+    t_DigipenState::coordinate(converter, x, y);
+}
+
+std::string t_Button3State_4ex::commandCode()
+{
+    return IDLE_CODE;
+}
+
+void t_Button3State_4ex::button(t_DigipenDataConverter& converter, int n)
+{
+    dispatchButton(*this, converter, n, prefixDispatch);
+}
+
+void t_Button3State_4ex::coordinate(t_DigipenDataConverter& converter, short /*x*/, short /*y*/)
+{
+    changeState(converter, single<t_IdleState_4ex>());
+}
+
+std::string t_Button3_1Phase1State_4ex::commandCode()
+{
+    return PUNCH_HOLE_CODE;
+}
+
+void t_Button3_1Phase1State_4ex::coordinate(t_DigipenDataConverter& converter, short x, short y)
+{
+    firstPhase(converter, LINE_CODE, single<t_Button3_1Phase2State_4ex>, x, y);
+}
+
+std::string t_Button3_2Phase1State_4ex::commandCode()
+{
+    return PUNCH_HOLE_CODE;
+}
+
+void t_Button3_2Phase1State_4ex::coordinate(t_DigipenDataConverter& converter, short x, short y)
+{
+    firstPhase(converter, CURVE_CODE, single<t_Button3_2Phase2State_4ex>, x, y);
+}
+
+std::string t_Button3_3Phase1State_4ex::commandCode()
+{
+    return PUNCH_HOLE_CODE;
+}
+
+void t_Button3_3Phase1State_4ex::coordinate(t_DigipenDataConverter& converter, short x, short y)
+{
+    firstPhase(converter, PUNCH_HOLE_CODE, single<t_Button3_3Phase2State_4ex>, x, y);
+}
+
+std::string t_Button3_1Phase2State_4ex::commandCode()
+{
+    return LINE_CODE;
+}
+
+void t_Button3_1Phase2State_4ex::coordinate(t_DigipenDataConverter& converter, short x, short y)
+{
+    secondPhase(converter, x, y);
+}
+
+std::string t_Button3_2Phase2State_4ex::commandCode()
+{
+    return CURVE_CODE;
+}
+
+void t_Button3_2Phase2State_4ex::coordinate(t_DigipenDataConverter& converter, short x, short y)
+{
+    secondPhase(converter, x, y);
+}
+
+std::string t_Button3_3Phase2State_4ex::commandCode()
+{
+    return PUNCH_HOLE_CODE;
+}
+
+void t_Button3_3Phase2State_4ex::coordinate(t_DigipenDataConverter& converter, short x, short y)
+{
+    secondPhase(converter, x, y);
+}
+
+void t_TerminateInformationState_4ex::enter()
+{
+    m_coordinate_given = false;
+}
+
+std::string t_TerminateInformationState_4ex::commandCode()
+{
+    return TERMINATE_CODE;
+}
+
+void t_TerminateInformationState_4ex::button(t_DigipenDataConverter& converter, int n)
+{
+    if (!m_coordinate_given)
+        t_DigipenState::coordinate(converter, 0, 0);
+    t_DigipenState_4ex::button(converter, n);
+}
+
+void t_TerminateInformationState_4ex::coordinate(t_DigipenDataConverter& converter, short x,
+                                                 short y)
+{
+    t_DigipenState::coordinate(converter, x, y);
+    m_coordinate_given = true;
+    if (hostModeIsInternal())
+        changeState(converter, single<t_LineState_4ex>());
+}
+
+} // namespace MavSystem

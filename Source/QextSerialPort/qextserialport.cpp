@@ -1,0 +1,214 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "QextSerialPort/qextserialport.h"
+
+#include <QMetaObject>
+#include <QSerialPort>
+
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+
+namespace {
+
+constexpr qint32 bitsPerSecond[] = {50,    75,    110,   134,    150,    200,   300,   600,
+                                    1200,  1800,  2400,  4800,   9600,   14400, 19200, 38400,
+                                    56000, 57600, 76800, 115200, 128000, 256000};
+static_assert(std::size(bitsPerSecond) == BAUD256000 + 1, "one speed for each BaudRateType");
+
+constexpr QSerialPort::DataBits dataBitsOf[] = {QSerialPort::Data5, QSerialPort::Data6,
+                                                QSerialPort::Data7, QSerialPort::Data8};
+constexpr QSerialPort::Parity parityOf[] = {QSerialPort::NoParity, QSerialPort::OddParity,
+                                            QSerialPort::EvenParity, QSerialPort::MarkParity,
+                                            QSerialPort::SpaceParity};
+constexpr QSerialPort::StopBits stopBitsOf[] = {QSerialPort::OneStop, QSerialPort::OneAndHalfStop,
+                                                QSerialPort::TwoStop};
+constexpr QSerialPort::FlowControl flowControlOf[] = {
+    QSerialPort::NoFlowControl, QSerialPort::HardwareControl, QSerialPort::SoftwareControl};
+
+const char noError[] = "No Error has occurred";
+
+// The library that this one stands for words its errors by kind, not by what the system said.
+QString errorText(QSerialPort::SerialPortError error, const QString& innerText,
+                  const QString& portName)
+{
+    switch (error) {
+    case QSerialPort::NoError:
+        return QLatin1String(noError);
+    case QSerialPort::DeviceNotFoundError:
+        return QStringLiteral("The %1 file doesn't exists").arg(portName);
+    case QSerialPort::PermissionError:
+        // Qt SerialPort reports a lock as a matter of rights and tells it only in the text.
+        return innerText == QSerialPort::tr("Permission error while locking the device")
+                   ? QStringLiteral("Device is already locked")
+                   : QStringLiteral("Permission denied");
+    case QSerialPort::WriteError:
+        return QStringLiteral("General write operation failure");
+    case QSerialPort::ReadError:
+        return QStringLiteral("General read operation failure");
+    case QSerialPort::ResourceError:
+        return QStringLiteral("There was an I/O error while communicating with the port");
+    case QSerialPort::OpenError:
+    case QSerialPort::UnsupportedOperationError:
+        return QStringLiteral("The file opened by the port is not a valid device");
+    case QSerialPort::TimeoutError:
+        return QStringLiteral("Operation timed out (POSIX)");
+    case QSerialPort::NotOpenError:
+        return QStringLiteral("Invalid file descriptor (port was not opened correctly)");
+    default:
+        return QStringLiteral("Unknown error: %1").arg(int(error));
+    }
+}
+
+} // namespace
+
+QextSerialPort::QextSerialPort(QueryMode mode, QObject* parent)
+    : QIODevice(parent),
+      m_port(new QSerialPort(this)),
+      m_mode(mode),
+      m_error(QLatin1String(noError))
+{
+    connect(m_port, &QSerialPort::readyRead, this, &QextSerialPort::receive);
+    connect(m_port, &QSerialPort::errorOccurred, this, [this](QSerialPort::SerialPortError error) {
+        if (isOpen() && (error == QSerialPort::ReadError || error == QSerialPort::ResourceError))
+            endAfterError();
+    });
+}
+
+QextSerialPort::~QextSerialPort()
+{
+    // Errors that the inner port reports while it goes must find nobody.
+    m_port->disconnect(this);
+}
+
+QString QextSerialPort::portName() const
+{
+    return m_port->portName();
+}
+
+void QextSerialPort::setPortName(const QString& name)
+{
+    m_port->setPortName(name);
+}
+
+QextSerialPort::QueryMode QextSerialPort::queryMode() const
+{
+    return m_mode;
+}
+
+void QextSerialPort::setBaudRate(BaudRateType baudRate)
+{
+    m_port->setBaudRate(bitsPerSecond[baudRate]);
+}
+
+void QextSerialPort::setDataBits(DataBitsType dataBits)
+{
+    m_port->setDataBits(dataBitsOf[dataBits]);
+}
+
+void QextSerialPort::setParity(ParityType parity)
+{
+    m_port->setParity(parityOf[parity]);
+}
+
+void QextSerialPort::setStopBits(StopBitsType stopBits)
+{
+    m_port->setStopBits(stopBitsOf[stopBits]);
+}
+
+void QextSerialPort::setFlowControl(FlowType flowControl)
+{
+    m_port->setFlowControl(flowControlOf[flowControl]);
+}
+
+bool QextSerialPort::open(OpenMode mode)
+{
+    m_received.clear();
+    m_error = QLatin1String(noError);
+    if (!m_port->open(mode & ~OpenMode(Unbuffered))) {
+        m_error = errorText(m_port->error(), m_port->errorString(), m_port->portName());
+        return false;
+    }
+    // Bytes that arrived before the open are still in the system's buffer and would follow later.
+    m_port->clear(QSerialPort::Input);
+    return QIODevice::open(mode | Unbuffered);
+}
+
+void QextSerialPort::close()
+{
+    if (!isOpen())
+        return;
+    QIODevice::close();
+    if (m_port->isOpen())
+        m_port->close();
+    m_received.clear();
+}
+
+bool QextSerialPort::isSequential() const
+{
+    return true;
+}
+
+qint64 QextSerialPort::bytesAvailable() const
+{
+    return QIODevice::bytesAvailable() + m_received.size();
+}
+
+bool QextSerialPort::reset()
+{
+    return true;
+}
+
+QString QextSerialPort::errorString() const
+{
+    return m_error;
+}
+
+qint64 QextSerialPort::readData(char* data, qint64 maxSize)
+{
+    const auto size = int(std::min<qint64>(maxSize, m_received.size()));
+    std::memcpy(data, m_received.constData(), size_t(size));
+    m_received.remove(0, size);
+    return size;
+}
+
+qint64 QextSerialPort::writeData(const char* data, qint64 size)
+{
+    const qint64 written = m_port->write(data, size);
+    m_port->flush();
+    return written;
+}
+
+void QextSerialPort::receive()
+{
+    // Always everything: a read of the inner port is what switches its notifier on again after
+    // a zero-length read that it took for an error.
+    m_received += m_port->readAll();
+    scheduleAnnouncement();
+}
+
+void QextSerialPort::scheduleAnnouncement()
+{
+    if (m_mode != EventDriven || m_announcementPending)
+        return;
+    m_announcementPending = true;
+    QMetaObject::invokeMethod(this, &QextSerialPort::announce, Qt::QueuedConnection);
+}
+
+void QextSerialPort::announce()
+{
+    m_announcementPending = false;
+    // A receiver may have deleted this object when the signal returns: nothing comes after it.
+    if (bytesAvailable() > 0)
+        emit readyRead();
+}
+
+void QextSerialPort::endAfterError()
+{
+    // A hung-up line reports the same error without end and keeps a core busy; so it ends here.
+    const QString text = errorText(m_port->error(), m_port->errorString(), m_port->portName());
+    m_received += m_port->readAll();
+    m_port->close();
+    m_error = text;
+    scheduleAnnouncement();
+}

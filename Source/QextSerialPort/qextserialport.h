@@ -1,0 +1,117 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QextSerialPort/QextSerialPortExport.h"
+
+#include <QByteArray>
+#include <QIODevice>
+#include <QString>
+
+class QSerialPort;
+
+/// Line speeds in bits a second, numbered in sequence.
+enum BaudRateType {
+    BAUD50,
+    BAUD75,
+    BAUD110,
+    BAUD134,
+    BAUD150,
+    BAUD200,
+    BAUD300,
+    BAUD600,
+    BAUD1200,
+    BAUD1800,
+    BAUD2400,
+    BAUD4800,
+    BAUD9600,
+    BAUD14400,
+    BAUD19200,
+    BAUD38400,
+    BAUD56000,
+    BAUD57600,
+    BAUD76800,
+    BAUD115200,
+    BAUD128000,
+    BAUD256000,
+};
+
+enum DataBitsType { DATA_5, DATA_6, DATA_7, DATA_8 };
+enum ParityType { PAR_NONE, PAR_ODD, PAR_EVEN, PAR_MARK, PAR_SPACE };
+enum StopBitsType { STOP_1, STOP_1_5, STOP_2 };
+enum FlowType { FLOW_OFF, FLOW_HARDWARE, FLOW_XONXOFF };
+
+/// The settings of a serial line. Timeout_Millisec is in milliseconds and is kept for hosts only.
+struct PortSettings
+{
+    BaudRateType BaudRate = BAUD50;
+    DataBitsType DataBits = DATA_5;
+    ParityType Parity = PAR_NONE;
+    StopBitsType StopBits = STOP_1;
+    FlowType FlowControl = FLOW_OFF;
+    long Timeout_Millisec = 0;
+};
+
+/// A serial port with the interface of the QextSerialPort library, over Qt SerialPort.
+///
+/// Settings are given before open(). Received bytes are announced by readyRead() from the event
+/// loop, never from inside the inner port's own signal, so a receiver may run an event loop of its
+/// own, close or delete the port, or throw.
+///
+/// After a hang-up the port stays quiet: its error stays readable through errorString(), bytes
+/// received before it can still be read, and nothing more is announced.
+/// Thread: the thread that owns the object.
+class QEXTSERIALPORT_EXPORT QextSerialPort : public QIODevice
+{
+    Q_OBJECT
+
+public:
+    enum QueryMode {
+        Polling,     ///< readyRead() is never emitted
+        EventDriven, ///< readyRead() announces received bytes
+    };
+
+    explicit QextSerialPort(QueryMode mode = EventDriven, QObject* parent = nullptr);
+    ~QextSerialPort() override;
+
+    QString portName() const;
+    void setPortName(const QString& name);
+    QueryMode queryMode() const;
+    void setBaudRate(BaudRateType baudRate);
+    void setDataBits(DataBitsType dataBits);
+    void setParity(ParityType parity);
+    void setStopBits(StopBitsType stopBits);
+    void setFlowControl(FlowType flowControl);
+
+    /// Opens the port with the settings given so far and discards what arrived before. \a mode may
+    /// hold Unbuffered; the port never lets QIODevice buffer. Returns false on failure, and
+    /// errorString() says why.
+    bool open(OpenMode mode) override;
+    void close() override;
+    bool isSequential() const override;
+    qint64 bytesAvailable() const override;
+
+    /// Does nothing and succeeds: a serial line has no position. Silent, unlike QIODevice's.
+    bool reset() override;
+
+    /// Returns "No Error has occurred" or the text of the last error since open().
+    QString errorString() const;
+
+protected:
+    qint64 readData(char* data, qint64 maxSize) override;
+
+    /// Hands the bytes to the line before it returns: what is still buffered dies with the port.
+    qint64 writeData(const char* data, qint64 size) override;
+
+private:
+    void receive();
+    void scheduleAnnouncement();
+    void announce();
+    void endAfterError();
+
+    QSerialPort* m_port; // a child object
+    QueryMode m_mode;
+    QByteArray m_received;
+    QString m_error;
+    bool m_announcementPending = false;
+};
