@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// A pair of connected terminals: what is written here arrives at the port that path() names.
+///
+/// The port is raw from the start (no echo, no line editing) and stays usable while nobody has it
+/// open. POSIX only.
+class PseudoTerminal
+{
+public:
+    /// Opens the pair; isOpen() tells whether that worked, errorString() why not.
+    PseudoTerminal();
+    ~PseudoTerminal();
+    PseudoTerminal(const PseudoTerminal&) = delete;
+    PseudoTerminal& operator=(const PseudoTerminal&) = delete;
+
+    bool isOpen() const { return m_master >= 0; }
+    QString errorString() const { return m_error; }
+
+    /// Returns the path of the port to open, such as "/dev/pts/3".
+    QString path() const { return m_path; }
+
+    /// Returns the descriptor of this end, for a socket notifier; not to be closed.
+    int descriptor() const { return m_master; }
+
+    /// Writes all of \a bytes in one write and returns whether that worked.
+    bool write(const QByteArray& bytes);
+
+    /// Returns what arrived from the port; waits up to \a timeoutMilliseconds for the first byte.
+    QByteArray read(int timeoutMilliseconds = 0);
+
+    /// Returns whether the port's program has read all that the system has handed to the port.
+    /// Bytes written a moment ago may not have reached the port's queue yet and are then not
+    /// counted.
+    bool drained() const;
+
+    /// Ends the line as a pulled cable does; the port's path goes away.
+    void hangUp();
+
+private:
+    int m_master = -1;
+    int m_port = -1; // kept open, so that the port outlives the program that has it open
+    QString m_path;
+    QString m_error;
+};
