@@ -4,6 +4,7 @@
 
 #include "DigitizerGeneric/Digitizer/Diagnostics.h"
 #include "DigitizerGeneric/Digitizer/ReceiveBuffer.h"
+#include "DigitizerGeneric/Digitizer/ReportLayout.h"
 #include "DigitizerGeneric/File_Digital/DigipenFileDigitalization.h"
 #include "MavCore/MavApplication.h"
 #include "QextSerialPort/qextserialport.h"
@@ -69,6 +70,7 @@ Digitizer::~Digitizer() = default;
 void Digitizer::selectDevice(const QString& driver, const QString& device)
 {
     m_argument.reset(DigitizerArgument::digitizerArgument(driver));
+    m_layout.reset(new ReportLayout(*m_argument));
     m_driver = driver;
     m_device = device;
 }

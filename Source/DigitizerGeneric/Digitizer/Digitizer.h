@@ -22,6 +22,7 @@ class QextSerialPort;
 namespace MavSystem {
 
 class DigipenFileDigitalization;
+class ReportLayout;
 
 /// What parseReportText() decodes: bit 0 the button number, bit 1 the coordinate.
 using ParseReportFlags = int;
@@ -165,6 +166,7 @@ public:
 
 private:
     std::unique_ptr<DigipenFileDigitalization, ReleaseImporter> m_pen_file;
+    boost::scoped_ptr<ReportLayout> m_layout; // of m_argument
 };
 
 } // namespace MavSystem

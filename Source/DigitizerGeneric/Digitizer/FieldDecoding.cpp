@@ -19,78 +19,14 @@ constexpr double powersOfTen[] = {1e-15, 1e-14, 1e-13, 1e-12, 1e-11, 1e-10, 1e-9
                                   1e9,   1e10,  1e11,  1e12,  1e13,  1e14,  1e15};
 static_assert(std::size(powersOfTen) == 2 * largestTabledExponent + 1);
 
-double powerOfTen(int exponent)
+short signOf(char character)
 {
-    if (exponent >= -largestTabledExponent && exponent <= largestTabledExponent)
-        return powersOfTen[exponent + largestTabledExponent];
-    return std::pow(10.0, exponent);
+    return character == '-' ? -1 : 1;
 }
 
-// Characters of one field, gathered in position order. Left uninitialised: there are 512 of them
-// for a dozen that are used.
-class Field
+double digitOf(char character)
 {
-public:
-    Field() {} // NOLINT(modernize-use-equals-default): would not keep the array uninitialised
-    void append(char character) { m_characters[m_size++] = character; }
-    std::string_view text() const { return {m_characters, m_size}; }
-
-private:
-    char m_characters[maximumReportCharacters];
-    std::size_t m_size = 0;
-};
-
-// What the cutting of a report by its template yields.
-struct Fields
-{
-    ButtonValue button;
-    std::size_t buttonCharacters = 0;
-    Field x;
-    Field y;
-    Field signs;
-    short xIntegerDigits = 0;
-    short yIntegerDigits = 0;
-    bool xPointSeen = false;
-    bool yPointSeen = false;
-
-    void takeButton(char character)
-    {
-        if (buttonCharacters < button.m_code.size())
-            button.m_code[buttonCharacters++] = character;
-    }
-
-    void takePoint()
-    {
-        // The first point of a report is that of x, every later one that of y.
-        (xPointSeen ? yPointSeen : xPointSeen) = true;
-    }
-};
-
-void take(Fields& fields, ReportFormatValues role, char character)
-{
-    switch (role) {
-    case FORMAT_BUTTON:
-        fields.takeButton(character);
-        break;
-    case FORMAT_X:
-        fields.x.append(character);
-        fields.xIntegerDigits = short(fields.xIntegerDigits + (fields.xPointSeen ? 0 : 1));
-        break;
-    case FORMAT_Y:
-        fields.y.append(character);
-        fields.yIntegerDigits = short(fields.yIntegerDigits + (fields.yPointSeen ? 0 : 1));
-        break;
-    case FORMAT_POINT:
-        fields.takePoint();
-        break;
-    case FORMAT_SIGN:
-        fields.signs.append(character);
-        break;
-    case FORMAT_UNUSED:
-    case FORMAT_CR:
-    case FORMAT_LINE_FEED:
-        break;
-    }
+    return static_cast<signed char>(character) - '0';
 }
 
 GeoPoint2D scale(const DigitizerArgument& description, double x, double y)
@@ -108,8 +44,33 @@ GeoPoint2D scale(const DigitizerArgument& description, double x, double y)
 
 bool sameCode(const ButtonValue& left, const ButtonValue& right, std::size_t significant)
 {
-    return std::equal(left.m_code.begin(), left.m_code.begin() + std::ptrdiff_t(significant),
-                      right.m_code.begin());
+    // Not std::equal: for three characters the call of memcmp costs more than the comparison.
+    for (std::size_t index = 0; index < significant; ++index) {
+        if (left.m_code[index] != right.m_code[index])
+            return false;
+    }
+    return true;
+}
+
+double magnitudeAt(const std::vector<ReportLayout::Digit>& digits, const char* text)
+{
+    double magnitude = 0.0;
+    for (const ReportLayout::Digit& digit : digits)
+        magnitude += digitOf(text[digit.position]) * digit.worth;
+    return magnitude;
+}
+
+short signAt(int position, const char* text)
+{
+    return position < 0 ? short(1) : signOf(text[position]);
+}
+
+ButtonValue buttonAt(const std::vector<int>& positions, const char* text)
+{
+    ButtonValue code;
+    for (std::size_t index = 0; index < positions.size(); ++index)
+        code.m_code[index] = text[positions[index]];
+    return code;
 }
 
 // A number of the "Lectra E92", read from its last character, whose weight is a hundredth, to its
@@ -126,19 +87,26 @@ double lectraNumber(const char* firstCharacter)
         if (*character == '-')
             value = -value;
         else
-            value += (static_cast<signed char>(*character) - '0') * weight;
+            value += digitOf(*character) * weight;
     }
     return value;
 }
 
 } // namespace
 
+double powerOfTen(int exponent)
+{
+    if (exponent >= -largestTabledExponent && exponent <= largestTabledExponent)
+        return powersOfTen[exponent + largestTabledExponent];
+    return std::pow(10.0, exponent);
+}
+
 Signs signsOf(std::string_view characters)
 {
     Signs signs;
     short* sign = &signs.x;
     for (const char character : characters) {
-        *sign = character == '-' ? -1 : 1;
+        *sign = signOf(character);
         sign = &signs.y;
     }
     return signs;
@@ -149,7 +117,7 @@ double magnitudeOf(std::string_view digits, short leadingExponent)
     double magnitude = 0.0;
     int exponent = leadingExponent;
     for (const char digit : digits)
-        magnitude += (static_cast<signed char>(digit) - '0') * powerOfTen(exponent--);
+        magnitude += digitOf(digit) * powerOfTen(exponent--);
     return magnitude;
 }
 
@@ -174,23 +142,17 @@ short buttonNumberOf(const DigitizerArgument& description, const ButtonValue& co
     return 0;
 }
 
-DigitalReport reportOf(const DigitizerArgument& description, const char* text, int flags)
+DigitalReport reportOf(const DigitizerArgument& description, const ReportLayout& layout,
+                       const char* text, int flags)
 {
-    Fields fields;
-    const std::size_t positions =
-        std::min({std::size_t(description.m_reportLength), description.m_reportFormat.size(),
-                  std::size_t(maximumReportCharacters)});
-    for (std::size_t position = 0; position < positions; ++position)
-        take(fields, description.m_reportFormat[position], text[position]);
-
-    DigitalReport report;
+    GeoPoint2D point;
     if (flags & decodeCoordinate) {
-        report = DigitalReport(coordinateOf(
-            description, fields.x.text(), fields.y.text(), signsOf(fields.signs.text()),
-            short(fields.xIntegerDigits - 1), short(fields.yIntegerDigits - 1)));
+        point = scale(description, magnitudeAt(layout.x, text) * signAt(layout.xSign, text),
+                      magnitudeAt(layout.y, text) * signAt(layout.ySign, text));
     }
+    DigitalReport report(point);
     if (flags & decodeButton)
-        report.m_button_number = buttonNumberOf(description, fields.button);
+        report.m_button_number = buttonNumberOf(description, buttonAt(layout.button, text));
     return report;
 }
 

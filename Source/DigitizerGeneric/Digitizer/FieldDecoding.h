@@ -4,6 +4,7 @@
 
 #include "DigitizerGeneric/Digitizer/DigitalReport.h"
 #include "DigitizerGeneric/Digitizer/DigitizerArgument.h"
+#include "DigitizerGeneric/Digitizer/ReportLayout.h"
 #include "MavGeo/GeoPoint2D.h"
 
 #include <string_view>
@@ -12,9 +13,6 @@
 ///
 /// A field is the text of its characters in the order of their positions.
 namespace MavSystem::FieldDecoding {
-
-/// Characters of a report that are looked at; a template longer than this is cut.
-inline constexpr int maximumReportCharacters = 512;
 
 /// Flags of reportOf(): what is decoded; the rest of the report stays 0.
 inline constexpr int decodeButton = 1;
@@ -26,6 +24,9 @@ struct Signs
     short x = 1;
     short y = 1;
 };
+
+/// Returns 10 to the power of \a exponent.
+double powerOfTen(int exponent);
 
 /// Returns the signs of x (first character) and y (every later one): -1 for '-', +1 otherwise.
 Signs signsOf(std::string_view characters);
@@ -41,9 +42,10 @@ GeoPoint2D coordinateOf(const DigitizerArgument& description, std::string_view x
 /// Returns the number of the button with \a code: 1 to 4 or 0 to 15, 0 when there is none.
 short buttonNumberOf(const DigitizerArgument& description, const ButtonValue& code);
 
-/// Returns the report decoded from \a text by the template of \a description. \a text holds at
-/// least as many characters as the template, or maximumReportCharacters.
-DigitalReport reportOf(const DigitizerArgument& description, const char* text, int flags);
+/// Returns the report decoded from \a text. \a layout is that of \a description; \a text holds at
+/// least as many characters as its template, or ReportLayout::maximumCharacters.
+DigitalReport reportOf(const DigitizerArgument& description, const ReportLayout& layout,
+                       const char* text, int flags);
 
 /// Returns the report decoded from the fixed layout of the "Lectra E92"; button number -1 at (0, 0)
 /// when it is rejected. \a text holds at least 23 characters.

@@ -57,7 +57,10 @@ char* receiveBuffer()
 
 bool Digitizer::isLectraE92() const
 {
-    return m_driver.compare(QLatin1String("Lectra E92"), Qt::CaseInsensitive) == 0;
+    const QLatin1String lectraE92("Lectra E92");
+    // The size first: this is asked for every report, and the comparison folds case.
+    return m_driver.size() == lectraE92.size() &&
+           m_driver.compare(lectraE92, Qt::CaseInsensitive) == 0;
 }
 
 void Digitizer::handleRead()
@@ -90,7 +93,7 @@ void Digitizer::handleRead()
 DigitalReport Digitizer::parseReportText(ParseReportFlags flags)
 {
     return isLectraE92() ? FieldDecoding::lectraE92ReportOf(m_report_text)
-                         : FieldDecoding::reportOf(*m_argument, m_report_text, flags);
+                         : FieldDecoding::reportOf(*m_argument, *m_layout, m_report_text, flags);
 }
 
 GeoPoint2D Digitizer::getCoordinate(QMap<int, char> xDigits, QMap<int, char> yDigits,
