@@ -4,8 +4,8 @@
 
 #include "MavCore/MavInit.h"
 
-#include <boost/make_shared.hpp>
-#include <boost/shared_ptr.hpp>
+#include <boost/smart_ptr/local_shared_ptr.hpp>
+#include <boost/smart_ptr/make_local_shared.hpp>
 
 #include <utility>
 
@@ -15,10 +15,11 @@ namespace {
 
 using Handler = boost::function<void(const DigitalReport&)>;
 
-// Shared with a running flush(), so that a handler may replace or remove itself while it runs.
-boost::shared_ptr<Handler>& installedHandler()
+// Shared with a running flush(), so that a handler may replace or remove itself while it runs;
+// among owners of one thread, whose counting costs nothing.
+boost::local_shared_ptr<Handler>& installedHandler()
 {
-    static boost::shared_ptr<Handler> handler;
+    static boost::local_shared_ptr<Handler> handler;
     return handler;
 }
 
@@ -51,14 +52,14 @@ void DigitalReport::setCoordinate(GeoPoint2D& point)
 
 void DigitalReport::flush()
 {
-    const boost::shared_ptr<Handler> handler = installedHandler();
+    const boost::local_shared_ptr<Handler> handler = installedHandler();
     if (handler)
         (*handler)(*this);
 }
 
 void DigitalReport::registerHandle(boost::function<void(const DigitalReport&)> handler)
 {
-    installedHandler() = handler ? boost::make_shared<Handler>(std::move(handler)) : nullptr;
+    installedHandler() = handler ? boost::make_local_shared<Handler>(std::move(handler)) : nullptr;
 }
 
 void DigitalReport::unregisterHandle()

@@ -13,15 +13,14 @@
 #include "DigitizerGeneric/File_Digital/DigipenStringAnalyzer.h"
 #include "DigitizerGeneric/File_Digital/ImportTurns.h"
 #include "DigitizerGeneric/File_Digital/InternalMode.h"
+#include "DigitizerGeneric/File_Digital/PenLineReader.h"
 #include "MavCore/MavApplication.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QScopedValueRollback>
 #include <QSettings>
 
-#include <algorithm>
 #include <exception>
 
 namespace MavSystem {
@@ -86,7 +85,8 @@ DigipenFileDigitalization::DigipenFileDigitalization(Digitizer* digitizer, bool 
     : m_analyzer(new t_DigipenStringAnalyzer(extended4Buttons
                                                  ? t_DigipenStringAnalyzer::CONVERSION_4EX
                                                  : t_DigipenStringAnalyzer::CONVERSION_STANDARD)),
-      m_digitizer(digitizer)
+      m_digitizer(digitizer),
+      m_reader(new PenLineReader(m_file))
 {}
 
 DigipenFileDigitalization::~DigipenFileDigitalization() = default;
@@ -269,10 +269,11 @@ bool DigipenFileDigitalization::fillLine()
 {
     if (m_reading_state == NoFile) {
         m_file.setFileName(m_file_name);
-        if (!m_file.open(QIODevice::ReadOnly)) {
+        if (!m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
             qCDebug(lcPen).noquote() << m_file_name << "cannot be opened:" << m_file.errorString();
             return false;
         }
+        m_reader->start();
         m_reading_state = ReadingLines;
     }
     if (readNextLine(m_line)) {
@@ -294,19 +295,7 @@ void DigipenFileDigitalization::finishFile()
 
 bool DigipenFileDigitalization::readNextLine(std::string& line)
 {
-    line.clear();
-    char chunk[4096];
-    bool zeroByteSeen = false;
-    qint64 size = 0;
-    do {
-        size = m_file.readLine(chunk, sizeof chunk);
-        const char* const end = chunk + std::max<qint64>(size, 0);
-        const char* const zeroByte = std::find(static_cast<const char*>(chunk), end, '\0');
-        if (!zeroByteSeen)
-            line.append(static_cast<const char*>(chunk), zeroByte);
-        zeroByteSeen = zeroByteSeen || zeroByte != end;
-    } while (size > 0 && chunk[size - 1] != '\n');
-    return !line.empty();
+    return m_reader->next(line);
 }
 
 void DigipenFileDigitalization::closeAndModifyFileExtentionToTxt()

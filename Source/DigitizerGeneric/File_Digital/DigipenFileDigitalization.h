@@ -20,6 +20,7 @@ namespace MavSystem {
 
 class DigitalReport;
 class Digitizer;
+class PenLineReader;
 class t_DigipenStringAnalyzer;
 
 /// Imports the "*.dat" files that a digital pen leaves in a directory, and watches for new ones.
@@ -97,7 +98,8 @@ private:
     bool m_active = false;
     boost::scoped_ptr<t_DigipenStringAnalyzer> m_analyzer;
     Digitizer* m_digitizer;
-    int m_uses = 0; // operations of this object that are under way
+    boost::scoped_ptr<PenLineReader> m_reader; // of m_file
+    int m_uses = 0;                            // operations of this object that are under way
     bool m_released = false;
 };
 

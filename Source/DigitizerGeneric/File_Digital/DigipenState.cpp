@@ -19,6 +19,18 @@ constexpr DigipenDispatch standardDispatch = {
     single<t_TerminateInformationState>,
 };
 
+constexpr std::size_t numberCharacters = sizeof "-32768";
+constexpr std::size_t coordinateCharacters = 2 * numberCharacters;
+
+// Writes x, the separator and y and returns the end. Not a stream: a host's global locale may group
+// digits.
+char* writeCoordinate(char* text, short x, short y)
+{
+    char* position = std::to_chars(text, text + numberCharacters, x).ptr;
+    *position++ = COORDINATE_SEPARATOR[0];
+    return std::to_chars(position, position + numberCharacters, y).ptr;
+}
+
 } // namespace
 
 bool t_DigipenState::m_internal_mode = false;
@@ -58,22 +70,19 @@ void t_DigipenState::changeState(t_DigipenDataConverter& converter, t_DigipenSta
 
 std::string t_DigipenState::convertCoordinate(short x, short y)
 {
-    // Not a stream: a host's global locale may group digits.
-    char text[2 * sizeof "-32768"];
-    char* const end = text + sizeof text;
-    char* position = std::to_chars(text, end - sizeof "-32768", x).ptr;
-    *position++ = COORDINATE_SEPARATOR[0];
-    position = std::to_chars(position, end, y).ptr;
-    return std::string(text, position);
+    char text[coordinateCharacters];
+    return std::string(text, writeCoordinate(text, x, y));
 }
 
 void t_DigipenState::writeCommand(t_DigipenDataConverter& converter, const char* code, short x,
                                   short y)
 {
     converter.m_commands += code;
-    converter.m_commands += convertCoordinate(x, y);
-    converter.m_commands += LINE_FEED;
-    converter.m_commands += CARRIAGE_RETURN;
+    char text[coordinateCharacters + sizeof LINE_FEED + sizeof CARRIAGE_RETURN];
+    char* end = writeCoordinate(text, x, y);
+    *end++ = LINE_FEED[0];
+    *end++ = CARRIAGE_RETURN[0];
+    converter.m_commands.append(text, end);
 }
 
 std::string t_IdleState::commandCode()

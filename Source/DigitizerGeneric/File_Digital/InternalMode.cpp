@@ -8,8 +8,9 @@ namespace MavSystem {
 
 bool hostModeIsInternal()
 {
-    const int mode = Digitizer::instance()->m_host_mode;
-    return mode >= 50 && mode <= 59;
+    // Asked for at every step of an import; counting references each time would show.
+    static const Digitizer* const digitizer = Digitizer::instance().get();
+    return digitizer->m_host_mode >= 50 && digitizer->m_host_mode <= 59;
 }
 
 } // namespace MavSystem
