@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "ReferenceHost/DescriptionTexts.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+
+using namespace MavSystem;
+
+namespace {
+
+// In the order of the enumerators.
+constexpr int speeds[] = {50,    75,    110,   134,    150,    200,   300,   600,
+                          1200,  1800,  2400,  4800,   9600,   14400, 19200, 38400,
+                          56000, 57600, 76800, 115200, 128000, 256000};
+constexpr const char* parities[] = {"None", "Odd", "Even", "Mark", "Space"};
+constexpr const char* stopBits[] = {"1", "1.5", "2"};
+constexpr const char* flowControls[] = {"none", "hardware", "software"};
+constexpr char roleLetters[] = {'?', 'B', 'X', 'Y', 'U', '.', 'S', 'C', 'L'};
+static_assert(std::size(speeds) == BAUD256000 + 1, "one speed for each BaudRateType");
+static_assert(std::size(roleLetters) == FORMAT_LINE_FEED + 1, "one letter for each role");
+
+} // namespace
+
+int bitsPerSecond(BaudRateType baudRate)
+{
+    return speeds[baudRate];
+}
+
+QString lineSettingsText(const PortSettings& settings)
+{
+    QStringList texts = {
+        QString::number(bitsPerSecond(settings.BaudRate)), QString::number(settings.DataBits + 5),
+        QLatin1String(parities[settings.Parity]), QLatin1String(stopBits[settings.StopBits])};
+    if (settings.FlowControl != FLOW_OFF)
+        texts << QLatin1String(flowControls[settings.FlowControl]);
+    return texts.join(QLatin1Char(' '));
+}
+
+QString layoutText(const DigitizerArgument& description)
+{
+    QString letters;
+    for (const ReportFormatValues role : description.m_reportFormat)
+        letters += QLatin1Char(roleLetters[role]);
+    return letters;
+}
+
+QString resolutionText(const DigitizerArgument& description)
+{
+    return QStringLiteral("%1 %2").arg(
+        QString::number(description.m_resolution),
+        QLatin1String(description.m_resolutionUnit == LPI ? "LPI" : "LPMM"));
+}
+
+QString buttonCodeText(const DigitizerArgument& description, const ButtonValue& button)
+{
+    const auto characters =
+        std::min<std::uint64_t>(description.m_buttonCodeLength, button.m_code.size());
+    return QString::fromLatin1(button.m_code.data(), int(characters));
+}

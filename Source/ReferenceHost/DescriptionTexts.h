@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "DigitizerGeneric/Digitizer/DigitizerArgument.h"
+
+#include <QString>
+
+/// The values of a device description in the words of its file.
+
+/// Returns the line speed in bits a second.
+int bitsPerSecond(BaudRateType baudRate);
+
+/// Returns speed, data bits, parity, stop bits, and flow control unless there is none:
+/// "9600 7 Even 1".
+QString lineSettingsText(const PortSettings& settings);
+
+/// Returns the report template: "XXXXUYYYYUBC".
+QString layoutText(const MavSystem::DigitizerArgument& description);
+
+/// Returns the resolution: "1000 LPI".
+QString resolutionText(const MavSystem::DigitizerArgument& description);
+
+/// Returns the characters of a button code that count: "01".
+QString buttonCodeText(const MavSystem::DigitizerArgument& description,
+                       const MavSystem::ButtonValue& button);

@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "ReferenceHost/DriverList.h"
+
+#include "MavCore/MavApplication.h"
+#include "ReferenceHost/Command.h"
+#include "ReferenceHost/NearestNames.h"
+
+#include <QFile>
+#include <QXmlStreamReader>
+
+#include <algorithm>
+#include <memory>
+
+using namespace MavSystem;
+
+namespace {
+
+// As in the library: a description is far smaller.
+constexpr qint64 maximumBytes = 1024 * 1024;
+
+struct Root
+{
+    QString name;
+    QString support;
+};
+
+std::optional<Root> rootOf(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || file.size() > maximumBytes)
+        return std::nullopt;
+    QXmlStreamReader reader(file.read(maximumBytes));
+    reader.setNamespaceProcessing(false);
+    reader.readNextStartElement();
+    const QXmlStreamAttributes attributes = reader.attributes();
+    const Root root = {attributes.value(QLatin1String("name")).toString(),
+                       attributes.value(QLatin1String("support")).toString()};
+    while (!reader.atEnd())
+        reader.readNext();
+    if (reader.hasError())
+        return std::nullopt;
+    return root;
+}
+
+bool contains(const QVector<Driver>& drivers, const QString& name)
+{
+    return std::any_of(drivers.begin(), drivers.end(),
+                       [&](const Driver& driver) { return driver.name == name; });
+}
+
+} // namespace
+
+QVector<Driver> installedDrivers()
+{
+    const QDir folder(
+        MavApplication::instance()->appDataLocation().filePath(QStringLiteral("generated")));
+    QVector<Driver> drivers;
+    for (const QFileInfo& file : folder.entryInfoList(QDir::Files, QDir::Unsorted)) {
+        const std::optional<Root> root = rootOf(file.absoluteFilePath());
+        if (!root || contains(drivers, root->name))
+            continue;
+        const std::unique_ptr<DigitizerArgument> description(
+            DigitizerArgument::digitizerArgument(root->name));
+        drivers.append({root->name, file.absoluteFilePath(), root->support, *description});
+    }
+    std::sort(drivers.begin(), drivers.end(),
+              [](const Driver& left, const Driver& right) { return left.name < right.name; });
+    return drivers;
+}
+
+std::optional<Driver> findDriver(const QString& name)
+{
+    for (const Driver& driver : installedDrivers()) {
+        if (driver.name == name)
+            return driver;
+    }
+    return std::nullopt;
+}
+
+Driver requiredDriver(const QString& name)
+{
+    const std::optional<Driver> driver = findDriver(name);
+    if (driver)
+        return *driver;
+    QStringList names;
+    for (const Driver& installed : installedDrivers())
+        names << QStringLiteral("\"%1\"").arg(installed.name);
+    throw CommandError(QStringLiteral("no installed description has the name \"%1\"%2 "
+                                      "('digitizer drivers' lists them)")
+                           .arg(name, suggestion(name, names)));
+}

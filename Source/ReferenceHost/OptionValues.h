@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QCommandLineParser>
+#include <QString>
+#include <QStringList>
+
+/// Values of options, checked. Each function throws a CommandError with ExitUsage that names the
+/// option, what was given, and what is accepted.
+
+/// Returns the value of an option that must be given; \a hint says where to find one.
+QString requiredValue(const QCommandLineParser& parser, const QString& option, const QString& hint);
+
+/// Returns the number given, or \a absent when the option is not. Decimal digits only.
+int numberValue(const QCommandLineParser& parser, const QString& option, int minimum, int maximum,
+                int absent);
+
+/// Returns the value given when it is one of \a accepted, or the first of these when the option is
+/// not given.
+QString choiceValue(const QCommandLineParser& parser, const QString& option,
+                    const QStringList& accepted);

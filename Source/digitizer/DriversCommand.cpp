@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "digitizer/DriversCommand.h"
+
+#include "ReferenceHost/Console.h"
+#include "ReferenceHost/DescriptionTexts.h"
+#include "ReferenceHost/DriverList.h"
+#include "ReferenceHost/OptionValues.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace {
+
+QStringList buttonCodes(const Driver& driver)
+{
+    QStringList codes;
+    for (const MavSystem::ButtonValue& button : driver.description.m_buttons)
+        codes << buttonCodeText(driver.description, button);
+    return codes;
+}
+
+QString entryOf(const Driver& driver)
+{
+    const QString support =
+        driver.support.isEmpty() ? QStringLiteral("not stated") : driver.support;
+    const QString layout = driver.isUsable()
+                               ? layoutText(driver.description)
+                               : QStringLiteral("not usable ('digitizer lint FILE' says why)");
+    return QStringLiteral("%1\n"
+                          "  file        %2\n"
+                          "  line        %3\n"
+                          "  resolution  %4\n"
+                          "  layout      %5\n"
+                          "  buttons     %6\n"
+                          "  support     %7\n")
+        .arg(driver.name, driver.file, lineSettingsText(driver.description.m_portSettings),
+             resolutionText(driver.description), layout, buttonCodes(driver).join(QLatin1Char(' ')),
+             support);
+}
+
+QString objectOf(const Driver& driver)
+{
+    const QJsonObject object = {
+        {QStringLiteral("name"), driver.name},
+        {QStringLiteral("file"), driver.file},
+        {QStringLiteral("line"), lineSettingsText(driver.description.m_portSettings)},
+        {QStringLiteral("resolution"), resolutionText(driver.description)},
+        {QStringLiteral("layout"), layoutText(driver.description)},
+        {QStringLiteral("buttons"), QJsonArray::fromStringList(buttonCodes(driver))},
+        {QStringLiteral("support"), driver.support},
+        {QStringLiteral("usable"), driver.isUsable()}};
+    return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)) +
+           QLatin1Char('\n');
+}
+
+int run(const QCommandLineParser& parser)
+{
+    const QString format = choiceValue(parser, QStringLiteral("format"),
+                                       {QStringLiteral("text"), QStringLiteral("json")});
+    const bool json = format == QLatin1String("json");
+    QStringList entries;
+    for (const Driver& driver : installedDrivers())
+        entries << (json ? objectOf(driver) : entryOf(driver));
+    if (entries.isEmpty())
+        throw CommandError(QStringLiteral("no description is installed"));
+    return printOutput(entries.join(QLatin1String(json ? "" : "\n"))) ? ExitSuccess : ExitFailure;
+}
+
+} // namespace
+
+Command driversCommand()
+{
+    Command command;
+    command.name = QStringLiteral("drivers");
+    command.summary = QStringLiteral("list the installed device descriptions");
+    command.description = QStringList{
+        QStringLiteral("Lists the installed descriptions: the name that other commands take after "
+                       "--driver, the file, the settings of the line, the resolution, the layout "
+                       "of a report, the button codes, and how well the description is supported: "
+                       "\"verified\" has run on the tablet, \"documented\" follows published "
+                       "sources, \"untested\" rests on an assumption.")};
+    command.options = {{QStringLiteral("format"),
+                        QStringLiteral("text (default) or json, one object a line."),
+                        QStringLiteral("FORMAT")}};
+    command.examples = {{QStringLiteral("digitizer drivers --format json"),
+                         QStringLiteral("The list for another program.")}};
+    command.run = run;
+    return command;
+}

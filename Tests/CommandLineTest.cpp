@@ -1,0 +1,162 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "ReferenceHost/CommandLine.h"
+#include "ReferenceHost/NearestNames.h"
+#include "ReferenceHost/ShippedDescriptions.h"
+#include "support/TestHost.h"
+
+#include <QProcess>
+#include <QtTest>
+
+/// The command line that the programs share, and what they do when they start.
+class CommandLineTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void aWrongCommandLineIsOneClearLine_data();
+    void aWrongCommandLineIsOneClearLine();
+    void theManualPageNamesEveryCommandAndOption();
+    void nearestNamesAreFound_data();
+    void nearestNamesAreFound();
+    void shippedDescriptionsAreKeptUpToDate_data();
+    void shippedDescriptionsAreKeptUpToDate();
+};
+
+namespace {
+
+struct Result
+{
+    int exitStatus;
+    QString output;
+    QString errors;
+};
+
+Result runDigitizer(const TestHost& host, const QStringList& arguments)
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_DATA_HOME"), host.path(QStringLiteral("home")));
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), host.path(QStringLiteral("home")));
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(PROGRAM_DIRECTORY "/digitizer"), arguments);
+    if (!process.waitForFinished(20000))
+        return {-1, {}, process.errorString()};
+    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
+}
+
+} // namespace
+
+void CommandLineTest::aWrongCommandLineIsOneClearLine_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<QString>("message");
+    const auto row = [](const char* arguments, const char* message) {
+        QTest::newRow(arguments) << QString::fromLatin1(arguments) << QString::fromLatin1(message);
+    };
+    row("", "a command is missing ('digitizer --help' explains)");
+    row("drvers", "unknown command 'drvers'; did you mean drivers? ('digitizer --help' explains)");
+    row("--hlp", "unknown option '--hlp' ('digitizer --help' explains)");
+    row("drivers --fromat json", "unknown option --fromat; did you mean --format? ('digitizer "
+                                 "drivers --help' explains)");
+    row("drivers --format", "missing value after '--format' ('digitizer drivers --help' explains)");
+    row("drivers --format jsn", "--format is 'jsn', but must be one of text, json; did you mean "
+                                "json?");
+    row("drivers x", "unexpected argument 'x' ('digitizer drivers --help' explains)");
+}
+
+void CommandLineTest::aWrongCommandLineIsOneClearLine()
+{
+    QFETCH(QString, arguments);
+    QFETCH(QString, message);
+    const TestHost host;
+    const Result result = runDigitizer(host, arguments.split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    QCOMPARE(result.errors, QStringLiteral("digitizer: %1\n").arg(message));
+    QCOMPARE(result.exitStatus, int(ExitUsage));
+    QCOMPARE(result.output, QString());
+}
+
+void CommandLineTest::theManualPageNamesEveryCommandAndOption()
+{
+    const TestHost host;
+    const QString page = runDigitizer(host, {QStringLiteral("--manual-page")}).output;
+    const QString commands = runDigitizer(host, {QStringLiteral("--help")}).output;
+    const QRegularExpression entry(QStringLiteral("^  ([a-z]+) {3,}"),
+                                   QRegularExpression::MultilineOption);
+    const QRegularExpression option(QStringLiteral("^  (--[a-z-]+)"),
+                                    QRegularExpression::MultilineOption);
+    int found = 0;
+    for (auto command = entry.globalMatch(commands); command.hasNext(); ++found) {
+        const QString name = command.next().captured(1);
+        QVERIFY2(page.contains(QStringLiteral(".SS digitizer %1 ").arg(name)), qPrintable(name));
+        const QString help = runDigitizer(host, {name, QStringLiteral("--help")}).output;
+        for (auto options = option.globalMatch(help); options.hasNext();) {
+            QString text =
+                options.next().captured(1).replace(QLatin1Char('-'), QLatin1String("\\-"));
+            QVERIFY2(page.contains(text), qPrintable(text));
+        }
+    }
+    QVERIFY(found > 0);
+}
+
+void CommandLineTest::nearestNamesAreFound_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QStringList>("nearest");
+    const QString cr = QStringLiteral("Summagraphics Bit Pad Two (CR)");
+    const QString crlf = QStringLiteral("Summagraphics Bit Pad Two (CR LF)");
+    const QString wacom = QStringLiteral("Wacom II-S ASCII");
+    QTest::newRow("part, without blank") << QStringLiteral("bitpad") << QStringList{cr, crlf};
+    QTest::newRow("letter case") << QStringLiteral("WACOM ii-s ascii") << QStringList{wacom};
+    QTest::newRow("exchanged letters") << QStringLiteral("Wacmo II-S") << QStringList{wacom};
+    QTest::newRow("nearer one first")
+        << QStringLiteral("Sumagraphics Bit Pad Two CR LF") << QStringList{crlf, cr};
+    QTest::newRow("nothing near") << QStringLiteral("Microtek") << QStringList{};
+    QTest::newRow("nothing typed") << QString() << QStringList{};
+}
+
+void CommandLineTest::nearestNamesAreFound()
+{
+    QFETCH(QString, typed);
+    QTEST(nearestNames(typed, {QStringLiteral("Wacom II-S ASCII"),
+                               QStringLiteral("Summagraphics Bit Pad Two (CR LF)"),
+                               QStringLiteral("Summagraphics Bit Pad Two (CR)")}),
+          "nearest");
+}
+
+void CommandLineTest::shippedDescriptionsAreKeptUpToDate_data()
+{
+    QTest::addColumn<QByteArray>("installed"); // null: no such file
+    QTest::addColumn<QByteArray>("afterwards");
+    QTest::newRow("as the last release installed it") << QByteArray("old") << QByteArray("new");
+    QTest::newRow("removed") << QByteArray() << QByteArray("new");
+    QTest::newRow("changed by the user") << QByteArray("mine") << QByteArray("mine");
+}
+
+void CommandLineTest::shippedDescriptionsAreKeptUpToDate()
+{
+    QFETCH(QByteArray, installed);
+    TestHost host;
+    const QDir shipped(host.path(QStringLiteral("shipped")));
+    const QDir data(host.path(QStringLiteral("data")));
+    const QString file = data.filePath(QStringLiteral("generated/a.xml"));
+    host.write(QStringLiteral("shipped/a.xml"), "old");
+    QCOMPARE(installShippedDescriptions(shipped, data), QString());
+    host.write(QStringLiteral("data/generated/own.xml"), "own");
+
+    QVERIFY(QFile::remove(file));
+    if (!installed.isNull())
+        host.write(QStringLiteral("data/generated/a.xml"), installed);
+    host.write(QStringLiteral("shipped/a.xml"), "new");
+    QCOMPARE(installShippedDescriptions(shipped, data), QString());
+    QFile result(file);
+    QVERIFY(result.open(QIODevice::ReadOnly));
+    QTEST(result.readAll(), "afterwards");
+    QCOMPARE(data.entryList(QDir::Files).size() +
+                 QDir(data.filePath(QStringLiteral("generated"))).entryList(QDir::Files).size(),
+             3);
+}
+
+QTEST_GUILESS_MAIN(CommandLineTest)
+#include "CommandLineTest.moc"
