@@ -16,11 +16,19 @@ std::string_view digitsFrom(std::string_view text, std::size_t start)
     return text.substr(start, end - start);
 }
 
-// A text that starts with its carriage return is given up whole.
-std::size_t lengthOf(std::string_view commands)
+// Position of the first wanted character, or the size of the text. Commands have a dozen
+// characters; for so few a call of memchr costs more than the search.
+std::size_t find(std::string_view text, char wanted, std::size_t from)
 {
-    const std::size_t end = commands.find(CARRIAGE_RETURN[0]);
-    if (end == std::string_view::npos)
+    while (from < text.size() && text[from] != wanted)
+        ++from;
+    return from;
+}
+
+// A text that starts with its carriage return is given up whole, one without it not taken at all.
+std::size_t lengthOf(std::string_view commands, std::size_t end)
+{
+    if (end == commands.size())
         return 0;
     return end == 0 ? commands.size() : end + 1;
 }
@@ -29,9 +37,11 @@ std::size_t lengthOf(std::string_view commands)
 
 ConvertedCommandFields ConvertedCommandFields::of(std::string_view commands)
 {
-    const std::size_t separator = commands.find(COORDINATE_SEPARATOR[0]);
-    const std::size_t yStart = separator == std::string_view::npos ? 0 : separator + 1;
-    return {commands[0], digitsFrom(commands, 1), digitsFrom(commands, yStart), lengthOf(commands)};
+    const std::string_view x = digitsFrom(commands, 1);
+    const std::size_t separator = find(commands, COORDINATE_SEPARATOR[0], 0);
+    const std::string_view y =
+        digitsFrom(commands, separator == commands.size() ? 0 : separator + 1);
+    return {commands[0], x, y, lengthOf(commands, find(commands, CARRIAGE_RETURN[0], 0))};
 }
 
 } // namespace MavSystem

@@ -59,7 +59,7 @@ void t_DigipenState::button(t_DigipenDataConverter& converter, int n)
 
 void t_DigipenState::coordinate(t_DigipenDataConverter& converter, short x, short y)
 {
-    writeCommand(converter, commandCode().c_str(), x, y);
+    writeCommand(converter, commandCode(), x, y);
 }
 
 void t_DigipenState::changeState(t_DigipenDataConverter& converter, t_DigipenState* next)
@@ -74,8 +74,8 @@ std::string t_DigipenState::convertCoordinate(short x, short y)
     return std::string(text, writeCoordinate(text, x, y));
 }
 
-void t_DigipenState::writeCommand(t_DigipenDataConverter& converter, const char* code, short x,
-                                  short y)
+void t_DigipenState::writeCommand(t_DigipenDataConverter& converter, const std::string& code,
+                                  short x, short y)
 {
     converter.m_commands += code;
     char text[coordinateCharacters + sizeof LINE_FEED + sizeof CARRIAGE_RETURN];

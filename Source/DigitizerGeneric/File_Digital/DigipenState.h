@@ -57,7 +57,7 @@ public:
     static bool m_internal_mode;
 
 protected:
-    void writeCommand(t_DigipenDataConverter& converter, const char* code, short x, short y);
+    void writeCommand(t_DigipenDataConverter& converter, const std::string& code, short x, short y);
 };
 
 /// Returns the one instance of \a State, made now if it was not there.

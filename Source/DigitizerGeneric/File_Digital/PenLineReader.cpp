@@ -36,7 +36,7 @@ bool PenLineReader::next(std::string& line)
         complete = lineFeed != m_end;
         const char* const end = complete ? lineFeed + 1 : m_end;
         if (!zeroByteSeen) {
-            const char* const zeroByte = find(m_begin, end, '\0');
+            const char* const zeroByte = m_blockHasZeroByte ? find(m_begin, end, '\0') : end;
             line.append(m_begin, zeroByte);
             zeroByteSeen = zeroByte != end;
         }
@@ -50,6 +50,8 @@ bool PenLineReader::fill()
     const qint64 size = m_file.read(m_block.data(), qint64(m_block.size()));
     m_begin = m_block.data();
     m_end = m_begin + (size > 0 ? size : 0);
+    // Looked for once a block: text files have none.
+    m_blockHasZeroByte = find(m_begin, m_end, '\0') != m_end;
     return size > 0;
 }
 

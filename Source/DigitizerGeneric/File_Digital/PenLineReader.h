@@ -32,6 +32,7 @@ private:
     std::array<char, 32768> m_block;
     const char* m_begin;
     const char* m_end;
+    bool m_blockHasZeroByte = false;
 };
 
 } // namespace MavSystem
