@@ -1,0 +1,25 @@
+# Installs the build into a folder of its own, builds the example host against that alone, and runs it
+# without a tablet: it must start, find no such port, and say so.
+set(prefix ${BUILD}/installed-package)
+file(REMOVE_RECURSE ${prefix})
+
+function(run)
+  execute_process(COMMAND ${ARGV} RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE output)
+  if(NOT status EQUAL 0)
+    message(FATAL_ERROR "${ARGV}\n${output}")
+  endif()
+endfunction()
+
+run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${prefix}/root)
+run(${CMAKE_COMMAND} -S ${SOURCE}/Examples/host -B ${prefix}/host -G ${GENERATOR}
+    -DCMAKE_PREFIX_PATH=${prefix}/root -DCMAKE_CXX_FLAGS=${FLAGS})
+run(${CMAKE_COMMAND} --build ${prefix}/host)
+
+execute_process(COMMAND ${CMAKE_COMMAND} -E env HOME=${prefix} ${prefix}/host/example-host "no such driver" /no/such/port
+                RESULT_VARIABLE status ERROR_VARIABLE errors)
+if(NOT status EQUAL 1 OR NOT errors MATCHES "Cannot open digitizer, please check the connection.")
+  message(FATAL_ERROR "the example host ended with '${status}' and said: ${errors}")
+endif()
+if(NOT EXISTS ${prefix}/root/share/DigitizerGeneric/Plugins/digitizer/generated/generic-5-5-1.xml)
+  message(FATAL_ERROR "the shipped descriptions are not installed")
+endif()

@@ -1,0 +1,43 @@
+# The CMake package DigitizerGeneric: the shared libraries and the public headers, in the same tree of
+# folders as here; the programs and the shipped descriptions where the programs look for them.
+include(CMakePackageConfigHelpers)
+
+set(public_headers
+  DigitizerGeneric/ConvertedCommand.h
+  DigitizerGeneric/DigitizerGenericExport.h
+  DigitizerGeneric/Digitizer/DigitalReport.h
+  DigitizerGeneric/Digitizer/Digitizer.h
+  DigitizerGeneric/Digitizer/DigitizerArgument.h
+  DigitizerGeneric/Digitizer/SerialSettings.h
+  DigitizerGeneric/File_Digital/ConvertedCommandInterpreter.h
+  DigitizerGeneric/File_Digital/DigipenDataConverter.h
+  DigitizerGeneric/File_Digital/DigipenFileDigitalization.h
+  DigitizerGeneric/File_Digital/DigipenState.h
+  DigitizerGeneric/File_Digital/DigipenState_4ex.h
+  DigitizerGeneric/File_Digital/DigipenStringAnalyzer.h
+  DigitizerGeneric/File_Digital/FatalError.h
+  MavCore/MavApplication.h
+  MavCore/MavCoreExport.h
+  MavCore/MavInit.h
+  MavGeo/GeoPoint2D.h
+  QextSerialPort/QextSerialPortExport.h
+  QextSerialPort/qextserialport.h)
+foreach(header IN LISTS public_headers)
+  get_filename_component(folder ${header} DIRECTORY)
+  install(FILES Source/${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/DigitizerGeneric/${folder})
+endforeach()
+
+install(TARGETS DigitizerGeneric MavCore MavGeo QextSerialPort EXPORT DigitizerGenericTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+get_property(programs GLOBAL PROPERTY digitizer_programs)
+install(TARGETS ${programs} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(DIRECTORY Plugins DESTINATION ${CMAKE_INSTALL_DATADIR}/DigitizerGeneric)
+
+set(package_directory ${CMAKE_INSTALL_LIBDIR}/cmake/DigitizerGeneric)
+install(EXPORT DigitizerGenericTargets NAMESPACE MavSystem:: DESTINATION ${package_directory})
+configure_package_config_file(cmake/DigitizerGenericConfig.cmake.in
+  ${PROJECT_BINARY_DIR}/DigitizerGenericConfig.cmake INSTALL_DESTINATION ${package_directory})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/DigitizerGenericConfigVersion.cmake
+                                 COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/DigitizerGenericConfig.cmake
+              ${PROJECT_BINARY_DIR}/DigitizerGenericConfigVersion.cmake DESTINATION ${package_directory})
