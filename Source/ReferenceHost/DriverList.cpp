@@ -7,6 +7,7 @@
 #include "ReferenceHost/NearestNames.h"
 
 #include <QFile>
+#include <QTemporaryDir>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -42,6 +43,25 @@ std::optional<Root> rootOf(const QString& path)
         return std::nullopt;
     return root;
 }
+
+// A host whose one installed description is a copy of a file.
+class SingleDescriptionHost : public MavApplication
+{
+public:
+    explicit SingleDescriptionHost(const QString& path) : m_previous(instance())
+    {
+        QDir(m_data.path()).mkdir(QStringLiteral("generated"));
+        QFile::copy(path, m_data.filePath(QStringLiteral("generated/description.xml")));
+        setInstance(this);
+    }
+    ~SingleDescriptionHost() override { setInstance(m_previous); }
+
+    QDir appDataLocation() const override { return QDir(m_data.path()); }
+
+private:
+    QTemporaryDir m_data;
+    MavApplication* m_previous;
+};
 
 bool contains(const QVector<Driver>& drivers, const QString& name)
 {
@@ -89,4 +109,19 @@ Driver requiredDriver(const QString& name)
     throw CommandError(QStringLiteral("no installed description has the name \"%1\"%2 "
                                       "('digitizer drivers' lists them)")
                            .arg(name, suggestion(name, names)));
+}
+
+Driver driverFromFile(const QString& path)
+{
+    if (!QFileInfo(path).isReadable())
+        throw CommandError(QStringLiteral("the description '%1' cannot be read").arg(path));
+    const SingleDescriptionHost host(path);
+    const QVector<Driver> drivers = installedDrivers();
+    if (drivers.isEmpty() || !drivers.constFirst().isUsable())
+        throw CommandError(
+            QStringLiteral("'%1' is not a usable description ('digitizer lint' says why)")
+                .arg(path));
+    Driver driver = drivers.constFirst();
+    driver.file = path;
+    return driver;
 }

@@ -30,3 +30,7 @@ std::optional<Driver> findDriver(const QString& name);
 
 /// Returns the description named \a name, or throws a CommandError that tells the nearest names.
 Driver requiredDriver(const QString& name);
+
+/// Returns the description in the file \a path, installed or not; throws a CommandError when it
+/// cannot be read, has no name or is not usable.
+Driver driverFromFile(const QString& path);

@@ -10,6 +10,7 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/inotify.h>
 #include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
@@ -40,11 +41,19 @@ PseudoTerminal::PseudoTerminal()
     }
     m_path = QFile::decodeName(path);
     makeRaw(m_port);
+    m_openings = inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
+    inotify_add_watch(m_openings, path, IN_OPEN);
 }
 
 PseudoTerminal::~PseudoTerminal()
 {
     hangUp();
+}
+
+bool PseudoTerminal::waitForOpen(int timeoutMilliseconds)
+{
+    pollfd state = {m_openings, POLLIN, 0};
+    return poll(&state, 1, timeoutMilliseconds) > 0;
 }
 
 bool PseudoTerminal::write(const QByteArray& bytes)
@@ -70,7 +79,7 @@ bool PseudoTerminal::drained() const
 
 void PseudoTerminal::hangUp()
 {
-    for (int* descriptor : {&m_port, &m_master}) {
+    for (int* descriptor : {&m_openings, &m_port, &m_master}) {
         if (*descriptor >= 0)
             close(*descriptor);
         *descriptor = -1;

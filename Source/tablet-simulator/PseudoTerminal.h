@@ -8,7 +8,7 @@
 /// A pair of connected terminals: what is written here arrives at the port that path() names.
 ///
 /// The port is raw from the start (no echo, no line editing) and stays usable while nobody has it
-/// open. POSIX only.
+/// open. Linux only.
 class PseudoTerminal
 {
 public:
@@ -27,6 +27,10 @@ public:
     /// Returns the descriptor of this end, for a socket notifier; not to be closed.
     int descriptor() const { return m_master; }
 
+    /// Waits up to \a timeoutMilliseconds for a program to open the port; returns whether one has
+    /// since this object was made.
+    bool waitForOpen(int timeoutMilliseconds);
+
     /// Writes all of \a bytes in one write and returns whether that worked.
     bool write(const QByteArray& bytes);
 
@@ -43,7 +47,8 @@ public:
 
 private:
     int m_master = -1;
-    int m_port = -1; // kept open, so that the port outlives the program that has it open
+    int m_port = -1;     // kept open, so that the port outlives the program that has it open
+    int m_openings = -1; // announces that the port is opened
     QString m_path;
     QString m_error;
 };

@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "tablet-simulator/PieceScript.h"
+
+#include <QRegularExpression>
+
+#include <cmath>
+
+namespace {
+
+enum Meaning { Corner, Curve, Hole, End, Notch };
+
+struct Mark
+{
+    double x;
+    double y;
+    Meaning meaning;
+};
+
+// Waist at the bottom, centre front at the left, in centimetres from the tablet's lower left
+// corner.
+constexpr Mark bodice[] = {
+    {4.0, 3.5, Corner},  // waist, centre front
+    {4.0, 36.2, Corner}, // neck, centre front
+    {6.1, 36.4, Curve},   {8.2, 37.2, Curve},  {9.9, 38.8, Curve},   {10.8, 41.0, Curve},
+    {11.2, 43.6, Corner}, // neck point
+    {23.2, 39.4, Corner}, // shoulder point
+    {22.0, 36.3, Curve},  {21.2, 33.0, Curve}, {20.9, 29.8, Notch},  {21.3, 27.0, Curve},
+    {22.8, 24.9, Curve},  {25.2, 23.9, Curve}, {27.6, 23.6, Corner}, // underarm
+    {27.0, 14.0, Notch},  {26.2, 3.0, Corner},                       // waist, side seam
+    {17.6, 3.2, Corner},                                             // dart leg
+    {15.9, 17.4, Corner},                                            // dart tip
+    {13.8, 3.4, Corner},                                             // dart leg
+    {15.8, 19.2, Hole},                                              // bust point
+    {4.0, 3.5, End},
+};
+
+bool parseLine(const QString& line, Press& press)
+{
+    const QStringList fields =
+        line.split(QRegularExpression(QStringLiteral("\\s+")), Qt::SkipEmptyParts);
+    if (fields.size() != 3)
+        return false;
+    bool valid[3];
+    press.point = {fields.at(0).toDouble(&valid[0]), fields.at(1).toDouble(&valid[1])};
+    press.button = fields.at(2).toInt(&valid[2]);
+    return valid[0] && valid[1] && valid[2] && std::isfinite(press.point.x()) &&
+           std::isfinite(press.point.y());
+}
+
+} // namespace
+
+ReadScript readScript(const QByteArray& content)
+{
+    ReadScript script;
+    int number = 0;
+    for (const QByteArray& rawLine : content.split('\n')) {
+        ++number;
+        const QString line = QString::fromUtf8(rawLine).section(QLatin1Char('#'), 0, 0).trimmed();
+        Press press;
+        if (line.isEmpty())
+            continue;
+        if (!parseLine(line, press)) {
+            script.error =
+                QStringLiteral("line %1: '%2' is not x and y in centimetres and a button number, "
+                               "such as 12.5 30 1")
+                    .arg(number)
+                    .arg(line);
+            return script;
+        }
+        script.presses.append(press);
+    }
+    return script;
+}
+
+QVector<Press> bodiceFront(int firstButton, bool sixteenButtons)
+{
+    QVector<Press> presses;
+    for (const Mark& mark : bodice) {
+        if (mark.meaning != Notch || sixteenButtons)
+            presses.append({{mark.x, mark.y}, firstButton + int(mark.meaning)});
+    }
+    return presses;
+}

@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "tablet-simulator/ReportEncoder.h"
+
+#include <QString>
+#include <QVector>
+
+/// What reading a script yields; the presses are usable when \a error is empty.
+struct ReadScript
+{
+    QVector<Press> presses;
+    QString error; ///< "line 7: ..."
+};
+
+/// Returns the presses of a script: "x y button" on a line, in centimetres; "#" begins a comment.
+ReadScript readScript(const QByteArray& content);
+
+/// Returns a bodice front of about 25 by 46 centimetres, traced once around: corners, curve points
+/// along the armhole and the neckline, the dart point as a punch hole, end of piece. With \a
+/// sixteenButtons it also has notches. \a firstButton is the number that stands for a corner; curve
+/// point, punch hole, end of piece and notch follow it.
+QVector<Press> bodiceFront(int firstButton, bool sixteenButtons);

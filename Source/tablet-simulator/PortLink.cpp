@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "tablet-simulator/PortLink.h"
+
+#include "ReferenceHost/Command.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+PortLink::PortLink(const QString& port, const QString& link) : m_port(port)
+{
+    if (link.isEmpty())
+        return;
+    const QFileInfo taken(link);
+    if (taken.exists() && !taken.isSymLink())
+        throw CommandError(QStringLiteral("'%1' is there and is not a link").arg(link));
+    QFile::remove(link);
+    if (!QFile::link(port, link))
+        throw CommandError(QStringLiteral("the link '%1' cannot be made").arg(link));
+    m_link = link;
+}
+
+PortLink::~PortLink()
+{
+    // Another simulator may have taken the name over meanwhile.
+    if (!m_link.isEmpty() && QFileInfo(m_link).symLinkTarget() == m_port)
+        QFile::remove(m_link);
+}

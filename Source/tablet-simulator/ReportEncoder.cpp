@@ -1,0 +1,199 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "tablet-simulator/ReportEncoder.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace MavSystem;
+
+namespace {
+
+// The template's room for one axis.
+struct AxisRoom
+{
+    QString name;
+    int digits = 0;
+    int fractionDigits = 0;
+    bool hasSign = false;
+};
+
+struct Rooms
+{
+    AxisRoom x{QStringLiteral("x")};
+    AxisRoom y{QStringLiteral("y")};
+};
+
+Rooms roomsOf(const DigitizerArgument& description)
+{
+    Rooms rooms;
+    int points = 0;
+    for (const ReportFormatValues role : description.m_reportFormat) {
+        AxisRoom& axis = role == FORMAT_X ? rooms.x : rooms.y;
+        if (role == FORMAT_X || role == FORMAT_Y) {
+            ++axis.digits;
+            axis.fractionDigits += points > (role == FORMAT_X ? 0 : 1) ? 1 : 0;
+        } else if (role == FORMAT_POINT) {
+            ++points;
+        } else if (role == FORMAT_SIGN) {
+            (rooms.x.hasSign ? rooms.y : rooms.x).hasSign = true;
+        }
+    }
+    return rooms;
+}
+
+// Units of the resolution in a centimetre: the inverse of the library's scaling.
+double unitsPerCentimetre(const DigitizerArgument& description)
+{
+    if (description.m_resolutionUnit != LPI)
+        return description.m_resolution * 10.0;
+    return description.m_resolution == 40.0 ? 1.0 / 0.0025
+                                            : description.m_resolution / 2.5396825396825;
+}
+
+QString pointText(const Press& press)
+{
+    return QStringLiteral("the point (%1, %2)").arg(press.point.x()).arg(press.point.y());
+}
+
+struct AxisText
+{
+    QByteArray digits;
+    char sign;
+    QString error;
+};
+
+AxisText encodeAxis(double centimetres, double unitsInCentimetre, const AxisRoom& room,
+                    const Press& press)
+{
+    const double steps =
+        std::round(std::abs(centimetres) * unitsInCentimetre * std::pow(10.0, room.fractionDigits));
+    const double limit = std::pow(10.0, room.digits) - 1;
+    if (!(steps <= limit)) {
+        const double largest = limit / std::pow(10.0, room.fractionDigits) / unitsInCentimetre;
+        return {{},
+                ' ',
+                QStringLiteral("%1: the layout has %2 digits for %3, which hold up to %4 cm")
+                    .arg(pointText(press))
+                    .arg(room.digits)
+                    .arg(room.name)
+                    .arg(largest)};
+    }
+    const bool negative = centimetres < 0 && steps > 0;
+    if (negative && !room.hasSign)
+        return {{},
+                ' ',
+                QStringLiteral("%1: the layout has no sign for %2, so 0 cm is the least")
+                    .arg(pointText(press), room.name)};
+    return {QByteArray::number(qint64(steps)).rightJustified(room.digits, '0'),
+            negative ? '-' : '+',
+            {}};
+}
+
+// The code that the library turns into this number, or the reason why there is none.
+QString findCode(const DigitizerArgument& description, const Press& press, ButtonValue& code)
+{
+    const int first = description.m_fourButtons ? 1 : 0;
+    const int searched =
+        std::min(description.m_fourButtons ? 4 : 16, int(description.m_buttons.size()));
+    const int index = press.button - first;
+    if (index >= 0 && index < searched) {
+        code = description.m_buttons[size_t(index)];
+        return {};
+    }
+    if (searched == 0)
+        return QStringLiteral("%1: the description has no buttons").arg(pointText(press));
+    return QStringLiteral("%1: there is no button %2, the description has buttons %3 to %4")
+        .arg(pointText(press))
+        .arg(press.button)
+        .arg(first)
+        .arg(first + searched - 1);
+}
+
+// Hands out the characters of the report role by role.
+class Characters
+{
+public:
+    Characters(const AxisText& x, const AxisText& y, const ButtonValue& code)
+        : m_x(x), m_y(y), m_code(code)
+    {}
+
+    char next(ReportFormatValues role)
+    {
+        switch (role) {
+        case FORMAT_X:
+            return m_x.digits.at(m_xTaken++);
+        case FORMAT_Y:
+            return m_y.digits.at(m_yTaken++);
+        case FORMAT_BUTTON:
+            return m_codeTaken < m_code.m_code.size() ? m_code.m_code[m_codeTaken++] : ' ';
+        case FORMAT_SIGN:
+            return m_signsTaken++ == 0 ? m_x.sign : m_y.sign;
+        case FORMAT_POINT:
+            return '.';
+        case FORMAT_CR:
+            return '\r';
+        case FORMAT_LINE_FEED:
+            return '\n';
+        case FORMAT_UNUSED:
+            break;
+        }
+        return ',';
+    }
+
+private:
+    const AxisText& m_x;
+    const AxisText& m_y;
+    const ButtonValue& m_code;
+    int m_xTaken = 0;
+    int m_yTaken = 0;
+    std::size_t m_codeTaken = 0;
+    int m_signsTaken = 0;
+};
+
+} // namespace
+
+EncodedReport encodeReport(const DigitizerArgument& description, const Press& press)
+{
+    const Rooms rooms = roomsOf(description);
+    const double units = unitsPerCentimetre(description);
+    const AxisText x = encodeAxis(press.point.x(), units, rooms.x, press);
+    const AxisText y = encodeAxis(press.point.y(), units, rooms.y, press);
+    ButtonValue code;
+    const QString codeError = findCode(description, press, code);
+    for (const QString& error : {x.error, y.error, codeError}) {
+        if (!error.isEmpty())
+            return {{}, error};
+    }
+    Characters characters(x, y, code);
+    EncodedReport report;
+    for (const ReportFormatValues role : description.m_reportFormat)
+        report.bytes += characters.next(role);
+    return report;
+}
+
+EncodedReport encodeLectraE92Report(const Press& press)
+{
+    const AxisRoom room = {QStringLiteral("both coordinates"), 6, 2, false};
+    QByteArray fields[2];
+    const double coordinates[] = {press.point.x(), press.point.y()};
+    for (int axis = 0; axis < 2; ++axis) {
+        const AxisText text = encodeAxis(coordinates[axis], 1.0, room, press);
+        if (!text.error.isEmpty())
+            return {{}, text.error};
+        const qint64 steps = text.digits.toLongLong();
+        if (steps == 0)
+            return {{},
+                    QStringLiteral("%1: this tablet rejects what is not above 0 cm")
+                        .arg(pointText(press))};
+        fields[axis] = QByteArray::number(steps).rightJustified(6, ' ');
+    }
+    if (press.button < 2 || press.button > 5)
+        return {{},
+                QStringLiteral("%1: there is no button %2, this tablet has buttons 2 to 5")
+                    .arg(pointText(press))
+                    .arg(press.button)};
+    return {"000000" + QByteArray::number(29 + press.button) + " 0" + fields[0] + ' ' + fields[1] +
+                "\r\n",
+            {}};
+}

@@ -1,0 +1,238 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "ReferenceHost/CommandLine.h"
+#include "ReferenceHost/Console.h"
+#include "ReferenceHost/DescriptionTexts.h"
+#include "ReferenceHost/DriverList.h"
+#include "ReferenceHost/OptionValues.h"
+#include "ReferenceHost/RecordedSession.h"
+#include "ReferenceHost/StandardHost.h"
+#include "tablet-simulator/PieceScript.h"
+#include "tablet-simulator/PortLink.h"
+#include "tablet-simulator/TabletRun.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <csignal>
+
+using namespace MavSystem;
+
+namespace {
+
+const char lectraE92[] = "Lectra E92";
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw CommandError(QStringLiteral("'%1' cannot be read: %2").arg(path, file.errorString()));
+    return file.readAll();
+}
+
+bool isLectraE92(const Driver& driver)
+{
+    return driver.name.compare(QLatin1String(lectraE92), Qt::CaseInsensitive) == 0;
+}
+
+Driver chosenDriver(const QCommandLineParser& parser)
+{
+    if (parser.isSet(QStringLiteral("description")))
+        return driverFromFile(parser.value(QStringLiteral("description")));
+    const QString name = requiredValue(parser, QStringLiteral("driver"),
+                                       QStringLiteral("'digitizer drivers' lists them"));
+    // Its layout is built in, so it needs no description.
+    if (name.compare(QLatin1String(lectraE92), Qt::CaseInsensitive) == 0 && !findDriver(name)) {
+        Driver driver;
+        driver.name = QLatin1String(lectraE92);
+        driver.description.m_portSettings.BaudRate = BAUD9600;
+        driver.description.m_portSettings.DataBits = DATA_8;
+        return driver;
+    }
+    return requiredDriver(name);
+}
+
+QVector<Press> chosenPresses(const QCommandLineParser& parser, const Driver& driver)
+{
+    if (!parser.isSet(QStringLiteral("script")))
+        return bodiceFront(isLectraE92(driver) ? 2 : 1,
+                           !driver.description.m_fourButtons && !isLectraE92(driver));
+    const QString path = parser.value(QStringLiteral("script"));
+    const ReadScript script = readScript(contentOf(path));
+    if (!script.error.isEmpty())
+        throw CommandError(path + QStringLiteral(": ") + script.error);
+    return script.presses;
+}
+
+QVector<QByteArray> encoded(const QVector<Press>& presses, const Driver& driver, int repetitions)
+{
+    QVector<QByteArray> reports;
+    for (const Press& press : presses) {
+        const EncodedReport report = isLectraE92(driver) ? encodeLectraE92Report(press)
+                                                         : encodeReport(driver.description, press);
+        if (!report.error.isEmpty())
+            throw CommandError(report.error);
+        reports.append(report.bytes);
+    }
+    QVector<QByteArray> all;
+    for (int round = 0; round < repetitions; ++round)
+        all += reports;
+    return all;
+}
+
+// Time of a report on the line: each character has a start bit, its data bits, a parity bit if
+// there is one, and its stop bits.
+qint64 microsecondsOnLine(const PortSettings& settings, int characters)
+{
+    const double stopBits[] = {1, 1.5, 2};
+    const double bits = 1 + (5 + settings.DataBits) + (settings.Parity == PAR_NONE ? 0 : 1) +
+                        stopBits[settings.StopBits];
+    return qint64(1e6 * characters * bits / bitsPerSecond(settings.BaudRate));
+}
+
+LineFaults chosenFaults(const QCommandLineParser& parser)
+{
+    LineFaults faults;
+    faults.splitOffset = numberValue(parser, QStringLiteral("split"), 1, 511, 0);
+    faults.mergedReports = numberValue(parser, QStringLiteral("merge"), 2, 1000, 1);
+    faults.garbage = parser.isSet(QStringLiteral("garbage"));
+    faults.seed = unsigned(numberValue(parser, QStringLiteral("seed"), 0, 2147483647, 1));
+    faults.hangUpAfter = numberValue(parser, QStringLiteral("hangup-after"), 0, 1000000000, -1);
+    if (faults.garbage)
+        printError(QStringLiteral("garbage of seed %1").arg(faults.seed));
+    return faults;
+}
+
+QVector<Transmission> simulated(const QCommandLineParser& parser)
+{
+    const Driver driver = chosenDriver(parser);
+    const QVector<QByteArray> reports =
+        encoded(chosenPresses(parser, driver), driver,
+                numberValue(parser, QStringLiteral("repeat"), 1, 1000000, 1));
+    const int rate = numberValue(parser, QStringLiteral("rate"), 1, 10000, 0);
+    const int characters = reports.isEmpty() ? 0 : reports.constFirst().size();
+    const qint64 pause = rate > 0
+                             ? 1000000 / rate
+                             : microsecondsOnLine(driver.description.m_portSettings, characters);
+    return transmissionsOf(reports, pause, chosenFaults(parser));
+}
+
+QVector<Transmission> replayed(const QString& path)
+{
+    const ReadSession read = readSession(contentOf(path));
+    if (!read.error.isEmpty())
+        throw CommandError(path + QStringLiteral(": ") + read.error);
+    QVector<Transmission> writes;
+    qint64 before = 0;
+    for (const RecordedSession::Chunk& chunk : read.session.chunks) {
+        writes.append({(chunk.milliseconds - before) * 1000, chunk.bytes});
+        before = chunk.milliseconds;
+    }
+    return writes;
+}
+
+void stopOnSignals()
+{
+    struct sigaction action = {};
+    action.sa_handler = [](int) { stopTabletRun(); };
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+        sigaction(signal, &action, nullptr);
+}
+
+int run(const QCommandLineParser& parser)
+{
+    const QVector<Transmission> writes = parser.isSet(QStringLiteral("replay"))
+                                             ? replayed(parser.value(QStringLiteral("replay")))
+                                             : simulated(parser);
+    RunOptions options;
+    options.openDelayMilliseconds =
+        numberValue(parser, QStringLiteral("delay"), 0, 60000, options.openDelayMilliseconds);
+    options.fast = parser.isSet(QStringLiteral("fast"));
+    options.stay = parser.isSet(QStringLiteral("stay"));
+
+    PseudoTerminal tablet;
+    if (!tablet.isOpen())
+        throw CommandError(
+            QStringLiteral("there is no pseudo-terminal: %1").arg(tablet.errorString()));
+    const PortLink link(tablet.path(), parser.value(QStringLiteral("link")));
+    stopOnSignals();
+    printOutput(link.path() + QLatin1Char('\n'));
+    return runTablet(tablet, writes, options) ? ExitSuccess : ExitFailure;
+}
+
+QCommandLineOption option(const char* name, const char* explanation, const char* value = "")
+{
+    return QCommandLineOption(QString::fromLatin1(name), QString::fromLatin1(explanation),
+                              QString::fromLatin1(value));
+}
+
+Program simulatorProgram()
+{
+    Command command;
+    command.options = {
+        option("driver", "The tablet: the name of an installed description, or \"Lectra E92\".",
+               "NAME"),
+        option("description", "The tablet: a description file, instead of --driver.", "FILE"),
+        option("script",
+               "Send this instead of the built-in piece: \"x y button\" a line, in centimetres; # "
+               "begins a comment.",
+               "FILE"),
+        option("replay", "Send a recorded session, in its own time or --fast; it needs no tablet.",
+               "FILE"),
+        option("link", "Make a symbolic link to the port; it is removed at the end.", "PATH"),
+        option("rate",
+               "Send so many reports a second. Default: as many as the line's speed allows.", "N"),
+        option("fast", "Send each report as soon as the one before has been taken."),
+        option("repeat", "Send the piece or the script so often.", "N"),
+        option("delay",
+               "Wait so many milliseconds after the port was opened (default 300); a driver "
+               "discards what arrives while it opens.",
+               "MS"),
+        option("stay", "Keep the port at the end until stopped with Ctrl-C."),
+        option("split", "Fault: send each report in two writes, the first of so many bytes.",
+               "OFFSET"),
+        option("merge",
+               "Fault: send so many reports in one write. A driver that reads one report at a time "
+               "then reads nothing more until its port is opened again.",
+               "K"),
+        option("garbage", "Fault: send one to four random bytes between reports."),
+        option("seed", "Seed of the random bytes (default 1).", "N"),
+        option("hangup-after", "Fault: pull the cable after so many reports.", "N"),
+    };
+    command.examples = {
+        {QStringLiteral("tablet-simulator --driver 'Generic 5-5-1 (ASCII)' --link /tmp/tablet"),
+         QStringLiteral(
+             "Wait for a program that opens /tmp/tablet and trace a bodice front there.")},
+        {QStringLiteral("tablet-simulator --replay session.log --fast"),
+         QStringLiteral("Send a recorded session again.")},
+    };
+    command.exitStatusNotes =
+        QStringList{QStringLiteral("0 when all was sent, 1 when it was stopped before.")};
+    command.run = run;
+
+    Program program;
+    program.name = QStringLiteral("tablet-simulator");
+    program.version = QStringLiteral(DIGITIZER_VERSION);
+    program.summary = QStringLiteral("a digitizing tablet without a tablet");
+    program.description =
+        QStringList{QStringLiteral("Opens a pseudo-terminal, prints its path, waits until a "
+                                   "program opens that as a serial port, and "
+                                   "sends reports as the described tablet does. What the program "
+                                   "sends, such as a beep, is printed "
+                                   "to the error stream."),
+                    QStringLiteral("The built-in piece is a bodice front: button 1 corner, 2 curve "
+                                   "point, 3 punch hole, 4 end of piece "
+                                   "and, on tablets with sixteen buttons, 5 notch.")};
+    program.commands = {command};
+    return program;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    const Program program = simulatorProgram();
+    const StandardHost host(program.name);
+    return runProgram(program, application.arguments());
+}
