@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/DescriptionTexts.h"
 
-#include <QStringList>
-
 #include <algorithm>
 #include <cstdint>
 #include <iterator>
@@ -30,13 +28,19 @@ int bitsPerSecond(BaudRateType baudRate)
     return speeds[baudRate];
 }
 
+QStringList lineSettingTexts(const PortSettings& settings)
+{
+    return {QString::number(bitsPerSecond(settings.BaudRate)),
+            QString::number(settings.DataBits + 5), QLatin1String(parities[settings.Parity]),
+            QLatin1String(stopBits[settings.StopBits]),
+            QLatin1String(flowControls[settings.FlowControl])};
+}
+
 QString lineSettingsText(const PortSettings& settings)
 {
-    QStringList texts = {
-        QString::number(bitsPerSecond(settings.BaudRate)), QString::number(settings.DataBits + 5),
-        QLatin1String(parities[settings.Parity]), QLatin1String(stopBits[settings.StopBits])};
-    if (settings.FlowControl != FLOW_OFF)
-        texts << QLatin1String(flowControls[settings.FlowControl]);
+    QStringList texts = lineSettingTexts(settings);
+    if (settings.FlowControl == FLOW_OFF)
+        texts.removeLast();
     return texts.join(QLatin1Char(' '));
 }
 

@@ -5,11 +5,15 @@
 #include "DigitizerGeneric/Digitizer/DigitizerArgument.h"
 
 #include <QString>
+#include <QStringList>
 
 /// The values of a device description in the words of its file.
 
 /// Returns the line speed in bits a second.
 int bitsPerSecond(BaudRateType baudRate);
+
+/// Returns speed, data bits, parity, stop bits and flow control, each as its attribute has it.
+QStringList lineSettingTexts(const PortSettings& settings);
 
 /// Returns speed, data bits, parity, stop bits, and flow control unless there is none:
 /// "9600 7 Even 1".

@@ -1,0 +1,173 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "DigitizerGeneric/Digitizer/FieldDecoding.h"
+#include "ReferenceHost/LineMonitor.h"
+
+#include <QRegularExpression>
+#include <QtTest>
+
+using namespace MavSystem;
+
+/// What "monitor" makes of the bytes of a line.
+class MonitorTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void reportsAreFoundAmongBytes_data();
+    void reportsAreFoundAmongBytes();
+    void bytesAreListedWithTheirRoles_data();
+    void bytesAreListedWithTheirRoles();
+    void theSummaryCounts();
+};
+
+namespace {
+
+DigitizerArgument describe(const QByteArray& letters)
+{
+    DigitizerArgument description;
+    for (const char letter : letters)
+        description.m_reportFormat.push_back(
+            ReportFormatValues(QByteArray("?BXYU.SCL").indexOf(letter)));
+    description.m_reportLength = std::uint64_t(letters.size());
+    description.m_resolution = 10;
+    description.m_fourButtons = true;
+    description.m_buttonCodeLength = 1;
+    description.m_buttons = {{{'1', ' ', ' '}}, {{'2', ' ', ' '}}};
+    return description;
+}
+
+LineMonitor monitor(const QByteArray& letters)
+{
+    const DigitizerArgument description = describe(letters);
+    return LineMonitor(description, [=](const QByteArray& bytes) -> std::optional<DigitalReport> {
+        if (bytes.contains('\0'))
+            return std::nullopt;
+        return FieldDecoding::reportOf(description, ReportLayout(description), bytes.constData(),
+                                       FieldDecoding::decodeButton |
+                                           FieldDecoding::decodeCoordinate);
+    });
+}
+
+const QByteArray zero(1, '\0');
+
+} // namespace
+
+void MonitorTest::reportsAreFoundAmongBytes_data()
+{
+    QTest::addColumn<QByteArray>("letters");
+    QTest::addColumn<QList<QByteArray>>("chunks");
+    QTest::addColumn<QByteArray>("pieces"); // a report in brackets, stray bytes without
+    const auto row = [](const char* name, const char* letters, const QList<QByteArray>& chunks,
+                        const QByteArray& pieces) {
+        QTest::newRow(name) << QByteArray(letters) << chunks << pieces;
+    };
+    const char* const ended = "XXUYYUBCL";
+    row("whole", ended, {"12,34,1\r\n"}, "[12,34,1\r\n]");
+    row("in parts", ended, {"12,3", "4,1\r", "\n"}, "[12,34,1\r\n]");
+    row("merged", ended, {"12,34,1\r\n56,78,2\r\n"}, "[12,34,1\r\n][56,78,2\r\n]");
+    row("garbage in front", ended,
+        {"\xff"
+         "7#12,34,1\r\n"},
+        "\xff"
+        "7#[12,34,1\r\n]");
+    row("line end in front", ended, {"\r\n12,34,1\r\n"}, "\r\n[12,34,1\r\n]");
+    row("truncated", ended, {"12,34\r\n56,78,2\r\n"}, "12,34\r\n[56,78,2\r\n]");
+    row("byte lost at the end", ended, {"12,34,1\n56,78,2\r\n"}, "12,34,1\n[56,78,2\r\n]");
+    row("byte too many", ended, {"12,345,1\r\n56,78,2\r\n"}, "1[2,345,1\r\n][56,78,2\r\n]");
+    row("never completed", ended, {"12,34,1\r\n", "56,7"}, "[12,34,1\r\n]56,7");
+    row("damaged digits", ended, {"1\xb2,3 ,1\r\n"}, "[1\xb2,3 ,1\r\n]");
+    row("damaged line end", ended, {"12,34,1\x8d\n56,78,2\r\n"}, "12,34,1\x8d\n[56,78,2\r\n]");
+    row("zero byte", ended, {"12" + zero + "34,1\r\n"}, "[12" + zero + "34,1\r\n]");
+    row("carriage return alone", "XXYYBC", {"12341\r1\r56782\r"}, "[12341\r]1\r[56782\r]");
+    row("no line end", "XXUYYUB", {"12,34,156,78,2"}, "[12,34,1][56,78,2]");
+    row("no line end, garbage", "XX.XUYYUB", {"a12.3,45,6"}, "a[12.3,45,6]");
+    row("no line end, sign", "SXXSYYB", {"*+12-341"}, "*[+12-341]");
+    row("no line end, damaged", "XX.XUYYUB", {"1a.2,34,1", "56.7,89,2"}, "1a.2,34,1[56.7,89,2]");
+    row("no template", "", {"12", "34"},
+        "12"
+        "34");
+}
+
+void MonitorTest::reportsAreFoundAmongBytes()
+{
+    QFETCH(QByteArray, letters);
+    QFETCH(QList<QByteArray>, chunks);
+    ReportCutter cutter(describe(letters).m_reportFormat);
+    QByteArray pieces;
+    const auto add = [&](const LinePiece& piece) {
+        pieces += piece.isReport ? '[' + piece.bytes + ']' : piece.bytes;
+    };
+    for (const QByteArray& chunk : qAsConst(chunks)) {
+        for (const LinePiece& piece : cutter.take(chunk))
+            add(piece);
+    }
+    if (const auto rest = cutter.flush())
+        add(*rest);
+    QTEST(pieces, "pieces");
+    QVERIFY(!cutter.flush());
+}
+
+void MonitorTest::bytesAreListedWithTheirRoles_data()
+{
+    QTest::addColumn<QByteArray>("letters");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("expected"); // each run of blanks as one
+    const auto row = [](const char* name, const char* letters, const QByteArray& bytes,
+                        const char* expected) {
+        QTest::newRow(name) << QByteArray(letters) << bytes << QString::fromLatin1(expected);
+    };
+    row("report", "XX.XUYYUBC", "12.3,45,2\r",
+        " 1.500 31 32 2e 33 2c 34 35 2c 32 0d |12.3,45,2.|\n"
+        " X X . X U Y Y U B C button 2 at 0.1230, 0.4500 cm\n");
+    row("unexpected", "XXYYBC", "1\xb2 41\r",
+        " 1.500 31 b2 20 34 31 0d |1. 41.|\n"
+        " X !X !Y Y B C button 1 at -1.1600, -1.5600 cm, 2 unexpected\n");
+    row("stray", "XXYYBC", "3\r12341\r",
+        " 1.500 33 0d |3.|\n ? ? 2 stray bytes\n"
+        " 1.500 31 32 33 34 31 0d |12341.|\n X X Y Y B C button 1 at 0.1200, 0.3400 cm\n");
+    row("zero byte", "XXYYBC", "1" + zero + "341\r",
+        " 1.500 31 00 33 34 31 0d |1.341.|\n"
+        " X !X Y Y B C not decoded: the driver reads up to a zero byte only\n");
+    row("incomplete", "XXYYBC", "1", " 2.000 31 |1|\n ? a stray byte\n");
+    row("a report a chunk", "", "12", " 1.500 31 32 |12|\n button 0 at 0.0000, 0.0000 cm\n");
+    row("longer than a row", "XXYYBUUUUUUUUUUUUUUUUUC", "12341,,,,,,,,,,,,,,,,,\r",
+        " 1.500 31 32 33 34 31 2c 2c 2c 2c 2c 2c 2c 2c 2c 2c 2c 2c 2c 2c 2c "
+        "|12341,,,,,,,,,,,,,,,|\n"
+        " X X Y Y B U U U U U U U U U U U U U U U\n 2c 2c 0d |,,.|\n"
+        " U U C button 1 at 0.1200, 0.3400 cm\n");
+}
+
+void MonitorTest::bytesAreListedWithTheirRoles()
+{
+    QFETCH(QByteArray, letters);
+    QFETCH(QByteArray, bytes);
+    LineMonitor listing = monitor(letters);
+    QString text = listing.take(1500, bytes);
+    text += listing.flush(2000);
+    const int marks = text.indexOf(QLatin1Char('\n')) + 1;
+    if (!letters.isEmpty()) // beneath each other
+        QCOMPARE(text.indexOf(QRegularExpression(QStringLiteral("[XY?]"))), marks + 13);
+    text.replace(QRegularExpression(QStringLiteral(" +")), QStringLiteral(" "));
+    QTEST(text, "expected");
+
+    LineMonitor plain;
+    QVERIFY(plain.take(0, bytes).contains(QString::fromLatin1(bytes.left(20).toHex(' '))));
+    QCOMPARE(plain.summary(), QStringLiteral("%1 bytes\n").arg(bytes.size()));
+}
+
+void MonitorTest::theSummaryCounts()
+{
+    LineMonitor listing = monitor("XXYYBC");
+    QCOMPARE(listing.summary(), QStringLiteral("0 bytes, 0 reports, 0 stray bytes, "
+                                               "0 unexpected characters\n"));
+    listing.take(1000, "12341\r");
+    listing.take(1500, "!90051\r");
+    listing.take(2000, "9:991\r"); // its x and y are not to be trusted
+    QCOMPARE(listing.summary(),
+             QStringLiteral("19 bytes, 3 reports (2.0 a second), 1 stray bytes, "
+                            "1 unexpected characters; largest x 0.9000 cm, largest y 0.3400 cm\n"));
+}
+
+QTEST_GUILESS_MAIN(MonitorTest)
+#include "MonitorTest.moc"
