@@ -83,11 +83,12 @@ QextSerialPort::~QextSerialPort()
 
 QString QextSerialPort::portName() const
 {
-    return m_port->portName();
+    return m_portName;
 }
 
 void QextSerialPort::setPortName(const QString& name)
 {
+    m_portName = name;
     m_port->setPortName(name);
 }
 
@@ -126,7 +127,7 @@ bool QextSerialPort::open(OpenMode mode)
     m_received.clear();
     m_error = QLatin1String(noError);
     if (!m_port->open(mode & ~OpenMode(Unbuffered))) {
-        m_error = errorText(m_port->error(), m_port->errorString(), m_port->portName());
+        m_error = errorText(m_port->error(), m_port->errorString(), m_portName);
         return false;
     }
     // Bytes that arrived before the open are still in the system's buffer and would follow later.
@@ -206,7 +207,7 @@ void QextSerialPort::announce()
 void QextSerialPort::endAfterError()
 {
     // A hung-up line reports the same error without end and keeps a core busy; so it ends here.
-    const QString text = errorText(m_port->error(), m_port->errorString(), m_port->portName());
+    const QString text = errorText(m_port->error(), m_port->errorString(), m_portName);
     m_received += m_port->readAll();
     m_port->close();
     m_error = text;

@@ -74,6 +74,7 @@ public:
     explicit QextSerialPort(QueryMode mode = EventDriven, QObject* parent = nullptr);
     ~QextSerialPort() override;
 
+    /// The name as it was given; a path or a name without its directory.
     QString portName() const;
     void setPortName(const QString& name);
     QueryMode queryMode() const;
@@ -110,6 +111,7 @@ private:
     void endAfterError();
 
     QSerialPort* m_port; // a child object
+    QString m_portName;
     QueryMode m_mode;
     QByteArray m_received;
     QString m_error;
