@@ -175,6 +175,8 @@ qint64 QextSerialPort::readData(char* data, qint64 maxSize)
 
 qint64 QextSerialPort::writeData(const char* data, qint64 size)
 {
+    if (!m_port->isOpen())
+        return -1; // hung up; the inner port would print a warning
     const qint64 written = m_port->write(data, size);
     m_port->flush();
     return written;

@@ -102,6 +102,7 @@ protected:
     qint64 readData(char* data, qint64 maxSize) override;
 
     /// Hands the bytes to the line before it returns: what is still buffered dies with the port.
+    /// After a hang-up it returns -1.
     qint64 writeData(const char* data, qint64 size) override;
 
 private:
