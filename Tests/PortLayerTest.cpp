@@ -1,0 +1,210 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "QextSerialPort/qextserialport.h"
+#include "support/RecordedMessages.h"
+#include "tablet-simulator/PseudoTerminal.h"
+
+#include <QSerialPort>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <memory>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+/// The serial port layer by itself.
+class PortLayerTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void settingsReachTheInnerPort();
+    void errorsHaveTheirTexts_data();
+    void errorsHaveTheirTexts();
+    void aQuietPortSaysNothing();
+    void bytesAreAnnouncedReadAndWritten();
+    void aReceiverMayDeleteThePort();
+    void writingAfterAHangUpFailsSilently();
+};
+
+namespace {
+
+// Rights mean nothing to root, so the open runs as another user; a lock file of that user has a
+// place because the directory of lock files is everybody's or there is none.
+class Unprivileged
+{
+public:
+    Unprivileged() { m_changed = geteuid() == 0 && seteuid(65534) == 0; }
+    ~Unprivileged()
+    {
+        if (m_changed && seteuid(0) != 0)
+            qFatal("cannot become root again");
+    }
+
+private:
+    bool m_changed = false;
+};
+
+} // namespace
+
+void PortLayerTest::settingsReachTheInnerPort()
+{
+    QextSerialPort port;
+    const auto* const inner = port.findChild<QSerialPort*>();
+    QVERIFY(inner);
+    const QList<int> speeds = {50,    75,    110,   134,    150,    200,   300,   600,
+                               1200,  1800,  2400,  4800,   9600,   14400, 19200, 38400,
+                               56000, 57600, 76800, 115200, 128000, 256000};
+    for (int speed = BAUD50; speed <= BAUD256000; ++speed) {
+        port.setBaudRate(BaudRateType(speed));
+        QCOMPARE(inner->baudRate(), speeds.at(speed));
+    }
+    for (int bits = DATA_5; bits <= DATA_8; ++bits) {
+        port.setDataBits(DataBitsType(bits));
+        QCOMPARE(int(inner->dataBits()), 5 + bits);
+    }
+    const QList<QSerialPort::Parity> parities = {QSerialPort::NoParity, QSerialPort::OddParity,
+                                                 QSerialPort::EvenParity, QSerialPort::MarkParity,
+                                                 QSerialPort::SpaceParity};
+    for (int parity = PAR_NONE; parity <= PAR_SPACE; ++parity) {
+        port.setParity(ParityType(parity));
+        QCOMPARE(inner->parity(), parities.at(parity));
+    }
+    const QList<QSerialPort::StopBits> stopBits = {
+        QSerialPort::OneStop, QSerialPort::OneAndHalfStop, QSerialPort::TwoStop};
+    for (int bits = STOP_1; bits <= STOP_2; ++bits) {
+        port.setStopBits(StopBitsType(bits));
+        QCOMPARE(inner->stopBits(), stopBits.at(bits));
+    }
+    const QList<QSerialPort::FlowControl> flows = {
+        QSerialPort::NoFlowControl, QSerialPort::HardwareControl, QSerialPort::SoftwareControl};
+    for (int flow = FLOW_OFF; flow <= FLOW_XONXOFF; ++flow) {
+        port.setFlowControl(FlowType(flow));
+        QCOMPARE(inner->flowControl(), flows.at(flow));
+    }
+    port.setPortName(QStringLiteral("/dev/a"));
+    QCOMPARE(inner->portName(), QStringLiteral("a"));
+    QCOMPARE(port.portName(), QStringLiteral("/dev/a"));
+}
+
+void PortLayerTest::errorsHaveTheirTexts_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("no such device") << "missing"
+                                    << "The /nowhere/port file doesn't exists";
+    QTest::newRow("no rights") << "forbidden"
+                               << "Permission denied";
+    QTest::newRow("already open") << "locked"
+                                  << "Device is already locked";
+    QTest::newRow("no terminal") << "file"
+                                 << "The file opened by the port is not a valid device";
+}
+
+void PortLayerTest::errorsHaveTheirTexts()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, text);
+    PseudoTerminal tablet;
+    QTemporaryDir directory;
+    QextSerialPort first;
+    first.setPortName(tablet.path());
+    QextSerialPort port;
+    port.setPortName(tablet.path());
+    std::unique_ptr<Unprivileged> user;
+    if (kind == QLatin1String("missing"))
+        port.setPortName(QStringLiteral("/nowhere/port"));
+    if (kind == QLatin1String("locked"))
+        QVERIFY(first.open(QIODevice::ReadWrite));
+    if (kind == QLatin1String("forbidden")) {
+        QCOMPARE(chmod(qPrintable(tablet.path()), 0), 0);
+        user = std::make_unique<Unprivileged>();
+    }
+    if (kind == QLatin1String("file")) {
+        QFile file(directory.filePath(QStringLiteral("file")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        port.setPortName(file.fileName());
+    }
+    QVERIFY(!port.open(QIODevice::ReadOnly));
+    QVERIFY(!port.isOpen());
+    QCOMPARE(port.errorString(), text);
+
+    user.reset();
+    first.close();
+    PseudoTerminal other;
+    port.setPortName(other.path());
+    QVERIFY(port.open(QIODevice::ReadOnly));
+    QCOMPARE(port.errorString(), QStringLiteral("No Error has occurred"));
+}
+
+void PortLayerTest::aQuietPortSaysNothing()
+{
+    PseudoTerminal tablet;
+    const RecordedMessages messages;
+    QextSerialPort port(QextSerialPort::EventDriven);
+    QCOMPARE(port.errorString(), QStringLiteral("No Error has occurred"));
+    port.setPortName(tablet.path());
+    QVERIFY(port.open(QIODevice::ReadWrite | QIODevice::Unbuffered));
+    QCOMPARE(port.readAll(), QByteArray());
+    QVERIFY(port.reset());
+    port.close();
+    port.close();
+    QCOMPARE(port.errorString(), QStringLiteral("No Error has occurred"));
+    QCOMPARE(RecordedMessages::texts(), QStringList());
+}
+
+void PortLayerTest::bytesAreAnnouncedReadAndWritten()
+{
+    PseudoTerminal tablet;
+    for (const auto mode : {QextSerialPort::EventDriven, QextSerialPort::Polling}) {
+        QextSerialPort port(mode);
+        QSignalSpy announced(&port, &QIODevice::readyRead);
+        port.setPortName(tablet.path());
+        QVERIFY(port.open(QIODevice::ReadWrite | QIODevice::Unbuffered));
+        QVERIFY(tablet.write("abc"));
+        QTRY_COMPARE(port.bytesAvailable(), qint64(3));
+        QTRY_COMPARE(announced.size(), mode == QextSerialPort::EventDriven ? 1 : 0);
+        QCOMPARE(port.read(2), QByteArray("ab"));
+        QCOMPARE(port.bytesAvailable(), qint64(1));
+        QCOMPARE(port.readAll(), QByteArray("c"));
+        QCOMPARE(port.write("xyz"), qint64(3));
+        QCOMPARE(tablet.read(5000), QByteArray("xyz")); // without an event loop in between
+    }
+}
+
+void PortLayerTest::aReceiverMayDeleteThePort()
+{
+    PseudoTerminal tablet;
+    auto port = std::make_unique<QextSerialPort>();
+    port->setPortName(tablet.path());
+    QVERIFY(port->open(QIODevice::ReadWrite));
+    int calls = 0;
+    connect(port.get(), &QIODevice::readyRead, this, [&] {
+        ++calls;
+        port.reset();
+    });
+    QVERIFY(tablet.write("abc"));
+    QTRY_COMPARE(calls, 1);
+    QVERIFY(!port);
+}
+
+void PortLayerTest::writingAfterAHangUpFailsSilently()
+{
+    PseudoTerminal tablet;
+    QextSerialPort port;
+    port.setPortName(tablet.path());
+    QVERIFY(port.open(QIODevice::ReadWrite | QIODevice::Unbuffered));
+    tablet.hangUp();
+    QTRY_VERIFY(port.errorString() != QLatin1String("No Error has occurred"));
+    const QString error = port.errorString();
+    const RecordedMessages messages;
+    QCOMPARE(port.write("x"), qint64(-1));
+    QCOMPARE(port.readAll(), QByteArray());
+    QCOMPARE(port.errorString(), error);
+    QCOMPARE(RecordedMessages::texts(), QStringList());
+}
+
+QTEST_GUILESS_MAIN(PortLayerTest)
+#include "PortLayerTest.moc"
