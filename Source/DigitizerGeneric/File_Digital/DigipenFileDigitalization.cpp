@@ -322,6 +322,8 @@ void DigipenFileDigitalization::closeAndModifyFileExtentionToTxt()
     m_file.close();
     const QFileInfo target(file.absolutePath() + QLatin1Char('/') + file.completeBaseName() +
                            QLatin1String(".txt"));
+    if (target.filePath() == file.filePath())
+        return; // imported and renamed already
     // QFile::rename() would copy through a dangling link and report success.
     if (target.exists() || target.isSymLink() || !m_file.rename(target.filePath()))
         qCDebug(lcPen).noquote() << file.filePath() << "does not become" << target.filePath();
