@@ -10,7 +10,8 @@ namespace MavSystem {
 
 ImportTurns& ImportTurns::instance()
 {
-    static ImportTurns turns;
+    // Never destroyed: the driver, which is older, releases its importer when the process ends.
+    static ImportTurns& turns = *new ImportTurns;
     return turns;
 }
 
