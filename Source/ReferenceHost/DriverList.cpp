@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/DriverList.h"
 
+#include "DigitizerGeneric/Digitizer/BoundedXmlReader.h"
 #include "MavCore/MavApplication.h"
 #include "ReferenceHost/Command.h"
 #include "ReferenceHost/NearestNames.h"
 
 #include <QFile>
 #include <QTemporaryDir>
-#include <QXmlStreamReader>
 
 #include <algorithm>
 #include <memory>
@@ -16,9 +16,6 @@
 using namespace MavSystem;
 
 namespace {
-
-// As in the library: a description is far smaller.
-constexpr qint64 maximumBytes = 1024 * 1024;
 
 struct Root
 {
@@ -29,19 +26,17 @@ struct Root
 std::optional<Root> rootOf(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > maximumBytes)
+    if (!file.open(QIODevice::ReadOnly))
         return std::nullopt;
-    QXmlStreamReader reader(file.read(maximumBytes));
-    reader.setNamespaceProcessing(false);
-    reader.readNextStartElement();
-    const QXmlStreamAttributes attributes = reader.attributes();
-    const Root root = {attributes.value(QLatin1String("name")).toString(),
-                       attributes.value(QLatin1String("support")).toString()};
-    while (!reader.atEnd())
-        reader.readNext();
-    if (reader.hasError())
-        return std::nullopt;
-    return root;
+    BoundedXmlReader reader(file.read(DescriptionLimits::bytes + 1));
+    std::optional<Root> root;
+    while (reader.readNext()) {
+        const QXmlStreamAttributes attributes = reader.token().attributes();
+        if (!root && reader.token().isStartElement())
+            root = {attributes.value(QLatin1String("name")).toString(),
+                    attributes.value(QLatin1String("support")).toString()};
+    }
+    return reader.hasProblem() ? std::nullopt : root;
 }
 
 // A host whose one installed description is a copy of a file.

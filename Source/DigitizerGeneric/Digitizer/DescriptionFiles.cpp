@@ -2,21 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/DescriptionFiles.h"
 
+#include "DigitizerGeneric/Digitizer/BoundedXmlReader.h"
 #include "DigitizerGeneric/Digitizer/Diagnostics.h"
 #include "MavCore/MavApplication.h"
 
 #include <QFile>
-#include <QXmlStreamReader>
 
 namespace MavSystem::DescriptionFiles {
 
 namespace {
-
-struct Inspection
-{
-    bool wellFormed = false;
-    QString problem; // why not, for the diagnostics
-};
 
 std::optional<QByteArray> contentWithinLimit(const QString& path)
 {
@@ -25,10 +19,13 @@ std::optional<QByteArray> contentWithinLimit(const QString& path)
         qCDebug(lcDescriptions).noquote() << path << "cannot be opened:" << file.errorString();
         return std::nullopt;
     }
-    QByteArray content = file.size() > maximumBytes ? QByteArray() : file.read(maximumBytes + 1);
-    if (file.size() <= maximumBytes && content.size() <= maximumBytes)
+    QByteArray content = file.size() > DescriptionLimits::bytes
+                             ? QByteArray()
+                             : file.read(DescriptionLimits::bytes + 1);
+    if (file.size() <= DescriptionLimits::bytes && content.size() <= DescriptionLimits::bytes)
         return content;
-    qCDebug(lcDescriptions).noquote() << path << "is larger than" << maximumBytes << "bytes";
+    qCDebug(lcDescriptions).noquote()
+        << path << "is larger than" << DescriptionLimits::bytes << "bytes";
     return std::nullopt;
 }
 
@@ -36,11 +33,12 @@ std::optional<QByteArray> contentWithinLimit(const QString& path)
 // this is only good for passing over files that cannot match.
 std::optional<QString> nameAtRoot(const QByteArray& content)
 {
-    QXmlStreamReader reader(content);
-    reader.setNamespaceProcessing(false);
-    if (!reader.readNextStartElement())
+    BoundedXmlReader reader(content);
+    while (reader.readNext() && !reader.token().isStartElement()) {
+    }
+    if (!reader.token().isStartElement())
         return std::nullopt;
-    for (const QXmlStreamAttribute& attribute : reader.attributes()) {
+    for (const QXmlStreamAttribute& attribute : reader.token().attributes()) {
         // The document parser does not know defaults that a document type declares.
         if (attribute.qualifiedName() == QLatin1String("name") && !attribute.isDefault())
             return attribute.value().toString();
@@ -57,48 +55,15 @@ bool mayMatch(const QByteArray& content, const QString& driverName, BrokenFile b
     return name && name->simplified() == driverName.simplified();
 }
 
-qint64 expandedCharacters(const QXmlStreamReader& reader)
-{
-    qint64 characters = reader.text().size();
-    for (const QXmlStreamAttribute& attribute : reader.attributes())
-        characters += attribute.value().size();
-    return characters;
-}
-
-Inspection inspect(const QByteArray& content)
-{
-    QXmlStreamReader reader(content);
-    reader.setNamespaceProcessing(false);
-    int nesting = 0;
-    qint64 characters = 0;
-    while (!reader.atEnd()) {
-        reader.readNext();
-        nesting += reader.isStartElement() ? 1 : reader.isEndElement() ? -1 : 0;
-        characters += expandedCharacters(reader);
-        if (nesting > maximumNesting)
-            return {false, QStringLiteral("more than %1 elements deep").arg(maximumNesting)};
-        if (characters > maximumExpandedCharacters)
-            return {
-                false,
-                QStringLiteral("text of more than %1 characters").arg(maximumExpandedCharacters)};
-    }
-    if (reader.hasError()) {
-        return {false, QStringLiteral("line %1, column %2: %3")
-                           .arg(reader.lineNumber())
-                           .arg(reader.columnNumber())
-                           .arg(reader.errorString())};
-    }
-    return {true, QString()};
-}
-
-// The document parser recurses and expands without limit, so it only sees what has been walked.
 QDomDocument parse(const QString& path, const QByteArray& content)
 {
-    const Inspection inspection = inspect(content);
+    BoundedXmlReader reader(content);
+    while (reader.readNext()) {
+    }
     QDomDocument document;
-    if (inspection.wellFormed && document.setContent(content, false))
+    if (!reader.hasProblem() && document.setContent(reader.text(), false))
         return document;
-    qCDebug(lcDescriptions).noquote() << path << "is not well-formed:" << inspection.problem;
+    qCDebug(lcDescriptions).noquote() << path << "is not well-formed:" << reader.problem();
     return QDomDocument();
 }
 

@@ -25,12 +25,6 @@ struct Found
     QDomDocument document; ///< null when the match is a broken file without a name
 };
 
-/// Limits beyond which a file counts as not well-formed. A real description has about 1,500 bytes
-/// and four levels; what the limits stop is a file that would exhaust the stack or the memory.
-inline constexpr qint64 maximumBytes = 1024 * 1024;
-inline constexpr int maximumNesting = 100;
-inline constexpr qint64 maximumExpandedCharacters = 1024 * 1024;
-
 /// Returns the folder with the installed descriptions, or nothing when there is none.
 std::optional<QDir> installedFolder();
 
