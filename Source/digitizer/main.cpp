@@ -3,6 +3,7 @@
 #include "ReferenceHost/CommandLine.h"
 #include "ReferenceHost/StandardHost.h"
 #include "digitizer/DriversCommand.h"
+#include "digitizer/LintCommand.h"
 
 #include <QCoreApplication>
 
@@ -20,6 +21,7 @@ Program digitizerProgram()
                        "centimetres.")};
     program.commands = {
         driversCommand(),
+        lintCommand(),
     };
     program.files = {
         {QStringLiteral("~/.local/share/DigitizerGeneric/generated"),

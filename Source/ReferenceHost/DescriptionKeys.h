@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ReferenceHost/LintFinding.h"
+
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+/// Whether a description must have something. What tells of the report is not needed when the
+/// driver has a layout of its own.
+enum class Presence { Optional, Advisable, OfReport, Required };
+
+/// What is known of one attribute of a description.
+struct KnownAttribute
+{
+    QString name;
+    Presence presence;
+    QStringList texts; ///< the accepted ones; empty when others than fixed texts are
+    LintFinding::Severity ofOtherText = LintFinding::Error;
+};
+
+/// What is known of one element of a description.
+struct KnownElement
+{
+    QString name;
+    Presence presence;
+    bool repeats = false; ///< all count, not only the first
+    bool hasText = false;
+    QVector<KnownAttribute> attributes;
+    QVector<KnownElement> children;
+};
+
+/// Returns the root element of a description, with all that the driver or a host reads. Its own
+/// name is empty, since any does.
+const KnownElement& knownDescription();
