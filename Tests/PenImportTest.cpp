@@ -110,6 +110,8 @@ class PenImportTest : public QObject
 private slots:
     void waitingFilesAreImported_data();
     void waitingFilesAreImported();
+    void sampleFilesGiveTheReportsBesideThem_data();
+    void sampleFilesGiveTheReportsBesideThem();
     void theDirectoryComesFromTheSettings_data();
     void theDirectoryComesFromTheSettings();
     void filesChangeWhileTheQuestionIsShown();
@@ -147,8 +149,8 @@ void PenImportTest::waitingFilesAreImported_data()
         "delete");
     row("cancel", entries(piece), "", "p.dat", "cancel");
     row("any other answer", entries(piece), "", "p.dat", "dismissed");
-    row("in name order", entries("c.dat=X:3:3;B.DAT=X:2:2;a.dat=X:1:1"),
-        "1:1,1 4:0,0 1:2,2 1:3,3", "a.txt B.txt c.txt");
+    row("in name order", entries("c.dat=X:3:3;B.DAT=X:2:2;a.dat=X:1:1"), "1:1,1 4:0,0 1:2,2 1:3,3",
+        "a.txt B.txt c.txt");
     row("last suffix", entries("pen.01.dat="), "4:0,0", "pen.01.txt");
     row("hidden", entries(".h.dat=X:1:1"), "", ".h.dat", "unasked");
     row("a folder", entries("x.dat/"), "", "x.dat");
@@ -219,6 +221,41 @@ void PenImportTest::waitingFilesAreImported()
     QVERIFY(!road.digitizer->close());
     QVERIFY(!road.digitizer->active());
     QVERIFY(road.reports.isEmpty());
+}
+
+void PenImportTest::sampleFilesGiveTheReportsBesideThem_data()
+{
+    QTest::addColumn<QString>("file"); // without its extension
+    QDirIterator files(QStringLiteral(SOURCE_DIRECTORY "/Examples/pen"), {QStringLiteral("*.dat")},
+                       QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext())
+        QTest::newRow(qPrintable(QFileInfo(files.next()).baseName()))
+            << files.filePath().chopped(4);
+}
+
+void PenImportTest::sampleFilesGiveTheReportsBesideThem()
+{
+    QFETCH(QString, file);
+    PenRoad road;
+    const auto contentOf = [](const QString& path) {
+        QFile opened(path);
+        return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray("not there");
+    };
+    road.host.writeDescription(
+        QStringLiteral("pen.xml"),
+        contentOf(QStringLiteral(SOURCE_DIRECTORY "/Examples/pen/example-pen.xml")));
+    road.host.write(QStringLiteral("pen/a.dat"), contentOf(file + QStringLiteral(".dat")));
+    road.digitizer->selectDevice(QStringLiteral("Example Pen"), QStringLiteral("File:"));
+    road.digitizer->setExtended4Buttons(file.contains(QLatin1String("/extended/")));
+    QByteArray reports;
+    DigitalReport::registerHandle([&](const DigitalReport& report) {
+        reports += QByteArray::number(report.coordinate().x(), 'f', 4) + ' ' +
+                   QByteArray::number(report.coordinate().y(), 'f', 4) + ' ' +
+                   QByteArray::number(report.m_button_number) + '\n';
+    });
+    QVERIFY(road.digitizer->open());
+    QCOMPARE(QString::fromLatin1(reports),
+             QString::fromLatin1(contentOf(file + QStringLiteral(".reports"))));
 }
 
 void PenImportTest::theDirectoryComesFromTheSettings_data()
