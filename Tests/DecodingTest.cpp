@@ -28,6 +28,7 @@ private slots:
     void flagsChooseWhatIsDecoded();
     void buttonsMatchByTheirCodes_data();
     void buttonsMatchByTheirCodes();
+    void fourButtonsAreFourEntries();
     void lectraReportsAreCheckedAndRead_data();
     void lectraReportsAreCheckedAndRead();
     void theInterfaceAgreesWithAPlainReference();
@@ -193,6 +194,14 @@ void DecodingTest::buttonsMatchByTheirCodes()
     QCOMPARE(int(FieldDecoding::buttonNumberOf(*description, value)), button);
 }
 
+void DecodingTest::fourButtonsAreFourEntries()
+{
+    const std::vector<ButtonValue> codes = {{{'1'}}, {{'2'}}, {{'3'}}, {{'4'}}, {{'5'}}};
+    const DigitizerArgument record(true, PortSettings(), 1, LPMM, 0, {}, 1, codes);
+    QCOMPARE(int(FieldDecoding::buttonNumberOf(record, codes[3])), 4);
+    QCOMPARE(int(FieldDecoding::buttonNumberOf(record, codes[4])), 0);
+}
+
 void DecodingTest::lectraReportsAreCheckedAndRead_data()
 {
     QTest::addColumn<int>("position");
@@ -214,7 +223,7 @@ void DecodingTest::lectraReportsAreCheckedAndRead_data()
     row("code 30", 6, "30");
     row("code 35", 6, "35");
     row("the sum of the code counts", 6, "2;", 12.34, 567.89, 2);
-    row("a code of bytes above 0x7f", 6, "\xcd\x95");
+    row("the bytes of the code are unsigned", 6, "\x1f\xf9", 12.34, 567.89, 2);
     row("no 0 at 9", 9, "1");
     row("six digits", 10, "987654", 9876.54, 567.89, 3);
     row("a blank ends x", 10, "98 654", 6.54, 567.89, 3);
