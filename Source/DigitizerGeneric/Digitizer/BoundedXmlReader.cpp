@@ -105,6 +105,18 @@ Refusal refuse(const QByteArray& content, QString& text)
     return attributes.reason.isEmpty() ? refuseDeclarations(text) : attributes;
 }
 
+// What a token takes when its entities are written out. Tags count as well: an entity may hold
+// elements, and each costs the document parser some two hundred bytes.
+qint64 writtenCharacters(const QXmlStreamReader& token)
+{
+    qint64 characters = token.text().size();
+    if (token.isStartElement() || token.isEndElement())
+        characters += token.qualifiedName().size() + 3;
+    for (const QXmlStreamAttribute& attribute : token.attributes())
+        characters += attribute.qualifiedName().size() + attribute.value().size() + 4;
+    return characters;
+}
+
 } // namespace
 
 BoundedXmlReader::BoundedXmlReader(const QByteArray& content)
@@ -143,9 +155,7 @@ void BoundedXmlReader::placeToken()
 void BoundedXmlReader::countToken()
 {
     m_nesting += m_reader.isStartElement() ? 1 : m_reader.isEndElement() ? -1 : 0;
-    m_expandedCharacters += m_reader.text().size();
-    for (const QXmlStreamAttribute& attribute : m_reader.attributes())
-        m_expandedCharacters += attribute.value().size();
+    m_expandedCharacters += writtenCharacters(m_reader);
     if (m_nesting > DescriptionLimits::nesting)
         m_refusal = QStringLiteral("elements more than %1 deep").arg(DescriptionLimits::nesting);
     else if (m_expandedCharacters > DescriptionLimits::expandedCharacters)
