@@ -129,7 +129,7 @@ void PresenceTest::theBeepTravelsToTheTablet_data()
     row("65601", "A", R"(Test for digitizer beep string: "A")");
     QTest::newRow("other children")
         << QByteArray("<x/><beepString><x>1</x><character>49</character>"
-                      "2<character>50</character></beepString>"
+                      "2<x>3</x><character>50</character></beepString>"
                       "<beepString><character>51</character>"
                       "</beepString>")
         << QByteArray("12") << QLatin1String(begin) + QLatin1String("\"12\"");
