@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/RecordedSession.h"
 
-#include <cctype>
-
 #include <utility>
 
 namespace {
@@ -13,33 +11,36 @@ const char firstLine[] = "# digitizer session 1";
 constexpr std::pair<char, char> escapes[] = {
     {'r', '\r'}, {'n', '\n'}, {'t', '\t'}, {'\\', '\\'}, {'"', '"'}};
 
+bool isPrintable(char character)
+{
+    return character >= ' ' && character <= '~';
+}
+
 QByteArray escaped(char byte)
 {
     for (const auto& [letter, meaning] : escapes) {
         if (byte == meaning)
             return QByteArray("\\") + letter;
     }
-    const auto code = static_cast<unsigned char>(byte);
-    if (code >= 0x20 && code < 0x7f)
-        return QByteArray(1, byte);
-    return "\\x" + QByteArray(1, byte).toHex();
+    return isPrintable(byte) ? QByteArray(1, byte) : "\\x" + QByteArray(1, byte).toHex();
 }
 
 // Takes one character or escape off the front of \a text; false when it is malformed.
 bool takeByte(QByteArray& text, QByteArray& bytes)
 {
-    if (text.at(0) != '\\') {
-        bytes += text.at(0);
+    const char first = text.at(0);
+    if (first != '\\') {
+        bytes += first;
         text.remove(0, 1);
-        return true;
+        // What an editor may have re-encoded is no longer what the tablet sent.
+        return isPrintable(first) && first != '"';
     }
     if (text.startsWith("\\x")) {
-        bool isNumber = false;
-        bytes += char(text.mid(2, 2).toInt(&isNumber, 16));
-        const bool complete =
-            isNumber && text.size() >= 4 && std::isxdigit(static_cast<unsigned char>(text.at(2)));
+        const QByteArray digits = text.mid(2, 2);
+        const QByteArray byte = QByteArray::fromHex(digits);
+        bytes += byte;
         text.remove(0, 4);
-        return complete;
+        return byte.toHex() == digits.toLower() && byte.size() == 1;
     }
     for (const auto& [letter, meaning] : escapes) {
         if (text.size() > 1 && text.at(1) == letter) {
@@ -57,7 +58,7 @@ bool parseQuoted(QByteArray text, QByteArray& bytes)
         return false;
     text = text.mid(1, text.size() - 2);
     while (!text.isEmpty()) {
-        if (text.at(0) == '"' || !takeByte(text, bytes))
+        if (!takeByte(text, bytes))
             return false;
     }
     return true;
@@ -72,7 +73,9 @@ bool parseChunk(const QByteArray& line, RecordedSession::Chunk& chunk)
            parseQuoted(line.mid(blank + 1).trimmed(), chunk.bytes);
 }
 
-void takeHeader(const QByteArray& line, RecordedSession& session)
+// Both return what is wrong with the line, or nothing.
+
+QString takeHeader(const QByteArray& line, RecordedSession& session)
 {
     const QString text = QString::fromUtf8(line.mid(1)).trimmed();
     const QString value = text.section(QStringLiteral(": "), 1);
@@ -85,14 +88,38 @@ void takeHeader(const QByteArray& line, RecordedSession& session)
         session.settings = value;
     else if (key == QLatin1String("date"))
         session.date = QDateTime::fromString(value, Qt::ISODate);
+    if (key != QLatin1String("date") || session.date.isValid())
+        return {};
+    return QStringLiteral("the date '%1' is not like 2026-03-01T14:02:11Z").arg(value);
+}
+
+QString takeChunk(const QByteArray& line, RecordedSession& session)
+{
+    RecordedSession::Chunk chunk;
+    if (!parseChunk(line, chunk))
+        return QStringLiteral("'%1' is not a time in milliseconds, a blank and bytes in double "
+                              "quotes, such as 120 \"0512\\r\"")
+            .arg(QString::fromUtf8(line.left(60)));
+    if (!session.chunks.isEmpty() && chunk.milliseconds < session.chunks.constLast().milliseconds)
+        return QStringLiteral("the time %1 lies before that of the chunk before")
+            .arg(chunk.milliseconds);
+    session.chunks.append(chunk);
+    return {};
+}
+
+QString takeLine(const QByteArray& line, RecordedSession& session)
+{
+    if (line.startsWith('#'))
+        return takeHeader(line, session);
+    return line.isEmpty() ? QString() : takeChunk(line, session);
 }
 
 QByteArray headerOf(const RecordedSession& session)
 {
     const QString header =
         QStringLiteral("%1\n# tablet: %2\n# driver: %3\n# settings: %4\n# date: %5\n")
-            .arg(QLatin1String(firstLine), session.tablet, session.driver, session.settings,
-                 session.date.toString(Qt::ISODate));
+            .arg(QLatin1String(firstLine), session.tablet.simplified(), session.driver.simplified(),
+                 session.settings.simplified(), session.date.toString(Qt::ISODate));
     return header.toUtf8();
 }
 
@@ -126,21 +153,10 @@ ReadSession readSession(const QByteArray& content)
             QStringLiteral("a recorded session begins with \"%1\"").arg(QLatin1String(firstLine)));
         return result;
     }
-    for (int index = 1; index < lines.size(); ++index) {
-        const QByteArray line = lines.at(index).trimmed();
-        RecordedSession::Chunk chunk;
-        if (line.startsWith('#')) {
-            takeHeader(line, result.session);
-        } else if (!line.isEmpty()) {
-            if (!parseChunk(line, chunk)) {
-                result.error = errorAt(
-                    index + 1, QStringLiteral("'%1' is not a time in milliseconds, a blank and "
-                                              "bytes in double quotes, such as 120 \"0512\\r\"")
-                                   .arg(QString::fromUtf8(line.left(60))));
-                return result;
-            }
-            result.session.chunks.append(chunk);
-        }
+    for (int index = 1; index < lines.size() && result.error.isEmpty(); ++index) {
+        const QString problem = takeLine(lines.at(index).trimmed(), result.session);
+        if (!problem.isEmpty())
+            result.error = errorAt(index + 1, problem);
     }
     return result;
 }

@@ -13,6 +13,7 @@
 /// The file is text: a first line "# digitizer session 1", header lines "# KEY: VALUE", then a line
 /// for each chunk: the time in milliseconds since the start, a blank, and the bytes in double
 /// quotes with the escapes \r \n \t \\ \" and \xHH. Other lines that begin with "#" are comments.
+/// The times do not go back.
 struct RecordedSession
 {
     struct Chunk
