@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 using namespace MavSystem;
 
@@ -85,29 +86,57 @@ AxisText encodeAxis(double centimetres, double unitsInCentimetre, const AxisRoom
                 ' ',
                 QStringLiteral("%1: the layout has no sign for %2, so 0 cm is the least")
                     .arg(pointText(press), room.name)};
-    return {QByteArray::number(qint64(steps)).rightJustified(room.digits, '0'),
+    return {QByteArray::number(steps, 'f', 0).rightJustified(room.digits, '0'),
             negative ? '-' : '+',
             {}};
 }
 
-// The code that the library turns into this number, or the reason why there is none.
+// What a report carries of \a code; blanks where its layout has no place.
+ButtonValue sentCode(const DigitizerArgument& description, const ButtonValue& code)
+{
+    const std::vector<ReportFormatValues>& roles = description.m_reportFormat;
+    const auto places = std::size_t(std::count(roles.begin(), roles.end(), FORMAT_BUTTON));
+    ButtonValue sent;
+    std::copy_n(code.m_code.begin(), std::min(places, code.m_code.size()), sent.m_code.begin());
+    return sent;
+}
+
+// The button that the library takes \a code for.
+int buttonOf(const DigitizerArgument& description, int searched, const ButtonValue& code)
+{
+    const auto significant =
+        std::ptrdiff_t(std::min<std::uint64_t>(description.m_buttonCodeLength, code.m_code.size()));
+    for (int index = 0; index < searched; ++index) {
+        const auto& entry = description.m_buttons[size_t(index)].m_code;
+        if (std::equal(entry.begin(), entry.begin() + significant, code.m_code.begin()))
+            return description.m_fourButtons ? index + 1 : index;
+    }
+    return 0;
+}
+
+// The code that the library turns into the press's button, or the reason why there is none.
 QString findCode(const DigitizerArgument& description, const Press& press, ButtonValue& code)
 {
     const int first = description.m_fourButtons ? 1 : 0;
     const int searched =
         std::min(description.m_fourButtons ? 4 : 16, int(description.m_buttons.size()));
     const int index = press.button - first;
-    if (index >= 0 && index < searched) {
-        code = description.m_buttons[size_t(index)];
-        return {};
-    }
     if (searched == 0)
         return QStringLiteral("%1: the description has no buttons").arg(pointText(press));
-    return QStringLiteral("%1: there is no button %2, the description has buttons %3 to %4")
-        .arg(pointText(press))
-        .arg(press.button)
-        .arg(first)
-        .arg(first + searched - 1);
+    if (index < 0 || index >= searched)
+        return QStringLiteral("%1: there is no button %2, the description has buttons %3 to %4")
+            .arg(pointText(press))
+            .arg(press.button)
+            .arg(first)
+            .arg(first + searched - 1);
+    code = sentCode(description, description.m_buttons[size_t(index)]);
+    const int arriving = buttonOf(description, searched, code);
+    return arriving == press.button
+               ? QString()
+               : QStringLiteral("%1: by the description's codes, button %2 would arrive as %3")
+                     .arg(pointText(press))
+                     .arg(press.button)
+                     .arg(arriving);
 }
 
 // Hands out the characters of the report role by role.
@@ -155,6 +184,12 @@ private:
 
 EncodedReport encodeReport(const DigitizerArgument& description, const Press& press)
 {
+    if (!(description.m_resolution > 0.0))
+        return {{},
+                QStringLiteral("%1: the description's resolution is %2 where a number above 0 "
+                               "is needed")
+                    .arg(pointText(press))
+                    .arg(description.m_resolution)};
     const Rooms rooms = roomsOf(description);
     const double units = unitsPerCentimetre(description);
     const AxisText x = encodeAxis(press.point.x(), units, rooms.x, press);
