@@ -34,15 +34,15 @@ PseudoTerminal::PseudoTerminal()
     char path[128];
     if (m_master < 0 || grantpt(m_master) != 0 || unlockpt(m_master) != 0 ||
         ptsname_r(m_master, path, sizeof path) != 0 ||
-        (m_port = open(path, O_RDWR | O_NOCTTY | O_CLOEXEC)) < 0) {
+        (m_port = open(path, O_RDWR | O_NOCTTY | O_CLOEXEC)) < 0 ||
+        (m_uses = inotify_init1(IN_CLOEXEC | IN_NONBLOCK)) < 0 ||
+        inotify_add_watch(m_uses, path, IN_OPEN | IN_ACCESS | IN_CLOSE) < 0) {
         m_error = QString::fromLocal8Bit(std::strerror(errno));
         hangUp();
         return;
     }
     m_path = QFile::decodeName(path);
     makeRaw(m_port);
-    m_openings = inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
-    inotify_add_watch(m_openings, path, IN_OPEN);
 }
 
 PseudoTerminal::~PseudoTerminal()
@@ -52,12 +52,17 @@ PseudoTerminal::~PseudoTerminal()
 
 bool PseudoTerminal::waitForOpen(int timeoutMilliseconds)
 {
-    pollfd state = {m_openings, POLLIN, 0};
-    return poll(&state, 1, timeoutMilliseconds) > 0;
+    pollfd state = {m_uses, POLLIN, 0};
+    poll(&state, 1, m_users > 0 ? 0 : timeoutMilliseconds);
+    takeUses();
+    return m_users > 0;
 }
 
 bool PseudoTerminal::write(const QByteArray& bytes)
 {
+    takeUses();
+    m_wasRead = false;
+    m_sinceWrite.start();
     return ::write(m_master, bytes.constData(), size_t(bytes.size())) == bytes.size();
 }
 
@@ -77,9 +82,32 @@ bool PseudoTerminal::drained() const
     return ioctl(m_port, FIONREAD, &waiting) != 0 || waiting == 0;
 }
 
+bool PseudoTerminal::taken()
+{
+    constexpr qint64 discarded = 100; // milliseconds; far longer than bytes are on their way
+    takeUses();
+    return drained() && (m_wasRead || m_sinceWrite.hasExpired(discarded));
+}
+
+void PseudoTerminal::takeUses()
+{
+    inotify_event events[16]; // none carries a name, since what is watched is no directory
+    ssize_t size;
+    while ((size = ::read(m_uses, events, sizeof events)) > 0) {
+        for (const inotify_event* event = events; event < events + size / ssize_t(sizeof *event);
+             ++event) {
+            m_wasRead = m_wasRead || (event->mask & IN_ACCESS);
+            if (event->mask & IN_OPEN)
+                ++m_users;
+            else if (event->mask & IN_CLOSE && m_users > 0)
+                --m_users;
+        }
+    }
+}
+
 void PseudoTerminal::hangUp()
 {
-    for (int* descriptor : {&m_openings, &m_port, &m_master}) {
+    for (int* descriptor : {&m_uses, &m_port, &m_master}) {
         if (*descriptor >= 0)
             close(*descriptor);
         *descriptor = -1;

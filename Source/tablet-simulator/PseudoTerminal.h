@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QElapsedTimer>
 #include <QString>
 
 /// A pair of connected terminals: what is written here arrives at the port that path() names.
@@ -28,7 +29,7 @@ public:
     int descriptor() const { return m_master; }
 
     /// Waits up to \a timeoutMilliseconds for a program to open the port; returns whether one has
-    /// since this object was made.
+    /// it open.
     bool waitForOpen(int timeoutMilliseconds);
 
     /// Writes all of \a bytes in one write and returns whether that worked.
@@ -42,13 +43,23 @@ public:
     /// counted.
     bool drained() const;
 
+    /// Returns whether the port's program has taken the last write: it has read since then and
+    /// nothing waits, or it has discarded what came. This holds under load too, when bytes are on
+    /// their way for long.
+    bool taken();
+
     /// Ends the line as a pulled cable does; the port's path goes away.
     void hangUp();
 
 private:
+    void takeUses();
+
     int m_master = -1;
-    int m_port = -1;     // kept open, so that the port outlives the program that has it open
-    int m_openings = -1; // announces that the port is opened
+    int m_port = -1;       // kept open, so that the port outlives the program that has it open
+    int m_uses = -1;       // announces that the port is opened, read and closed
+    int m_users = 0;       // programs that have it open
+    bool m_wasRead = true; // since the last write
+    QElapsedTimer m_sinceWrite;
     QString m_path;
     QString m_error;
 };

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <cstdio>
 
 namespace {
 
@@ -16,10 +17,14 @@ volatile std::sig_atomic_t s_stopped = 0;
 
 constexpr int slice = 20; // milliseconds between two looks at s_stopped
 
+// Microseconds between the last report and the end of the line, which may overtake it in a program
+// that has taken the report but not looked at it yet.
+constexpr qint64 lingering = 200000;
+
 void printArrived(const QByteArray& bytes)
 {
     if (!bytes.isEmpty())
-        printError(QStringLiteral("received %1").arg(QString::fromLatin1(quotedBytes(bytes))));
+        std::fprintf(stderr, "received %s\n", quotedBytes(bytes).constData());
 }
 
 // Listens for \a microseconds; returns false when the run has been stopped.
@@ -38,22 +43,35 @@ bool listen(PseudoTerminal& tablet, qint64 microseconds)
 
 bool waitUntilTaken(PseudoTerminal& tablet)
 {
-    // What was written a moment ago may still be on its way to the port's queue.
-    constexpr qint64 shortest = 1000;
     do {
-        if (!listen(tablet, shortest))
+        if (!listen(tablet, 1000))
             return false;
-    } while (!tablet.drained());
+    } while (!tablet.taken());
     return true;
 }
 
-bool waitUntilOpened(PseudoTerminal& tablet)
+bool waitUntilOpened(PseudoTerminal& tablet, int delayMilliseconds)
 {
-    while (!tablet.waitForOpen(slice)) {
-        if (s_stopped)
-            return false;
+    QElapsedTimer open;
+    while (!s_stopped) {
+        if (!tablet.waitForOpen(slice))
+            open.invalidate();
+        else if (!open.isValid())
+            open.start();
+        else if (open.hasExpired(delayMilliseconds))
+            return true;
+        else
+            listen(tablet, 1000);
     }
-    return true;
+    return false;
+}
+
+bool write(PseudoTerminal& tablet, const QByteArray& bytes)
+{
+    const bool written = tablet.write(bytes);
+    if (!written && !s_stopped)
+        printError(QStringLiteral("the line takes no more: %1").arg(qt_error_string()));
+    return written;
 }
 
 } // namespace
@@ -61,16 +79,17 @@ bool waitUntilOpened(PseudoTerminal& tablet)
 bool runTablet(PseudoTerminal& tablet, const QVector<Transmission>& writes,
                const RunOptions& options)
 {
-    if (!waitUntilOpened(tablet) || !listen(tablet, options.openDelayMilliseconds * 1000))
+    if (!waitUntilOpened(tablet, options.openDelayMilliseconds))
         return false;
     for (const Transmission& next : writes) {
         if (!(options.fast ? waitUntilTaken(tablet) : listen(tablet, next.pauseMicroseconds)))
             return false;
-        if (!tablet.write(next.bytes))
+        if (!write(tablet, next.bytes))
             return false;
     }
     if (!waitUntilTaken(tablet))
         return false;
+    listen(tablet, lingering);
     while (options.stay && listen(tablet, 1000000)) {
     }
     return true;

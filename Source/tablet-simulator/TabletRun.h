@@ -10,14 +10,16 @@
 /// How the writes of a run reach the line.
 struct RunOptions
 {
-    int openDelayMilliseconds =
-        300;           ///< after a program has opened the port, which discards input then
+    /// A program has the port open for so long before the first write: many discard what arrives
+    /// while they open it, and some open it twice, first to see whether it is there.
+    int openDelayMilliseconds = 300;
     bool fast = false; ///< no pauses; the next write when the last has been taken
     bool stay = false; ///< keep the line at the end until stopped
 };
 
 /// Sends \a writes over \a tablet once a program has opened its port, and prints to the standard
-/// error stream what arrives from there. Returns whether all was sent; false after stopTabletRun().
+/// error stream what arrives from there. Returns whether all was sent and taken; false after
+/// stopTabletRun(), and when the line fails, which it says on the error stream.
 bool runTablet(PseudoTerminal& tablet, const QVector<Transmission>& writes,
                const RunOptions& options);
 

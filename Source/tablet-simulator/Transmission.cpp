@@ -20,26 +20,25 @@ QByteArray garbageOf(std::mt19937& random)
 
 } // namespace
 
-QVector<Transmission> transmissionsOf(const QVector<QByteArray>& reports, qint64 pauseMicroseconds,
-                                      const LineFaults& faults)
+QVector<Transmission> withFaults(const QVector<Transmission>& reports, const LineFaults& faults)
 {
     std::mt19937 random(faults.seed);
     QVector<Transmission> writes;
     const int count =
         faults.hangUpAfter < 0 ? reports.size() : std::min(reports.size(), faults.hangUpAfter);
     for (int first = 0; first < count; first += faults.mergedReports) {
-        QByteArray bytes;
-        const int end = std::min(first + faults.mergedReports, count);
-        for (int index = first; index < end; ++index)
-            bytes += reports.at(index);
-        const qint64 pause = pauseMicroseconds * (end - first);
+        Transmission write = {0, {}};
+        for (int index = first; index < std::min(first + faults.mergedReports, count); ++index) {
+            write.pauseMicroseconds += reports.at(index).pauseMicroseconds;
+            write.bytes += reports.at(index).bytes;
+        }
         if (faults.garbage)
             writes.append({splitPauseMicroseconds, garbageOf(random)});
-        if (faults.splitOffset > 0 && faults.splitOffset < bytes.size()) {
-            writes.append({pause, bytes.left(faults.splitOffset)});
-            writes.append({splitPauseMicroseconds, bytes.mid(faults.splitOffset)});
+        if (faults.splitOffset > 0 && faults.splitOffset < write.bytes.size()) {
+            writes.append({write.pauseMicroseconds, write.bytes.left(faults.splitOffset)});
+            writes.append({splitPauseMicroseconds, write.bytes.mid(faults.splitOffset)});
         } else {
-            writes.append({pause, bytes});
+            writes.append(write);
         }
     }
     return writes;

@@ -15,14 +15,13 @@ struct Transmission
 /// Faults of a line and of its sender, on demand.
 struct LineFaults
 {
-    int splitOffset = 0;   ///< each report in two writes, the first of so many bytes; 0 never
     int mergedReports = 1; ///< so many reports in one write
+    int splitOffset = 0;   ///< each write in two, the first of so many bytes; 0 never
     bool garbage = false;  ///< one to four random bytes between writes
     unsigned seed = 1;     ///< of the random bytes
     int hangUpAfter = -1;  ///< the line ends after so many reports; -1 never
 };
 
-/// Returns the writes that send \a reports, each \a pauseMicroseconds after the one before, with \a
-/// faults.
-QVector<Transmission> transmissionsOf(const QVector<QByteArray>& reports, qint64 pauseMicroseconds,
-                                      const LineFaults& faults);
+/// Returns the writes that send \a reports with \a faults. Merged reports come after the sum
+/// of their pauses.
+QVector<Transmission> withFaults(const QVector<Transmission>& reports, const LineFaults& faults);

@@ -14,6 +14,7 @@
 #include <QCoreApplication>
 #include <QFile>
 
+#include <algorithm>
 #include <csignal>
 
 using namespace MavSystem;
@@ -64,20 +65,13 @@ QVector<Press> chosenPresses(const QCommandLineParser& parser, const Driver& dri
     return script.presses;
 }
 
-QVector<QByteArray> encoded(const QVector<Press>& presses, const Driver& driver, int repetitions)
+QByteArray encoded(const Press& press, const Driver& driver)
 {
-    QVector<QByteArray> reports;
-    for (const Press& press : presses) {
-        const EncodedReport report = isLectraE92(driver) ? encodeLectraE92Report(press)
-                                                         : encodeReport(driver.description, press);
-        if (!report.error.isEmpty())
-            throw CommandError(report.error);
-        reports.append(report.bytes);
-    }
-    QVector<QByteArray> all;
-    for (int round = 0; round < repetitions; ++round)
-        all += reports;
-    return all;
+    const EncodedReport report = isLectraE92(driver) ? encodeLectraE92Report(press)
+                                                     : encodeReport(driver.description, press);
+    if (!report.error.isEmpty())
+        throw CommandError(report.error);
+    return report.bytes;
 }
 
 // Time of a report on the line: each character has a start bit, its data bits, a parity bit if
@@ -90,7 +84,15 @@ qint64 microsecondsOnLine(const PortSettings& settings, int characters)
     return qint64(1e6 * characters * bits / bitsPerSecond(settings.BaudRate));
 }
 
-LineFaults chosenFaults(const QCommandLineParser& parser)
+int longestOf(const QVector<Transmission>& reports)
+{
+    int longest = 0;
+    for (const Transmission& report : reports)
+        longest = std::max(longest, report.bytes.size());
+    return longest;
+}
+
+LineFaults chosenFaults(const QCommandLineParser& parser, const QVector<Transmission>& reports)
 {
     LineFaults faults;
     faults.splitOffset = numberValue(parser, QStringLiteral("split"), 1, 511, 0);
@@ -98,6 +100,12 @@ LineFaults chosenFaults(const QCommandLineParser& parser)
     faults.garbage = parser.isSet(QStringLiteral("garbage"));
     faults.seed = unsigned(numberValue(parser, QStringLiteral("seed"), 0, 2147483647, 1));
     faults.hangUpAfter = numberValue(parser, QStringLiteral("hangup-after"), 0, 1000000000, -1);
+    const int longest = longestOf(reports) * faults.mergedReports;
+    if (faults.splitOffset >= longest)
+        throw CommandError(QStringLiteral("--split is %1, but at most %2 bytes are sent at once")
+                               .arg(faults.splitOffset)
+                               .arg(longest),
+                           ExitUsage);
     if (faults.garbage)
         printError(QStringLiteral("garbage of seed %1").arg(faults.seed));
     return faults;
@@ -106,15 +114,13 @@ LineFaults chosenFaults(const QCommandLineParser& parser)
 QVector<Transmission> simulated(const QCommandLineParser& parser)
 {
     const Driver driver = chosenDriver(parser);
-    const QVector<QByteArray> reports =
-        encoded(chosenPresses(parser, driver), driver,
-                numberValue(parser, QStringLiteral("repeat"), 1, 1000000, 1));
-    const int rate = numberValue(parser, QStringLiteral("rate"), 1, 10000, 0);
-    const int characters = reports.isEmpty() ? 0 : reports.constFirst().size();
-    const qint64 pause = rate > 0
-                             ? 1000000 / rate
-                             : microsecondsOnLine(driver.description.m_portSettings, characters);
-    return transmissionsOf(reports, pause, chosenFaults(parser));
+    QVector<Transmission> reports;
+    for (const Press& press : chosenPresses(parser, driver)) {
+        const QByteArray bytes = encoded(press, driver);
+        reports.append(
+            {microsecondsOnLine(driver.description.m_portSettings, bytes.size()), bytes});
+    }
+    return reports;
 }
 
 QVector<Transmission> replayed(const QString& path)
@@ -122,13 +128,46 @@ QVector<Transmission> replayed(const QString& path)
     const ReadSession read = readSession(contentOf(path));
     if (!read.error.isEmpty())
         throw CommandError(path + QStringLiteral(": ") + read.error);
-    QVector<Transmission> writes;
+    QVector<Transmission> chunks;
     qint64 before = 0;
     for (const RecordedSession::Chunk& chunk : read.session.chunks) {
-        writes.append({(chunk.milliseconds - before) * 1000, chunk.bytes});
+        chunks.append({(chunk.milliseconds - before) * 1000, chunk.bytes});
         before = chunk.milliseconds;
     }
-    return writes;
+    return chunks;
+}
+
+// What is to be sent, in the pace that the command line asks for.
+QVector<Transmission> chosenReports(const QCommandLineParser& parser)
+{
+    const QVector<Transmission> once = parser.isSet(QStringLiteral("replay"))
+                                           ? replayed(parser.value(QStringLiteral("replay")))
+                                           : simulated(parser);
+    if (once.isEmpty())
+        throw CommandError(QStringLiteral("there is nothing to send"));
+    const int rate = numberValue(parser, QStringLiteral("rate"), 1, 10000, 0);
+    const int repetitions = numberValue(parser, QStringLiteral("repeat"), 1, 1000000, 1);
+    QVector<Transmission> reports;
+    for (int round = 0; round < repetitions; ++round)
+        reports += once;
+    if (rate > 0) {
+        for (Transmission& report : reports)
+            report.pauseMicroseconds = 1000000 / rate;
+    }
+    return reports;
+}
+
+void refuseContradictions(const QCommandLineParser& parser)
+{
+    constexpr const char* contradictions[][2] = {
+        {"description", "driver"}, {"replay", "driver"}, {"replay", "description"},
+        {"replay", "script"},      {"fast", "rate"},     {"hangup-after", "stay"}};
+    for (const auto& [one, other] : contradictions) {
+        if (parser.isSet(QLatin1String(one)) && parser.isSet(QLatin1String(other)))
+            throw CommandError(QStringLiteral("--%1 and --%2 exclude each other")
+                                   .arg(QLatin1String(one), QLatin1String(other)),
+                               ExitUsage);
+    }
 }
 
 void stopOnSignals()
@@ -141,9 +180,9 @@ void stopOnSignals()
 
 int run(const QCommandLineParser& parser)
 {
-    const QVector<Transmission> writes = parser.isSet(QStringLiteral("replay"))
-                                             ? replayed(parser.value(QStringLiteral("replay")))
-                                             : simulated(parser);
+    refuseContradictions(parser);
+    const QVector<Transmission> reports = chosenReports(parser);
+    const QVector<Transmission> writes = withFaults(reports, chosenFaults(parser, reports));
     RunOptions options;
     options.openDelayMilliseconds =
         numberValue(parser, QStringLiteral("delay"), 0, 60000, options.openDelayMilliseconds);
@@ -174,18 +213,21 @@ Program simulatorProgram()
                "NAME"),
         option("description", "The tablet: a description file, instead of --driver.", "FILE"),
         option("script",
-               "Send this instead of the built-in piece: \"x y button\" a line, in centimetres; # "
-               "begins a comment.",
+               "Send this instead of the built-in piece: \"x y button\" a line, in centimetres and "
+               "the button number that is to arrive; # begins a comment.",
                "FILE"),
-        option("replay", "Send a recorded session, in its own time or --fast; it needs no tablet.",
-               "FILE"),
+        option(
+            "replay",
+            "Send a recorded session, in its own time unless --rate or --fast is given; it needs "
+            "no tablet.",
+            "FILE"),
         option("link", "Make a symbolic link to the port; it is removed at the end.", "PATH"),
         option("rate",
                "Send so many reports a second. Default: as many as the line's speed allows.", "N"),
         option("fast", "Send each report as soon as the one before has been taken."),
-        option("repeat", "Send the piece or the script so often.", "N"),
+        option("repeat", "Send everything so often.", "N"),
         option("delay",
-               "Wait so many milliseconds after the port was opened (default 300); a driver "
+               "Wait until the port has been open for so many milliseconds (default 300); a driver "
                "discards what arrives while it opens.",
                "MS"),
         option("stay", "Keep the port at the end until stopped with Ctrl-C."),
@@ -222,7 +264,9 @@ Program simulatorProgram()
                                    "to the error stream."),
                     QStringLiteral("The built-in piece is a bodice front: button 1 corner, 2 curve "
                                    "point, 3 punch hole, 4 end of piece "
-                                   "and, on tablets with sixteen buttons, 5 notch.")};
+                                   "and, on tablets with sixteen buttons, 5 notch; with four "
+                                   "buttons the notches are left out. The \"Lectra E92\" numbers "
+                                   "its four buttons from 2.")};
     program.commands = {command};
     return program;
 }
