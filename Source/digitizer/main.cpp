@@ -2,10 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/CommandLine.h"
 #include "ReferenceHost/StandardHost.h"
+#include "digitizer/CaptureCommand.h"
 #include "digitizer/DriversCommand.h"
 #include "digitizer/LintCommand.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
+
+#include <algorithm>
+#include <memory>
 
 namespace {
 
@@ -20,6 +24,7 @@ Program digitizerProgram()
                        "XML file, or from the files of a digital pen. Coordinates are "
                        "centimetres.")};
     program.commands = {
+        captureCommand(),
         driversCommand(),
         lintCommand(),
     };
@@ -32,12 +37,33 @@ Program digitizerProgram()
     return program;
 }
 
+bool paintsPicture(int argc, char** argv)
+{
+    return std::any_of(argv, argv + argc, [](const char* argument) {
+        return qstrncmp(argument, "--picture", 9) == 0;
+    });
+}
+
+// Only text in pictures needs more than a QCoreApplication, and never a display.
+std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv)
+{
+    if (!paintsPicture(argc, argv))
+        return std::make_unique<QCoreApplication>(argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Complaints about a missing session of the desktop are nothing to a program without windows.
+    const QtMessageHandler handler =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    auto application = std::make_unique<QGuiApplication>(argc, argv);
+    qInstallMessageHandler(handler);
+    return application;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    const QCoreApplication application(argc, argv);
+    const auto application = makeApplication(argc, argv);
     const Program program = digitizerProgram();
     const StandardHost host(program.name);
-    return runProgram(program, application.arguments());
+    return runProgram(program, application->arguments());
 }

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ReferenceHost/Piece.h"
+
+#include <QLineF>
+#include <QPainterPath>
+#include <QVector>
+
+/// How a person draws a traced piece. Lengths are centimetres.
+
+/// Returns the outline: straight lines between corners, and where curve points lie between two
+/// corners a smooth curve through all points there. Closed when the piece is finished. A point
+/// traced twice in a row counts once.
+QPainterPath outlineOf(const Piece& piece);
+
+/// Returns the notches: lines of \a length from the outline into the piece, at right angles to it.
+QVector<QLineF> notchesOf(const Piece& piece, double length);

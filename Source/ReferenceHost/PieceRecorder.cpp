@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "ReferenceHost/PieceRecorder.h"
+
+#include <utility>
+
+void PieceRecorder::add(const QPointF& point, PointRole role)
+{
+    switch (role) {
+    case PointRole::Corner:
+    case PointRole::Curve:
+    case PointRole::Notch:
+        m_current.outline.append({point, role});
+        break;
+    case PointRole::Hole:
+        m_current.holes.append(point);
+        break;
+    case PointRole::End:
+        // A second press at the end of a piece is no piece of its own.
+        if (!m_current.isEmpty()) {
+            m_current.finished = true;
+            m_finished.append(std::exchange(m_current, Piece()));
+        }
+        break;
+    case PointRole::Other:
+    case PointRole::Closing:
+    case PointRole::Rejected:
+        break;
+    }
+}
+
+QVector<Piece> PieceRecorder::pieces() const
+{
+    QVector<Piece> pieces = m_finished;
+    if (!m_current.isEmpty())
+        pieces.append(m_current);
+    return pieces;
+}

@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+/// The rights on a device file, in names.
+struct PortRights
+{
+    QString path;
+    QString owner;
+    QString group;
+    unsigned mode = 0; ///< permission bits
+};
+
+/// Returns the path of the port that a user may also name without "/dev/".
+QString portPath(const QString& device);
+
+/// Returns why \a device cannot be used as a serial port and what to do, or an empty text. Looks at
+/// the file and its rights; whether another program holds the port only an open tells.
+QString portProblem(const QString& device);
+
+/// Returns what \a user can do to be allowed to use the port: which group to join and how, or that
+/// its rights have to be changed.
+QString rightsAdvice(const PortRights& rights, const QString& user);
+
+/// Returns a text that changes when the device is pulled out, or pulled out and put back; empty
+/// when it is not there.
+QString portIdentity(const QString& device);

@@ -1,0 +1,161 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "digitizer/CaptureCommand.h"
+
+#include "ReferenceHost/Console.h"
+#include "ReferenceHost/OptionValues.h"
+#include "ReferenceHost/PieceDrawing.h"
+#include "ReferenceHost/PortAccess.h"
+#include "digitizer/CaptureSession.h"
+#include "digitizer/LineTap.h"
+
+#include <QFileInfo>
+
+#include <limits>
+#include <memory>
+
+namespace {
+
+const QString driverOption = QStringLiteral("driver");
+const QString deviceOption = QStringLiteral("device");
+const QString countOption = QStringLiteral("count");
+const QString formatOption = QStringLiteral("format");
+const QString buttonsOption = QStringLiteral("buttons");
+const QString recordOption = QStringLiteral("record");
+const QString pictureOption = QStringLiteral("picture");
+
+Driver usableDriver(const QCommandLineParser& parser)
+{
+    const QString name =
+        requiredValue(parser, driverOption, QStringLiteral("'digitizer drivers' lists the names"));
+    const Driver driver = requiredDriver(name);
+    if (!driver.isUsable())
+        throw CommandError(QStringLiteral("the description %1 is broken ('digitizer lint %1' says "
+                                          "why)")
+                               .arg(driver.file));
+    return driver;
+}
+
+QString usablePort(const QCommandLineParser& parser)
+{
+    const QString device =
+        requiredValue(parser, deviceOption, QStringLiteral("'digitizer ports' lists the ports"));
+    if (device == QLatin1String("File:"))
+        throw CommandError(QStringLiteral("--device File: is the digital pen; use 'digitizer "
+                                          "import'"),
+                           ExitUsage);
+    const QString problem = portProblem(device);
+    if (!problem.isEmpty())
+        throw CommandError(problem);
+    return portPath(device);
+}
+
+// Before anything is traced: a picture that cannot be saved would cost the user's work.
+QString writablePicture(const QCommandLineParser& parser)
+{
+    const QString path = parser.value(pictureOption);
+    if (!parser.isSet(pictureOption))
+        return path;
+    if (!PieceDrawing::canSave(path))
+        throw CommandError(
+            QStringLiteral("--picture is '%1', but must end in .svg or .png").arg(path), ExitUsage);
+    const QFileInfo folder(QFileInfo(path).absolutePath());
+    if (!folder.isDir() || !folder.isWritable())
+        throw CommandError(
+            QStringLiteral("cannot write into the folder %1").arg(folder.filePath()));
+    return path;
+}
+
+CaptureOptions parseOptions(const QCommandLineParser& parser)
+{
+    CaptureOptions options;
+    const QStringList formats = ReportWriter::formatNames();
+    options.format =
+        ReportWriter::Format(formats.indexOf(choiceValue(parser, formatOption, formats)));
+    options.count = numberValue(parser, countOption, 1, std::numeric_limits<int>::max(), 0);
+    if (parser.isSet(buttonsOption))
+        options.roles = parseButtonRoles(parser.value(buttonsOption));
+    options.driver = usableDriver(parser);
+    if (!parser.isSet(buttonsOption))
+        options.roles = standardButtonRoles(options.driver);
+    options.device = usablePort(parser);
+    return options;
+}
+
+int savePicture(const QVector<Piece>& pieces, const QString& path)
+{
+    const QString problem =
+        pieces.isEmpty() ? QStringLiteral("nothing was traced, so %1 is not written").arg(path)
+                         : PieceDrawing(pieces).save(path);
+    if (problem.isEmpty())
+        return ExitSuccess;
+    printError(problem);
+    return ExitFailure;
+}
+
+int run(const QCommandLineParser& parser)
+{
+    const QString picture = writablePicture(parser);
+    const CaptureOptions options = parseOptions(parser);
+    std::unique_ptr<LineTap> tap;
+    if (parser.isSet(recordOption))
+        tap = std::make_unique<LineTap>(options.driver, options.device, parser.value(recordOption));
+    CaptureSession session(options);
+    QString problem = session.run(tap ? tap->port() : options.device);
+    if (tap && problem.isEmpty())
+        problem = tap->problem();
+    if (!problem.isEmpty())
+        printError(problem);
+    const int pictureStatus =
+        picture.isEmpty() ? ExitSuccess : savePicture(session.pieces(), picture);
+    return problem.isEmpty() ? pictureStatus : ExitFailure;
+}
+
+} // namespace
+
+Command captureCommand()
+{
+    Command command;
+    command.name = QStringLiteral("capture");
+    command.summary = QStringLiteral("take reports from a tablet on a serial port");
+    command.description = QStringList{
+        QStringLiteral("Opens the tablet and writes one line for each press of a button, at once: "
+                       "its number, the point in centimetres, the button, and what the button "
+                       "means. Ctrl-C closes the device; the last line is then the library's "
+                       "closing report."),
+        QStringLiteral("Buttons mean: 1 corner, 2 curve point, 3 punch hole, 4 end of piece; on "
+                       "tablets with sixteen buttons 5 is a notch. With \"Lectra E92\" the same "
+                       "four begin at button 2.")};
+    command.options = {
+        {driverOption, QStringLiteral("The description to use; 'digitizer drivers' lists them."),
+         QStringLiteral("NAME")},
+        {deviceOption, QStringLiteral("The serial port, such as /dev/ttyUSB0."),
+         QStringLiteral("PORT")},
+        {countOption, QStringLiteral("Ends after N reports."), QStringLiteral("N")},
+        {formatOption,
+         QStringLiteral("text (default), csv, or json with one object a line. Numbers are exact "
+                        "in csv and json, and rounded to 4 decimals in text."),
+         QStringLiteral("FORMAT")},
+        {buttonsOption,
+         QStringLiteral("Another meaning of the buttons, for instance "
+                        "1=corner,2=curve,3=hole,4=end,5=notch. A button left out has none."),
+         QStringLiteral("MAP")},
+        {recordOption,
+         QStringLiteral("Records every byte of the line with its time into a new file, which "
+                        "'tablet-simulator --replay' sends again."),
+         QStringLiteral("FILE")},
+        {pictureOption,
+         QStringLiteral("Draws the pieces at the end, as SVG at true size or as PNG, by the "
+                        "extension. A piece without its end is drawn dashed."),
+         QStringLiteral("FILE")},
+    };
+    command.examples = {
+        {QStringLiteral("digitizer capture --driver \"Wacom II-S ASCII (SD-510C, ArtPad)\" "
+                        "--device /dev/ttyUSB0 --picture pieces.svg"),
+         QStringLiteral("Traces pieces until Ctrl-C and draws them.")}};
+    command.exitStatusNotes = QStringList{
+        QStringLiteral("Ctrl-C and the end of --count are success; a tablet that was pulled out is "
+                       "not, but what was traced until then is drawn.")};
+    command.run = run;
+    return command;
+}

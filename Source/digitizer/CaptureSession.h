@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ReferenceHost/DriverList.h"
+#include "ReferenceHost/PieceRecorder.h"
+#include "ReferenceHost/ReportWriter.h"
+#include "ReferenceHost/StopSignals.h"
+#include "ReferenceHost/UnreadInput.h"
+
+#include <QEventLoop>
+#include <QObject>
+#include <QTimer>
+
+/// What the user asked for.
+struct CaptureOptions
+{
+    Driver driver;
+    QString device;
+    int count = 0; ///< reports after which capturing ends; 0 for no limit
+    ReportWriter::Format format = ReportWriter::Text;
+    ButtonRoles roles;
+};
+
+/// Takes reports from the tablet until the user, the wanted number or a fault ends it.
+class CaptureSession : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit CaptureSession(const CaptureOptions& options);
+    ~CaptureSession() override;
+
+    /// Opens the device at the path \a port, which is the user's or stands in for it, captures, and
+    /// closes it. Returns an empty text when capturing ended as wanted, or what ended it. Throws a
+    /// CommandError when the device does not open.
+    QString run(const QString& port);
+
+    /// Returns what was traced so far.
+    QVector<Piece> pieces() const { return m_recorder.pieces(); }
+
+    /// Ends capturing at the next turn of the event loop, for the reason given.
+    void stop(const QString& problem = QString());
+
+private:
+    void open(const QString& port);
+    void receive(const MavSystem::DigitalReport& report);
+    void lookAfterLine();
+
+    CaptureOptions m_options;
+    ReportWriter m_writer;
+    PieceRecorder m_recorder;
+    StopSignals m_signals;
+    UnreadInput m_unread;
+    QTimer m_lineTimer;
+    QEventLoop m_loop;
+    QString m_identity; // of the device when it was opened
+    QString m_problem;
+    int m_reports = 0;
+    bool m_ending = false;
+    bool m_warnedOfUnread = false;
+};

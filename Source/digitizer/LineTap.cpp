@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "digitizer/LineTap.h"
+
+#include "QextSerialPort/qextserialport.h"
+#include "ReferenceHost/Command.h"
+#include "ReferenceHost/DescriptionTexts.h"
+
+#include <QSocketNotifier>
+
+namespace {
+
+RecordedSession headerOf(const Driver& driver)
+{
+    RecordedSession session;
+    session.tablet = driver.name;
+    session.driver = driver.name;
+    session.settings = lineSettingsText(driver.description.m_portSettings);
+    session.date = QDateTime::currentDateTime();
+    return session;
+}
+
+void apply(const PortSettings& settings, QextSerialPort& port)
+{
+    port.setBaudRate(settings.BaudRate);
+    port.setFlowControl(settings.FlowControl);
+    port.setParity(settings.Parity);
+    port.setStopBits(settings.StopBits);
+    port.setDataBits(settings.DataBits);
+}
+
+} // namespace
+
+LineTap::LineTap(const Driver& driver, const QString& device, const QString& path)
+    : m_port(new QextSerialPort(QextSerialPort::EventDriven, this)),
+      m_writer(path, headerOf(driver))
+{
+    if (!problem().isEmpty())
+        throw CommandError(
+            QStringLiteral("the recording '%1' cannot be made: %2").arg(path, problem()));
+    if (!m_terminal.isOpen())
+        throw CommandError(
+            QStringLiteral("there is no pseudo-terminal: %1").arg(m_terminal.errorString()));
+    m_port->setPortName(device);
+    apply(driver.description.m_portSettings, *m_port);
+    if (!m_port->open(QIODevice::ReadWrite))
+        throw CommandError(
+            QStringLiteral("%1 cannot be used: %2").arg(device, m_port->errorString()));
+    m_clock.start();
+    connect(m_port, &QextSerialPort::readyRead, this, &LineTap::passToDriver);
+    auto* const notifier =
+        new QSocketNotifier(m_terminal.descriptor(), QSocketNotifier::Read, this);
+    connect(notifier, &QSocketNotifier::activated, this, &LineTap::passToTablet);
+}
+
+LineTap::~LineTap() = default;
+
+void LineTap::passToDriver()
+{
+    const QByteArray bytes = m_port->readAll();
+    m_writer.append({m_clock.elapsed(), bytes});
+    m_terminal.write(bytes);
+}
+
+void LineTap::passToTablet()
+{
+    m_port->write(m_terminal.read());
+}
