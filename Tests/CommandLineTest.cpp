@@ -3,9 +3,8 @@
 #include "ReferenceHost/CommandLine.h"
 #include "ReferenceHost/NearestNames.h"
 #include "ReferenceHost/ShippedDescriptions.h"
-#include "support/TestHost.h"
+#include "support/ProgramRun.h"
 
-#include <QProcess>
 #include <QtTest>
 
 /// The command line that the programs share, and what they do when they start.
@@ -22,31 +21,6 @@ private slots:
     void shippedDescriptionsAreKeptUpToDate_data();
     void shippedDescriptionsAreKeptUpToDate();
 };
-
-namespace {
-
-struct Result
-{
-    int exitStatus;
-    QString output;
-    QString errors;
-};
-
-Result runDigitizer(const TestHost& host, const QStringList& arguments)
-{
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("XDG_DATA_HOME"), host.path(QStringLiteral("home")));
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), host.path(QStringLiteral("home")));
-    process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(PROGRAM_DIRECTORY "/digitizer"), arguments);
-    if (!process.waitForFinished(20000))
-        return {-1, {}, process.errorString()};
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
-}
-
-} // namespace
 
 void CommandLineTest::aWrongCommandLineIsOneClearLine_data()
 {
@@ -71,7 +45,8 @@ void CommandLineTest::aWrongCommandLineIsOneClearLine()
     QFETCH(QString, arguments);
     QFETCH(QString, message);
     const TestHost host;
-    const Result result = runDigitizer(host, arguments.split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    const ProgramRun result =
+        runDigitizer(host, arguments.split(QLatin1Char(' '), Qt::SkipEmptyParts));
     QCOMPARE(result.errors, QStringLiteral("digitizer: %1\n").arg(message));
     QCOMPARE(result.exitStatus, int(ExitUsage));
     QCOMPARE(result.output, QString());

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/PortAccess.h"
 
+#include "ReferenceHost/PortHolders.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -33,7 +35,8 @@ QString openProblem(const QString& path)
 {
     const int port = open(QFile::encodeName(path).constData(), O_RDWR | O_NOCTTY | O_NONBLOCK);
     if (port < 0)
-        return errno == EBUSY ? QStringLiteral("another program has %1 open").arg(path)
+        return errno == EBUSY ? QStringLiteral("another program has %1 open: %2")
+                                    .arg(path, holdersText(portHolders(path)))
                               : QStringLiteral("%1 does not open: %2")
                                     .arg(path, QString::fromLocal8Bit(std::strerror(errno)));
     const bool isTerminal = isatty(port) != 0;
@@ -48,7 +51,7 @@ QString portPath(const QString& device)
     return device.contains(QLatin1Char('/')) ? device : QStringLiteral("/dev/") + device;
 }
 
-QString portProblem(const QString& device)
+QString rightsProblem(const QString& device)
 {
     const QString path = portPath(device);
     struct stat status;
@@ -56,11 +59,17 @@ QString portProblem(const QString& device)
         return QStringLiteral("there is no port %1 ('digitizer ports' lists the ports)").arg(path);
     if (!S_ISCHR(status.st_mode))
         return QStringLiteral("%1 is not a serial port").arg(path);
-    if (access(QFile::encodeName(path).constData(), R_OK | W_OK) != 0)
-        return rightsAdvice(
-            {path, userName(status.st_uid), groupName(status.st_gid), status.st_mode & 0777U},
-            userName(geteuid()));
-    return openProblem(path);
+    if (access(QFile::encodeName(path).constData(), R_OK | W_OK) == 0)
+        return {};
+    return rightsAdvice(
+        {path, userName(status.st_uid), groupName(status.st_gid), status.st_mode & 0777U},
+        userName(geteuid()));
+}
+
+QString portProblem(const QString& device)
+{
+    const QString problem = rightsProblem(device);
+    return problem.isEmpty() ? openProblem(portPath(device)) : problem;
 }
 
 QString rightsAdvice(const PortRights& rights, const QString& user)

@@ -16,8 +16,12 @@ struct PortRights
 /// Returns the path of the port that a user may also name without "/dev/".
 QString portPath(const QString& device);
 
-/// Returns why \a device cannot be used as a serial port and what to do, or an empty text. Looks at
-/// the file and its rights; whether another program holds the port only an open tells.
+/// Returns why this user may not use \a device as a serial port and what to do, or an empty text.
+/// Does not open it.
+QString rightsProblem(const QString& device);
+
+/// Returns why \a device cannot be used as a serial port and what to do, or an empty text. Opens it
+/// for a moment, which alone tells whether it is a terminal and not taken.
 QString portProblem(const QString& device);
 
 /// Returns what \a user can do to be allowed to use the port: which group to join and how, or that

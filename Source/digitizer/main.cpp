@@ -2,9 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/CommandLine.h"
 #include "ReferenceHost/StandardHost.h"
+#include "digitizer/BeepCommand.h"
 #include "digitizer/CaptureCommand.h"
+#include "digitizer/CheckCommand.h"
+#include "digitizer/DoctorCommand.h"
 #include "digitizer/DriversCommand.h"
 #include "digitizer/LintCommand.h"
+#include "digitizer/PortsCommand.h"
 
 #include <QGuiApplication>
 
@@ -24,9 +28,8 @@ Program digitizerProgram()
                        "XML file, or from the files of a digital pen. Coordinates are "
                        "centimetres.")};
     program.commands = {
-        captureCommand(),
-        driversCommand(),
-        lintCommand(),
+        captureCommand(), driversCommand(), checkCommand(),  portsCommand(),
+        beepCommand(),    lintCommand(),    doctorCommand(),
     };
     program.files = {
         {QStringLiteral("~/.local/share/DigitizerGeneric/generated"),

@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "digitizer/BeepCommand.h"
+
+#include "DigitizerGeneric/Digitizer/Digitizer.h"
+#include "ReferenceHost/DeviceCheck.h"
+#include "ReferenceHost/DriverList.h"
+#include "ReferenceHost/OptionValues.h"
+#include "ReferenceHost/XmlOutline.h"
+
+#include <QFile>
+
+namespace {
+
+bool hasBeep(const Driver& driver)
+{
+    QFile file(driver.file);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const XmlOutline outline = xmlOutline(file.readAll());
+    const XmlElement* beepString =
+        outline.root ? outline.root->child(QStringLiteral("beepString")) : nullptr;
+    return beepString && beepString->child(QStringLiteral("character"));
+}
+
+void requireBeep(const QString& driver)
+{
+    const Driver described = requiredDriver(driver);
+    if (!hasBeep(described))
+        throw CommandError(
+            QStringLiteral("the description %1 has no beep (an element \"beepString\")")
+                .arg(described.file));
+}
+
+int run(const QCommandLineParser& parser)
+{
+    const QString driver = requiredValue(parser, QStringLiteral("driver"),
+                                         QStringLiteral("'digitizer drivers' lists the names"));
+    const QString device = requiredValue(parser, QStringLiteral("device"),
+                                         QStringLiteral("'digitizer ports' lists the ports"));
+    if (device == QLatin1String("File:"))
+        throw CommandError(QStringLiteral("--device is File:, but a digital pen cannot beep"),
+                           ExitUsage);
+    requireBeep(driver);
+    const DeviceCheck check = checkDevice(driver, device);
+    if (!check.isUsable())
+        throw CommandError(QStringLiteral("%1: %2").arg(check.answer, check.advice));
+    const auto digitizer = MavSystem::Digitizer::instance();
+    if (!digitizer->open())
+        return ExitFailure; // the library has shown why
+    digitizer->digitBeep();
+    digitizer->close();
+    return ExitSuccess;
+}
+
+} // namespace
+
+Command beepCommand()
+{
+    Command command;
+    command.name = QStringLiteral("beep");
+    command.summary = QStringLiteral("make a tablet beep");
+    command.description = QStringList{
+        QStringLiteral("Opens the tablet, sends the bytes of the description's \"beepString\", "
+                       "shows them, and closes it. A tablet that beeps is at that port and "
+                       "understands its settings; one that stays silent may have no beep.")};
+    command.options = {{QStringLiteral("driver"),
+                        QStringLiteral("The description to use; 'digitizer drivers' lists them."),
+                        QStringLiteral("NAME")},
+                       {QStringLiteral("device"),
+                        QStringLiteral("The serial port, such as /dev/ttyUSB0."),
+                        QStringLiteral("PORT")}};
+    command.run = run;
+    return command;
+}

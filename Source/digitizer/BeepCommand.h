@@ -1,0 +1,8 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ReferenceHost/Command.h"
+
+/// The command "beep": makes a tablet beep.
+Command beepCommand();

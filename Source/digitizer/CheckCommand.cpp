@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "digitizer/CheckCommand.h"
+
+#include "ReferenceHost/Console.h"
+#include "ReferenceHost/DeviceCheck.h"
+#include "ReferenceHost/OptionValues.h"
+
+namespace {
+
+int run(const QCommandLineParser& parser)
+{
+    const QString driver = requiredValue(parser, QStringLiteral("driver"),
+                                         QStringLiteral("'digitizer drivers' lists the names"));
+    const QString device = requiredValue(parser, QStringLiteral("device"),
+                                         QStringLiteral("'digitizer ports' lists the ports"));
+    const DeviceCheck check = checkDevice(driver, device);
+    if (!check.isUsable())
+        throw CommandError(QStringLiteral("%1: %2").arg(check.answer, check.advice));
+    return printOutput(check.answer + QLatin1Char('\n')) ? ExitSuccess : ExitFailure;
+}
+
+} // namespace
+
+Command checkCommand()
+{
+    Command command;
+    command.name = QStringLiteral("check");
+    command.summary = QStringLiteral("say whether a tablet can be used, and if not what to do");
+    command.description = QStringList{QStringLiteral(
+        "Asks the driver whether it can use the device: an installed description "
+        "has the name, and the port opens. Prints the driver's answer; when the "
+        "device cannot be used, also what to do next. Nothing is sent to the tablet, "
+        "so one that is switched off passes.")};
+    command.options = {
+        {QStringLiteral("driver"),
+         QStringLiteral("The description to use; 'digitizer drivers' lists them."),
+         QStringLiteral("NAME")},
+        {QStringLiteral("device"),
+         QStringLiteral("The serial port, such as /dev/ttyUSB0, or File: for the digital pen."),
+         QStringLiteral("PORT")}};
+    command.examples = {{QStringLiteral("digitizer check --driver \"Generic 5-5-1 (ASCII)\" "
+                                        "--device /dev/ttyUSB0"),
+                         QStringLiteral("Whether that tablet can be used at that port.")}};
+    command.exitStatusNotes =
+        QStringList{QStringLiteral("'check' ends with 0 when the device can be used.")};
+    command.run = run;
+    return command;
+}

@@ -1,0 +1,111 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "digitizer/DoctorCommand.h"
+
+#include "ReferenceHost/Console.h"
+#include "ReferenceHost/LintFiles.h"
+#include "ReferenceHost/PortList.h"
+#include "ReferenceHost/PrivateNames.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSettings>
+#include <QSysInfo>
+
+namespace {
+
+QString section(const QString& title, const QString& lines)
+{
+    return QStringLiteral("%1\n%2\n")
+        .arg(title, lines.isEmpty() ? QStringLiteral("  none\n") : lines);
+}
+
+QString entry(const QString& name, const QString& value)
+{
+    return QStringLiteral("  %1  %2\n").arg(name.leftJustified(16), value);
+}
+
+QString versions()
+{
+    return entry(QStringLiteral("DigitizerGeneric"), QStringLiteral(DIGITIZER_VERSION)) +
+           entry(QStringLiteral("Qt"),
+                 QStringLiteral("%1, built with %2")
+                     .arg(QLatin1String(qVersion()), QLatin1String(QT_VERSION_STR))) +
+           entry(QStringLiteral("kernel"),
+                 QSysInfo::kernelType() + QLatin1Char(' ') + QSysInfo::kernelVersion()) +
+           entry(QStringLiteral("distribution"), QSysInfo::prettyProductName()) +
+           entry(QStringLiteral("processor"), QSysInfo::currentCpuArchitecture());
+}
+
+QString ports()
+{
+    QString lines;
+    for (const PortEntry& port : serialPorts())
+        lines += QStringLiteral("  ") +
+                 textOf(port).trimmed().replace(QLatin1Char('\n'), QLatin1String("\n  ")) +
+                 QLatin1Char('\n');
+    return lines;
+}
+
+QString descriptions()
+{
+    const QStringList paths = installedFiles();
+    QString lines;
+    for (const LintedFile& file : lintFiles(paths, paths)) {
+        const QString name = QFileInfo(file.path).fileName();
+        const QString state = file.unreadable           ? *file.unreadable
+                              : file.findings.isEmpty() ? QStringLiteral("no fault")
+                                                        : QStringLiteral("see below");
+        lines += QStringLiteral("  %1: %2\n").arg(name, state);
+        for (const LintFinding& finding : file.findings)
+            lines += QStringLiteral("    %1\n").arg(textOf(name, finding));
+    }
+    return lines;
+}
+
+// The keys that the driver reads, and no other: a host may keep there what is nobody's business.
+QString settings()
+{
+    const char* const keys[] = {"driver",
+                                "device",
+                                "extended4Buttons",
+                                "digitizePiecesView",
+                                "viewDigizedPoints",
+                                "highPrecision",
+                                "digitizer_file_directory"};
+    const QSettings stored;
+    QString lines;
+    for (const char* const key : keys) {
+        if (stored.contains(QLatin1String(key)))
+            lines += entry(QLatin1String(key), stored.value(QLatin1String(key)).toString());
+    }
+    return lines;
+}
+
+int run(const QCommandLineParser& /*parser*/)
+{
+    const QString report = section(QStringLiteral("Versions"), versions()) +
+                           section(QStringLiteral("Serial ports"), ports()) +
+                           section(QStringLiteral("Installed descriptions"), descriptions()) +
+                           section(QStringLiteral("Settings"), settings());
+    const bool printed = printOutput(withoutPrivateNames(report, ownPrivateNames()));
+    return printed ? ExitSuccess : ExitFailure;
+}
+
+} // namespace
+
+Command doctorCommand()
+{
+    Command command;
+    command.name = QStringLiteral("doctor");
+    command.summary = QStringLiteral("write one report to send along with a question");
+    command.description = QStringList{
+        QStringLiteral("Writes what somebody needs to know who is to help: versions, serial ports "
+                       "and the rights on them, the installed descriptions and their faults, the "
+                       "driver's settings. The home folder is shown as ~; the names of the user "
+                       "and the machine and all environment variables are left out.")};
+    command.examples = {
+        {QStringLiteral("digitizer doctor > report.txt"), QStringLiteral("A file to attach.")}};
+    command.run = run;
+    return command;
+}
