@@ -31,6 +31,7 @@ install(TARGETS DigitizerGeneric MavCore MavGeo QextSerialPort EXPORT DigitizerG
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 get_property(programs GLOBAL PROPERTY digitizer_programs)
 install(TARGETS ${programs} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(DIRECTORY ${PROJECT_BINARY_DIR}/share/man/man1 DESTINATION ${CMAKE_INSTALL_MANDIR})
 install(DIRECTORY Plugins DESTINATION ${CMAKE_INSTALL_DATADIR}/DigitizerGeneric)
 
 set(package_directory ${CMAKE_INSTALL_LIBDIR}/cmake/DigitizerGeneric)
