@@ -87,7 +87,7 @@ bool runTablet(PseudoTerminal& tablet, const QVector<Transmission>& writes,
         if (!write(tablet, next.bytes))
             return false;
     }
-    if (!waitUntilTaken(tablet))
+    if (!waitUntilTaken(tablet) && !tablet.taken())
         return false;
     listen(tablet, lingering);
     while (options.stay && listen(tablet, 1000000)) {
