@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "DigitizerGeneric/Digitizer/Digitizer.h"
+#include "ReferenceHost/RecordedSession.h"
+#include "support/DescriptionBuilder.h"
+#include "support/RecordedMessages.h"
+#include "support/TestHost.h"
+#include "tablet-simulator/PseudoTerminal.h"
+
+#include <QtTest>
+
+#include <limits>
+
+using namespace MavSystem;
+
+/// Every recorded session Replay/*.log, chunk by chunk through a real pseudo-terminal and the
+/// driver. Beside it, *.expected has a line "time x y button" for each report: the time of the
+/// chunk that completes it, and the point in centimetres to nine decimals.
+class ReplayTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void sessionsGiveTheExpectedReports_data();
+    void sessionsGiveTheExpectedReports();
+};
+
+namespace {
+
+const char folder[] = SOURCE_DIRECTORY "/Tests/Replay/";
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void installDescriptions(TestHost& host)
+{
+    const QDir shipped(QStringLiteral(SOURCE_DIRECTORY "/Plugins/digitizer/generated"));
+    for (const QString& name : shipped.entryList(QDir::Files))
+        host.writeDescription(name, contentOf(shipped.filePath(name)));
+    host.writeDescription(QStringLiteral("lectra.xml"), DescriptionBuilder("Lectra E92").xml());
+}
+
+QString textOf(const DigitalReport& report)
+{
+    return QStringLiteral("%1 %2 %3")
+        .arg(QString::number(report.coordinate().x(), 'f', 9),
+             QString::number(report.coordinate().y(), 'f', 9))
+        .arg(report.m_button_number);
+}
+
+// The reports that are there after the chunk of \a milliseconds.
+QStringList expectedUntil(const QByteArray& expected, qint64 milliseconds)
+{
+    QStringList reports;
+    for (const QByteArray& line : expected.split('\n')) {
+        const int blank = line.indexOf(' ');
+        if (blank > 0 && !line.startsWith('#') && line.left(blank).toLongLong() <= milliseconds)
+            reports << QString::fromUtf8(line.mid(blank + 1));
+    }
+    return reports;
+}
+
+} // namespace
+
+void ReplayTest::sessionsGiveTheExpectedReports_data()
+{
+    QTest::addColumn<QString>("session");
+    const QStringList logs =
+        QDir(QLatin1String(folder)).entryList({QStringLiteral("*.log")}, QDir::Files);
+    QVERIFY(!logs.isEmpty());
+    for (const QString& log : logs)
+        QTest::newRow(qPrintable(log)) << QLatin1String(folder) + QFileInfo(log).baseName();
+}
+
+void ReplayTest::sessionsGiveTheExpectedReports()
+{
+    QFETCH(QString, session);
+    const ReadSession read = readSession(contentOf(session + QLatin1String(".log")));
+    QCOMPARE(read.error, QString());
+    QVERIFY(!read.session.chunks.isEmpty());
+    const QByteArray expected = contentOf(session + QLatin1String(".expected"));
+    QVERIFY2(!expected.isEmpty(), "there is no expectation beside the log");
+
+    TestHost host;
+    installDescriptions(host);
+    const RecordedMessages messages(true);
+    PseudoTerminal tablet;
+    QStringList reports;
+    DigitalReport::registerHandle([&](const DigitalReport& report) { reports << textOf(report); });
+    const auto digitizer = Digitizer::instance();
+    const auto atEnd = qScopeGuard([&] {
+        DigitalReport::unregisterHandle();
+        digitizer->close();
+        // The "Lectra E92" keeps a log of its own beside the program.
+        QFile::remove(QCoreApplication::applicationDirPath() + QLatin1String("/received_data.txt"));
+    });
+    digitizer->selectDevice(read.session.driver, tablet.path());
+    QVERIFY(digitizer->open());
+    digitizer->readReport();
+    for (const RecordedSession::Chunk& chunk : read.session.chunks) {
+        const int before = RecordedMessages::texts().size();
+        QVERIFY(tablet.write(chunk.bytes));
+        QTRY_VERIFY(RecordedMessages::texts().size() > before); // the driver has looked at it
+        QCOMPARE(reports, expectedUntil(expected, chunk.milliseconds));
+    }
+    QCOMPARE(reports.size(), expectedUntil(expected, std::numeric_limits<qint64>::max()).size());
+}
+
+QTEST_GUILESS_MAIN(ReplayTest)
+#include "ReplayTest.moc"
