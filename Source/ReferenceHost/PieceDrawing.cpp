@@ -108,11 +108,39 @@ void drawCornerMarks(QPainter& painter, const Piece& piece)
     }
 }
 
-// A label beside the holes, which lie where darts and pockets are.
+// The widest stretch of \a outline's inside on a level.
+QLineF widestInside(const QPainterPath& outline, double level)
+{
+    constexpr int samples = 80;
+    const QRectF bounds = outline.boundingRect();
+    QLineF widest;
+    QLineF current;
+    for (int sample = 0; sample <= samples; ++sample) {
+        const QPointF point(bounds.left() + bounds.width() * sample / samples, level);
+        if (!outline.contains(point)) {
+            current = QLineF();
+            continue;
+        }
+        current = current.isNull() ? QLineF(point, point + QPointF(1e-6, 0))
+                                   : QLineF(current.p1(), point);
+        if (current.length() > widest.length())
+            widest = current;
+    }
+    return widest;
+}
+
+// Inside the piece, where a dart or a deep curve leaves the most room.
 QPointF labelPlace(const Piece& piece)
 {
-    const QRectF bounds = boundsOf(piece);
-    return {bounds.center().x(), bounds.top() + bounds.height() * 0.25};
+    const QPainterPath outline = outlineOf(piece);
+    const QRectF bounds = outline.boundingRect();
+    QLineF best(bounds.center(), bounds.center());
+    for (const double share : {0.3, 0.4, 0.5, 0.6, 0.7}) {
+        const QLineF stretch = widestInside(outline, bounds.top() + bounds.height() * share);
+        if (stretch.length() > best.length())
+            best = stretch;
+    }
+    return best.center();
 }
 
 void drawPiece(QPainter& painter, const Piece& piece, int number)

@@ -48,7 +48,9 @@ QString openProblem(const QString& path)
 
 QString portPath(const QString& device)
 {
-    return device.contains(QLatin1Char('/')) ? device : QStringLiteral("/dev/") + device;
+    // The port layer looks for a relative path below /dev.
+    return device.contains(QLatin1Char('/')) ? QFileInfo(device).absoluteFilePath()
+                                             : QStringLiteral("/dev/") + device;
 }
 
 QString rightsProblem(const QString& device)
