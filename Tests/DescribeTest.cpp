@@ -1,13 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/FieldDecoding.h"
+#include "ReferenceHost/DescriptionLint.h"
 #include "ReferenceHost/DescriptionProposal.h"
 #include "ReferenceHost/PressProtocol.h"
 #include "ReferenceHost/ResolutionEstimate.h"
 #include "support/TestHost.h"
+#include "tablet-simulator/PseudoTerminal.h"
 #include "tablet-simulator/ReportEncoder.h"
 
 #include <QPointF>
+#include <QProcess>
 #include <QRandomGenerator>
 #include <QtTest>
 
@@ -30,6 +33,7 @@ private slots:
     void resolutionsAreRecognised_data();
     void resolutionsAreRecognised();
     void pausesPartThePresses();
+    void theUserIsGuided();
 };
 
 namespace {
@@ -84,13 +88,11 @@ QVector<QPointF> points(int presses, QPointF origin, quint32 trial)
 {
     QRandomGenerator random(seed + trial);
     QVector<QPointF> points = {{0, 0}, {30, 0}, {0, 30}};
-    for (QPointF& point : points)
-        point += QPointF(random.bounded(20), random.bounded(20)) / 1000;
     points << QPointF(5 + random.bounded(20.0), 5 + random.bounded(20.0));
     while (points.size() < presses)
         points << points.last();
     for (QPointF& point : points)
-        point += origin;
+        point += origin + QPointF(random.bounded(20), random.bounded(20)) / 1000;
     return points;
 }
 
@@ -149,7 +151,7 @@ QString propose(const QVector<QByteArray>& pressed, QString* error)
     line.FlowControl = FLOW_OFF;
     return error->isEmpty()
                ? proposeDescription(split, layout,
-                                    {QStringLiteral("found <&> \"again\""), line, 30.0})
+                                    {QStringLiteral("found <&> \"again\""), line, true, 30.0})
                : QString();
 }
 
@@ -158,11 +160,29 @@ DigitalReport decode(const DigitizerArgument& description, const QByteArray& tex
     return FieldDecoding::reportOf(description, ReportLayout(description), text.constData(), 3);
 }
 
+QString faultsOf(const QByteArray& description)
+{
+    QString faults;
+    for (const LintFinding& finding : lintDescription(description))
+        faults += textOf(QStringLiteral("proposal"), finding) + QLatin1Char('\n');
+    return faults;
+}
+
 bool same(const DigitalReport& left, const DigitalReport& right)
 {
     return left.coordinate().x() == right.coordinate().x() &&
            left.coordinate().y() == right.coordinate().y() &&
            left.m_button_number == right.m_button_number;
+}
+
+void start(QProcess& process, const TestHost& host, const QStringList& arguments)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_DATA_HOME"), host.path(QStringLiteral("home")));
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), host.path(QStringLiteral("home")));
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(PROGRAM_DIRECTORY "/digitizer"),
+                  QStringList{QStringLiteral("describe")} + arguments);
 }
 
 const QByteArray four = R"(<buttons count="4" length="1"><button>1</button><button>2</button>
@@ -206,11 +226,12 @@ void DescribeTest::layoutsAreFoundAgain()
     const auto original = load("original");
     const int signs = rolesOf(*original).count('S');
     const QPointF origin(signs > 0 ? -15 : 2, signs > 1 ? -15 : 2);
-    for (quint32 trial = 0; trial < 25; ++trial) {
+    for (quint32 trial = 0; trial < 10; ++trial) {
         QString error;
         const QByteArray proposal = propose(simulate(*original, origin, trial), &error).toUtf8();
         QCOMPARE(error, QString());
         host.writeDescription(QStringLiteral("proposal.xml"), proposal);
+        QCOMPARE(faultsOf(proposal), QString());
         const auto found = load("found <&> \"again\"");
         QCOMPARE(found->m_reportLength, original->m_reportLength);
         QRandomGenerator random(seed + trial);
@@ -281,6 +302,14 @@ void DescribeTest::whatIsNotSureIsMarked_data()
     row("two a press", twice(presses(ended, 100, buttons)), "up to 2 reports came with one press");
     row("two a press, packed", twice(presses(packed, 100, buttons)), "repeats itself");
     row("packed", presses(packed, 100, buttons), "parted at position 5.");
+    row("a digit of y as if it were of the button",
+        {"00501,005071\r", "03502,005071\r", "00503,035071\r", "02004,019071\r", "02004,019082\r",
+         "02004,019074\r", "02005,019098\r"},
+        ">XXXXXUYYYYYBC<");
+    row("a digit of x as if it were the button",
+        {"100501,00507\r", "100502,03507\r", "103503,00507\r", "101904,02007\r", "201904,02008\r",
+         "401904,02007\r", "801905,02009\r"},
+        ">BYYYYYUXXXXXC<");
     row("no line end", presses(packed, 100, buttons), "all that came with one press");
     row("two buttons", presses(ended, 100, {"1", "2"}), "the code of button 3, 4 is not known");
     row("placeholders", presses(ended, 100, {"!", "2"}),
@@ -291,6 +320,10 @@ void DescribeTest::whatIsNotSureIsMarked_data()
     QVector<QByteArray> counted = presses(ended, 100, buttons);
     for (int press = 0; press < counted.size(); ++press)
         counted[press].prepend(QByteArray::number(37 + press) + ';');
+    QVector<QByteArray> marked = presses(ended, 100, buttons);
+    for (QByteArray& press : marked)
+        press.prepend("7;");
+    row("a constant digit", marked, "Position 0 was 7 in every report and is marked as unused");
     row("a counter", counted, "Positions 0 to 1 change too");
     row("sign of y only", presses("XXXXUSYYYYUBC", 100, {"1", "2"}), "cannot express a sign of y");
     row("never negative", presses("SXXXXSYYYYUBC", 100, {"1", "2"}),
@@ -314,9 +347,8 @@ void DescribeTest::whatIsNotSureIsMarked()
     const QString proposal = propose(pressed, &error);
     QCOMPARE(error, QString());
     QVERIFY2(proposal.contains(text), qPrintable(proposal));
-    TestHost host;
-    host.writeDescription(QStringLiteral("proposal.xml"), proposal.toUtf8());
-    QVERIFY(load("found <&> \"again\"")->m_reportLength > 0);
+    const QString faults = faultsOf(proposal.toUtf8());
+    QVERIFY2(!faults.contains(QLatin1String("error:")), qPrintable(faults));
 }
 
 void DescribeTest::resolutionsAreRecognised_data()
@@ -353,6 +385,55 @@ void DescribeTest::pausesPartThePresses()
     const QVector<RecordedSession::Chunk> chunks = {
         {1000, "123"}, {1399, "45"}, {1799, "678"}, {1800, "9"}, {9000, "0"}};
     QCOMPARE(PressProtocol::pressesOf(chunks), (QVector<QByteArray>{"12345", "6789", "0"}));
+}
+
+void DescribeTest::theUserIsGuided()
+{
+    TestHost host;
+    PseudoTerminal tablet;
+    QProcess process;
+    QByteArray dialog;
+    connect(&process, &QProcess::readyReadStandardError, this,
+            [&] { dialog += process.readAllStandardError(); });
+    const QString description = host.path(QStringLiteral("new.xml"));
+    const QString recording = host.path(QStringLiteral("new.log"));
+    const QStringList common = {QStringLiteral("--name"), QStringLiteral("New"),
+                                QStringLiteral("--distance"), QStringLiteral("30")};
+    start(process, host,
+          common + QStringList{QStringLiteral("--device"), tablet.path(),
+                               QStringLiteral("--output"), description, QStringLiteral("--record"),
+                               recording});
+    const auto pressed = presses("XXXXUYYYYUBC", 100, {"1", "2", "4"});
+    for (int i = 0; i < pressed.size(); ++i) {
+        const QByteArray prompt = QByteArray::number(i + 1) + ". ";
+        QTRY_VERIFY2(dialog.contains('\n' + prompt), dialog.constData());
+        if (i == 1) { // taken back and pressed again
+            QVERIFY(tablet.write("9999,9999,8\r"));
+            QTRY_VERIFY2(dialog.contains("\n3. "), dialog.constData());
+            dialog.clear();
+            process.write("r\n");
+            QTRY_VERIFY2(dialog.contains(prompt), dialog.constData());
+        }
+        QVERIFY(tablet.write(pressed.at(i).left(5)));
+        QVERIFY(tablet.write(pressed.at(i).mid(5)));
+    }
+    QTRY_VERIFY2(dialog.contains("\n7. "), dialog.constData());
+    process.write("\n");
+    QVERIFY2(process.waitForFinished(), dialog.constData());
+    QVERIFY2(process.exitCode() == 0, dialog.constData());
+    QFile file(description);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray proposal = file.readAll();
+    QVERIFY2(proposal.contains("\"12\">XXXXUYYYYUBC<"), proposal.constData());
+
+    start(process, host, common + QStringList{QStringLiteral("--from"), recording});
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.readAllStandardOutput(), proposal);
+    start(process, host,
+          common + QStringList{QStringLiteral("--from"), recording, QStringLiteral("--output"),
+                               description});
+    QVERIFY(process.waitForFinished());
+    QTRY_VERIFY2(dialog.contains("exists already; it is not overwritten"), dialog.constData());
 }
 
 QTEST_GUILESS_MAIN(DescribeTest)

@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/FieldDecoding.h"
 #include "ReferenceHost/LineMonitor.h"
+#include "support/TestHost.h"
+#include "tablet-simulator/PseudoTerminal.h"
 
+#include <QProcess>
 #include <QRegularExpression>
 #include <QtTest>
 
@@ -19,6 +22,8 @@ private slots:
     void bytesAreListedWithTheirRoles_data();
     void bytesAreListedWithTheirRoles();
     void theSummaryCounts();
+    void aLineIsShownUntilItEnds_data();
+    void aLineIsShownUntilItEnds();
 };
 
 namespace {
@@ -80,6 +85,7 @@ void MonitorTest::reportsAreFoundAmongBytes_data()
     row("damaged line end", ended, {"12,34,1\x8d\n56,78,2\r\n"}, "12,34,1\x8d\n[56,78,2\r\n]");
     row("zero byte", ended, {"12" + zero + "34,1\r\n"}, "[12" + zero + "34,1\r\n]");
     row("carriage return alone", "XXYYBC", {"12341\r1\r56782\r"}, "[12341\r]1\r[56782\r]");
+    row("two halves", "XXYYBC", {"12\r41\r56782\r"}, "12\r41\r[56782\r]");
     row("no line end", "XXUYYUB", {"12,34,156,78,2"}, "[12,34,1][56,78,2]");
     row("no line end, garbage", "XX.XUYYUB", {"a12.3,45,6"}, "a[12.3,45,6]");
     row("no line end, sign", "SXXSYYB", {"*+12-341"}, "*[+12-341]");
@@ -167,6 +173,43 @@ void MonitorTest::theSummaryCounts()
     QCOMPARE(listing.summary(),
              QStringLiteral("19 bytes, 3 reports (2.0 a second), 1 stray bytes, "
                             "1 unexpected characters; largest x 0.9000 cm, largest y 0.3400 cm\n"));
+}
+
+void MonitorTest::aLineIsShownUntilItEnds_data()
+{
+    QTest::addColumn<bool>("cablePulled");
+    QTest::newRow("stopped") << false;
+    QTest::newRow("cable pulled") << true;
+}
+
+void MonitorTest::aLineIsShownUntilItEnds()
+{
+    QFETCH(bool, cablePulled);
+    TestHost host;
+    PseudoTerminal tablet;
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_DATA_HOME"), host.path(QStringLiteral("home")));
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), host.path(QStringLiteral("home")));
+    process.setProcessEnvironment(environment);
+    QByteArray output;
+    connect(&process, &QProcess::readyReadStandardOutput, this,
+            [&] { output += process.readAllStandardOutput(); });
+    process.start(QStringLiteral(PROGRAM_DIRECTORY "/digitizer"),
+                  {QStringLiteral("monitor"), QStringLiteral("--device"), tablet.path(),
+                   QStringLiteral("--driver"), QStringLiteral("Genius NewSketch MM (500 LPI)")});
+    process.write("\n"); // once the port is open, the summary shows it
+    QTRY_VERIFY2(output.contains("0 bytes"), qPrintable(process.errorString()));
+    QVERIFY(tablet.write("?1234,0567,2\r\n12"));
+    QTRY_VERIFY2(output.contains("2 stray bytes"), output.constData()); // after a pause
+    QVERIFY2(output.contains("button 2 at 6.2679, 2.8800 cm"), output.constData());
+    if (cablePulled)
+        tablet.hangUp();
+    else
+        process.terminate();
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), cablePulled ? 1 : 0);
+    QVERIFY2(output.contains("16 bytes, 1 reports, 3 stray bytes"), output.constData());
 }
 
 QTEST_GUILESS_MAIN(MonitorTest)

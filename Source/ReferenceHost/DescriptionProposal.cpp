@@ -90,6 +90,12 @@ private:
 
 void Proposal::doubtLine()
 {
+    if (!m_facts.isLineKnown) {
+        doubt(Doubt::About::Line,
+              QStringLiteral("nothing says with which settings the bytes were read; these are the "
+                             "usual ones."));
+        return;
+    }
     doubt(Doubt::About::Line,
           QStringLiteral("the bytes were read with these settings and are text, but bytes do not "
                          "show parity, stop bits and flow control. Compare with the tablet's "

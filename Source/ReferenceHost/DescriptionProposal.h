@@ -15,6 +15,7 @@ struct TabletFacts
 {
     QString name;                   ///< the driver name
     PortSettings line;              ///< the settings with which the bytes were read
+    bool isLineKnown = true;        ///< otherwise the settings are only the usual ones
     std::optional<double> distance; ///< from the first press to the second, in centimetres
 };
 

@@ -43,4 +43,16 @@ QVector<QByteArray> pressesOf(const QVector<RecordedSession::Chunk>& chunks)
     return presses;
 }
 
+QString problemOf(const QVector<QByteArray>& presses)
+{
+    if (presses.size() >= minimumPresses && presses.size() <= maximumPresses)
+        return {};
+    return QStringLiteral("there are %1 presses, parted by pauses of %2 milliseconds; button 1 at "
+                          "four points and each further button once make %3 to %4")
+        .arg(presses.size())
+        .arg(pauseMilliseconds)
+        .arg(minimumPresses)
+        .arg(maximumPresses);
+}
+
 } // namespace PressProtocol

@@ -25,6 +25,10 @@ inline constexpr int placeCount = Middle + 1;
 /// Buttons beyond this number are not looked at by the driver.
 inline constexpr int maximumButtons = 16;
 
+/// Two buttons, or none can be told from the other; and all of them.
+inline constexpr int minimumPresses = placeCount + 1;
+inline constexpr int maximumPresses = placeCount + maximumButtons - 1;
+
 /// Returns the number of the button of press \a index, from 1.
 int buttonOf(int index);
 
@@ -37,5 +41,8 @@ inline constexpr int pauseMilliseconds = 400;
 
 /// Returns the bytes of each press: what lies between two pauses.
 QVector<QByteArray> pressesOf(const QVector<RecordedSession::Chunk>& chunks);
+
+/// Returns why the presses are too few or too many for the protocol, or an empty text.
+QString problemOf(const QVector<QByteArray>& presses);
 
 } // namespace PressProtocol

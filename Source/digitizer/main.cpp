@@ -5,9 +5,11 @@
 #include "digitizer/BeepCommand.h"
 #include "digitizer/CaptureCommand.h"
 #include "digitizer/CheckCommand.h"
+#include "digitizer/DescribeCommand.h"
 #include "digitizer/DoctorCommand.h"
 #include "digitizer/DriversCommand.h"
 #include "digitizer/LintCommand.h"
+#include "digitizer/MonitorCommand.h"
 #include "digitizer/PortsCommand.h"
 
 #include <QGuiApplication>
@@ -28,8 +30,8 @@ Program digitizerProgram()
                        "XML file, or from the files of a digital pen. Coordinates are "
                        "centimetres.")};
     program.commands = {
-        captureCommand(), driversCommand(), checkCommand(),  portsCommand(),
-        beepCommand(),    lintCommand(),    doctorCommand(),
+        captureCommand(), driversCommand(),  checkCommand(), portsCommand(),  beepCommand(),
+        monitorCommand(), describeCommand(), lintCommand(),  doctorCommand(),
     };
     program.files = {
         {QStringLiteral("~/.local/share/DigitizerGeneric/generated"),

@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "digitizer/LineOptions.h"
+
+#include "ReferenceHost/Command.h"
+#include "ReferenceHost/LineSettings.h"
+#include "ReferenceHost/OptionValues.h"
+#include "ReferenceHost/PortAccess.h"
+
+#include <algorithm>
+
+namespace LineOptions {
+
+QList<QCommandLineOption> options()
+{
+    QList<QCommandLineOption> result = {{QStringLiteral("device"),
+                                         QStringLiteral("The serial port, such as /dev/ttyUSB0."),
+                                         QStringLiteral("PORT")}};
+    for (const LineSettings::Setting& setting : LineSettings::settings()) {
+        const QStringList others = setting.accepted.mid(1);
+        result << QCommandLineOption(setting.name,
+                                     QStringLiteral("The line's %1: %2 (default), %3.")
+                                         .arg(setting.explanation, setting.accepted.constFirst(),
+                                              others.join(QStringLiteral(", "))),
+                                     QStringLiteral("TEXT"));
+    }
+    return result;
+}
+
+bool areGiven(const QCommandLineParser& parser)
+{
+    const auto& all = LineSettings::settings();
+    return std::any_of(all.begin(), all.end(), [&](const LineSettings::Setting& setting) {
+        return parser.isSet(setting.name);
+    });
+}
+
+PortSettings settings(const QCommandLineParser& parser, const PortSettings& others)
+{
+    PortSettings line = others;
+    for (const LineSettings::Setting& setting : LineSettings::settings()) {
+        const QString text = choiceValue(parser, setting.name, setting.accepted);
+        if (parser.isSet(setting.name))
+            setting.apply(line, text);
+    }
+    return line;
+}
+
+PortSettings usualSettings()
+{
+    PortSettings line;
+    for (const LineSettings::Setting& setting : LineSettings::settings())
+        setting.apply(line, setting.accepted.first());
+    return line;
+}
+
+QString device(const QCommandLineParser& parser)
+{
+    const QString device = requiredValue(parser, QStringLiteral("device"),
+                                         QStringLiteral("'digitizer ports' lists the ports"));
+    const QString problem = portProblem(device);
+    if (!problem.isEmpty())
+        throw CommandError(problem);
+    return portPath(device);
+}
+
+} // namespace LineOptions

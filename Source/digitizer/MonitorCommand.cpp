@@ -1,0 +1,141 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "digitizer/MonitorCommand.h"
+
+#include "DigitizerGeneric/Digitizer/FieldDecoding.h"
+#include "ReferenceHost/Console.h"
+#include "ReferenceHost/DriverList.h"
+#include "ReferenceHost/LineMonitor.h"
+#include "ReferenceHost/StopSignals.h"
+#include "digitizer/InputLines.h"
+#include "digitizer/LineOptions.h"
+#include "digitizer/SerialLine.h"
+
+#include <QEventLoop>
+#include <QTimer>
+
+using namespace MavSystem;
+
+namespace {
+
+const QString driverOption = QStringLiteral("driver");
+
+// The library's own decoding, on bytes that it would not have read by itself.
+std::optional<DigitalReport> decodeGeneric(const DigitizerArgument& description,
+                                           const ReportLayout& layout, const QByteArray& bytes)
+{
+    if (bytes.contains('\0'))
+        return std::nullopt;
+    return FieldDecoding::reportOf(description, layout, bytes.constData(),
+                                   FieldDecoding::decodeButton | FieldDecoding::decodeCoordinate);
+}
+
+std::optional<DigitalReport> decodeLectraE92(const QByteArray& bytes)
+{
+    constexpr int characters = 23;
+    if (bytes.size() < characters || bytes.left(characters).contains('\0'))
+        return std::nullopt;
+    return FieldDecoding::lectraE92ReportOf(bytes.constData());
+}
+
+LineMonitor monitorFor(const Driver& driver)
+{
+    if (driver.name.compare(QLatin1String("Lectra E92"), Qt::CaseInsensitive) == 0)
+        return LineMonitor(DigitizerArgument(), decodeLectraE92);
+    if (!driver.isUsable())
+        throw CommandError(QStringLiteral("the description %1 is broken ('digitizer lint %1' says "
+                                          "why)")
+                               .arg(driver.file));
+    const DigitizerArgument& description = driver.description;
+    return LineMonitor(description,
+                       [description, layout = ReportLayout(description)](const QByteArray& bytes) {
+                           return decodeGeneric(description, layout, bytes);
+                       });
+}
+
+// Returns whether the user stopped; otherwise the line has ended.
+bool showLine(SerialLine& line, LineMonitor& monitor)
+{
+    QEventLoop loop;
+    bool stopped = true;
+    const auto show = [&](const QString& text) {
+        if (!printOutput(text))
+            loop.quit();
+    };
+    QTimer quiet;
+    quiet.setSingleShot(true);
+    quiet.setInterval(LineMonitor::quietMilliseconds);
+    QObject::connect(&quiet, &QTimer::timeout, [&] { show(monitor.flush(line.elapsed())); });
+    QObject::connect(&line, &SerialLine::received, [&](const QByteArray& bytes) {
+        quiet.start();
+        show(monitor.take(line.elapsed(), bytes));
+    });
+    QObject::connect(&line, &SerialLine::ended, [&] {
+        stopped = false;
+        loop.quit();
+    });
+    const StopSignals stop;
+    QObject::connect(&stop, &StopSignals::stopRequested, &loop, &QEventLoop::quit);
+    const InputLines input;
+    QObject::connect(&input, &InputLines::entered, [&] { show(monitor.summary()); });
+    loop.exec();
+    show(monitor.flush(line.elapsed()) + monitor.summary());
+    return stopped;
+}
+
+int run(const QCommandLineParser& parser)
+{
+    const bool hasDriver = parser.isSet(driverOption);
+    if (hasDriver && LineOptions::areGiven(parser))
+        throw CommandError(QStringLiteral("--driver already brings the settings of the line"),
+                           ExitUsage);
+    PortSettings settings = LineOptions::settings(parser, LineOptions::usualSettings());
+    LineMonitor monitor;
+    if (hasDriver) {
+        const Driver driver = requiredDriver(parser.value(driverOption));
+        monitor = monitorFor(driver);
+        settings = driver.description.m_portSettings;
+    }
+    SerialLine line;
+    line.open(LineOptions::device(parser), settings);
+    if (!showLine(line, monitor))
+        throw CommandError(QStringLiteral("the line has ended; was the cable pulled?"));
+    return ExitSuccess;
+}
+
+} // namespace
+
+Command monitorCommand()
+{
+    Command command;
+    command.name = QStringLiteral("monitor");
+    command.summary = QStringLiteral("show what arrives on a serial line, byte by byte");
+    command.description = QStringList{
+        QStringLiteral("Shows all bytes in hexadecimal and as text, with the seconds since the "
+                       "start. With --driver it finds the reports among them, also after a stray "
+                       "byte, and shows beneath each byte its role in the template, \"!\" before "
+                       "one that does not fit its role, \"?\" for a byte outside of any report, "
+                       "and beside them the button and the point in centimetres."),
+        QStringLiteral("Ctrl-C ends it with a summary: bytes, reports, reports a second, stray "
+                       "bytes, unexpected characters, the largest x and y. The enter key shows the "
+                       "summary at any time."),
+        QStringLiteral("The driver itself never searches: it reads a report only when exactly "
+                       "one is waiting. No other program may have the port open.")};
+    command.options = LineOptions::options();
+    command.options.insert(
+        1, {driverOption,
+            QStringLiteral("The description to read the bytes by; 'digitizer drivers' lists them. "
+                           "Without one the bytes are shown as they are."),
+            QStringLiteral("NAME")});
+    command.examples = {
+        {QStringLiteral("digitizer monitor --device /dev/ttyUSB0 --baudrate 9600 --databit 7 "
+                        "--parity Even"),
+         QStringLiteral("The bytes of an unknown tablet. Unreadable ones mean wrong settings.")},
+        {QStringLiteral("digitizer monitor --device /dev/ttyUSB0 --driver \"Genius NewSketch MM "
+                        "(500 LPI)\""),
+         QStringLiteral("The reports of a known one.")}};
+    command.exitStatusNotes =
+        QStringList{QStringLiteral("Ctrl-C is success; a line that ends by itself is not.")};
+    command.run = run;
+    return command;
+}

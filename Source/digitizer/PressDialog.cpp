@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "digitizer/PressDialog.h"
+
+#include "ReferenceHost/Command.h"
+#include "ReferenceHost/PressProtocol.h"
+#include "ReferenceHost/StopSignals.h"
+#include "digitizer/InputLines.h"
+
+#include <cstdio>
+
+namespace {
+
+void tell(const QString& text)
+{
+    std::fputs(text.toLocal8Bit().constData(), stderr);
+}
+
+} // namespace
+
+PressDialog::PressDialog(SerialLine& line, std::optional<double> distance)
+    : m_line(line), m_distance(distance)
+{
+    m_quiet.setSingleShot(true);
+    m_quiet.setInterval(PressProtocol::pauseMilliseconds);
+    connect(&m_quiet, &QTimer::timeout, this, &PressDialog::endPress);
+    connect(&line, &SerialLine::received, this, &PressDialog::take);
+    connect(&line, &SerialLine::ended, this,
+            [this] { fail(QStringLiteral("the line has ended; was the cable pulled?")); });
+}
+
+QVector<RecordedSession::Chunk> PressDialog::ask()
+{
+    const StopSignals stop;
+    connect(&stop, &StopSignals::stopRequested, this,
+            [this] { fail(QStringLiteral("stopped; nothing was written")); });
+    const InputLines input;
+    connect(&input, &InputLines::entered, this, &PressDialog::takeAnswer);
+    tell(QStringLiteral("'r' and the enter key take back the last press, Ctrl-C stops.\n"));
+    showPrompt();
+    m_loop.exec();
+    if (!m_problem.isEmpty())
+        throw CommandError(m_problem);
+    return m_presses;
+}
+
+void PressDialog::take(const QByteArray& bytes)
+{
+    if (m_press.bytes.isEmpty())
+        m_press.milliseconds = m_line.elapsed();
+    m_press.bytes += bytes;
+    m_quiet.start();
+}
+
+void PressDialog::endPress()
+{
+    tell(QStringLiteral("   %1 bytes: %2\n")
+             .arg(QString::number(m_press.bytes.size()),
+                  QString::fromLatin1(quotedBytes(m_press.bytes))));
+    m_presses.append(m_press);
+    m_press.bytes.clear();
+    if (m_presses.size() == PressProtocol::maximumPresses)
+        m_loop.quit();
+    else
+        showPrompt();
+}
+
+void PressDialog::takeAnswer(const QString& answer)
+{
+    if (m_quiet.isActive())
+        return;
+    if (answer == QLatin1String("r") && !m_presses.isEmpty())
+        m_presses.removeLast();
+    else if (answer.isEmpty() && m_presses.size() >= PressProtocol::minimumPresses)
+        m_loop.quit();
+    if (m_loop.isRunning())
+        showPrompt();
+}
+
+void PressDialog::showPrompt() const
+{
+    const QString end = m_presses.size() >= PressProtocol::minimumPresses
+                            ? QStringLiteral(" If there is none, press the enter key.")
+                            : QString();
+    tell(QStringLiteral("%1. %2%3\n")
+             .arg(QString::number(m_presses.size() + 1),
+                  PressProtocol::promptOf(m_presses.size(), m_distance), end));
+}
+
+void PressDialog::fail(const QString& reason)
+{
+    m_problem = reason;
+    m_loop.quit();
+}
