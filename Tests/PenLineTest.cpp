@@ -84,7 +84,7 @@ void PenLineTest::linesBecomeEvents_data()
     row("1", "A- 1\n", "button 1", true);
     row("8", "A- 8\n", "button 8", true);
     row("9", "A- 9\n", "button 9", false);
-    row("number beyond int", "A- 99999999999999999999\n", "button 2147483647", false);
+    row("number beyond int", "A- 18446744073709551617\n", "button 2147483647", false);
     row("position", "X: 120 Y: 45\r\n", "at 120,45", true);
     row("text around the numbers", "X (mm):12mm, y:-7.9 :8\n", "at 12,-7", true);
     row("one marker", "X: 5\n", "at 5,0", true);
