@@ -4,12 +4,10 @@
 
 #include "ReferenceHost/Console.h"
 #include "ReferenceHost/OptionValues.h"
-#include "ReferenceHost/PieceDrawing.h"
+#include "ReferenceHost/OutputOptions.h"
 #include "ReferenceHost/PortAccess.h"
 #include "digitizer/CaptureSession.h"
 #include "digitizer/LineTap.h"
-
-#include <QFileInfo>
 
 #include <limits>
 #include <memory>
@@ -19,10 +17,8 @@ namespace {
 const QString driverOption = QStringLiteral("driver");
 const QString deviceOption = QStringLiteral("device");
 const QString countOption = QStringLiteral("count");
-const QString formatOption = QStringLiteral("format");
 const QString buttonsOption = QStringLiteral("buttons");
 const QString recordOption = QStringLiteral("record");
-const QString pictureOption = QStringLiteral("picture");
 
 Driver usableDriver(const QCommandLineParser& parser)
 {
@@ -50,28 +46,10 @@ QString usablePort(const QCommandLineParser& parser)
     return portPath(device);
 }
 
-// Before anything is traced: a picture that cannot be saved would cost the user's work.
-QString writablePicture(const QCommandLineParser& parser)
-{
-    const QString path = parser.value(pictureOption);
-    if (!parser.isSet(pictureOption))
-        return path;
-    if (!PieceDrawing::canSave(path))
-        throw CommandError(
-            QStringLiteral("--picture is '%1', but must end in .svg or .png").arg(path), ExitUsage);
-    const QFileInfo folder(QFileInfo(path).absolutePath());
-    if (!folder.isDir() || !folder.isWritable())
-        throw CommandError(
-            QStringLiteral("cannot write into the folder %1").arg(folder.filePath()));
-    return path;
-}
-
 CaptureOptions parseOptions(const QCommandLineParser& parser)
 {
     CaptureOptions options;
-    const QStringList formats = ReportWriter::formatNames();
-    options.format =
-        ReportWriter::Format(formats.indexOf(choiceValue(parser, formatOption, formats)));
+    options.format = formatValue(parser);
     options.count = numberValue(parser, countOption, 1, std::numeric_limits<int>::max(), 0);
     if (parser.isSet(buttonsOption))
         options.roles = parseButtonRoles(parser.value(buttonsOption));
@@ -80,17 +58,6 @@ CaptureOptions parseOptions(const QCommandLineParser& parser)
         options.roles = standardButtonRoles(options.driver);
     options.device = usablePort(parser);
     return options;
-}
-
-int savePicture(const QVector<Piece>& pieces, const QString& path)
-{
-    const QString problem =
-        pieces.isEmpty() ? QStringLiteral("nothing was traced, so %1 is not written").arg(path)
-                         : PieceDrawing(pieces).save(path);
-    if (problem.isEmpty())
-        return ExitSuccess;
-    printError(problem);
-    return ExitFailure;
 }
 
 int run(const QCommandLineParser& parser)
@@ -106,8 +73,7 @@ int run(const QCommandLineParser& parser)
         problem = tap->problem();
     if (!problem.isEmpty())
         printError(problem);
-    const int pictureStatus =
-        picture.isEmpty() ? ExitSuccess : savePicture(session.pieces(), picture);
+    const int pictureStatus = savePicture(session.pieces(), picture);
     return problem.isEmpty() ? pictureStatus : ExitFailure;
 }
 
@@ -132,10 +98,7 @@ Command captureCommand()
         {deviceOption, QStringLiteral("The serial port, such as /dev/ttyUSB0."),
          QStringLiteral("PORT")},
         {countOption, QStringLiteral("Ends after N reports."), QStringLiteral("N")},
-        {formatOption,
-         QStringLiteral("text (default), csv, or json with one object a line. Numbers are exact "
-                        "in csv and json, and rounded to 4 decimals in text."),
-         QStringLiteral("FORMAT")},
+        formatOption(),
         {buttonsOption,
          QStringLiteral("Another meaning of the buttons, for instance "
                         "1=corner,2=curve,3=hole,4=end,5=notch. A button left out has none."),
@@ -144,10 +107,7 @@ Command captureCommand()
          QStringLiteral("Records every byte of the line with its time into a new file, which "
                         "'tablet-simulator --replay' sends again."),
          QStringLiteral("FILE")},
-        {pictureOption,
-         QStringLiteral("Draws the pieces at the end, as SVG at true size or as PNG, by the "
-                        "extension. A piece without its end is drawn dashed."),
-         QStringLiteral("FILE")},
+        pictureOption(),
     };
     command.examples = {
         {QStringLiteral("digitizer capture --driver \"Wacom II-S ASCII (SD-510C, ArtPad)\" "
