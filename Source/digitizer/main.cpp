@@ -8,6 +8,7 @@
 #include "digitizer/DescribeCommand.h"
 #include "digitizer/DoctorCommand.h"
 #include "digitizer/DriversCommand.h"
+#include "digitizer/ImportCommand.h"
 #include "digitizer/LintCommand.h"
 #include "digitizer/MonitorCommand.h"
 #include "digitizer/PortsCommand.h"
@@ -30,8 +31,8 @@ Program digitizerProgram()
                        "XML file, or from the files of a digital pen. Coordinates are "
                        "centimetres.")};
     program.commands = {
-        captureCommand(), driversCommand(),  checkCommand(), portsCommand(),  beepCommand(),
-        monitorCommand(), describeCommand(), lintCommand(),  doctorCommand(),
+        captureCommand(), importCommand(),  driversCommand(),  checkCommand(), portsCommand(),
+        beepCommand(),    monitorCommand(), describeCommand(), lintCommand(),  doctorCommand(),
     };
     program.files = {
         {QStringLiteral("~/.local/share/DigitizerGeneric/generated"),

@@ -1,0 +1,8 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ReferenceHost/Command.h"
+
+/// "digitizer import": imports the files of a digital pen.
+Command importCommand();

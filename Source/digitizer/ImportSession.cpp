@@ -1,0 +1,168 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "digitizer/ImportSession.h"
+
+#include "DigitizerGeneric/Digitizer/Digitizer.h"
+#include "ReferenceHost/Command.h"
+#include "ReferenceHost/Console.h"
+#include "ReferenceHost/StopSignals.h"
+#include "digitizer/ImportHost.h"
+
+#include <QEventLoop>
+#include <QFileInfo>
+#include <QSettings>
+#include <QTimer>
+
+#include <cstdio>
+#include <cstdlib>
+#include <unistd.h>
+
+using namespace MavSystem;
+
+namespace {
+
+constexpr int progressMilliseconds = 300;
+constexpr int directoryCheckMilliseconds = 500;
+constexpr int namesListed = 20;
+
+QString counted(int number, const char* thing)
+{
+    return QStringLiteral("%1 %2%3").arg(QString::number(number), QLatin1String(thing),
+                                         QLatin1String(number == 1 ? "" : "s"));
+}
+
+void listFiles(const QStringList& lines)
+{
+    for (const QString& line : lines.mid(0, namesListed))
+        printError(line);
+    if (lines.size() > namesListed)
+        printError(QStringLiteral("and %1").arg(counted(lines.size() - namesListed, "more file")));
+}
+
+} // namespace
+
+ImportSession::ImportSession(const ImportOptions& options)
+    : m_options(options),
+      m_directory(options.directory),
+      m_writer(options.format),
+      m_roles(standardButtonRoles(options.driver)),
+      m_waitingBefore(m_directory.waiting()),
+      m_importedBefore(m_directory.imported()),
+      m_unreadable(m_directory.unreadable()),
+      // Where the reports themselves run over the terminal, they are the progress.
+      m_progressPossible(isatty(STDERR_FILENO) && !isatty(STDOUT_FILENO))
+{
+    m_sinceProgress.start();
+    DigitalReport::registerHandle([this](const DigitalReport& report) { receive(report); });
+}
+
+ImportSession::~ImportSession()
+{
+    DigitalReport::unregisterHandle();
+}
+
+int ImportSession::run()
+{
+    const ImportHost host(m_options.answer);
+    QSettings().setValue(QStringLiteral("digitizer_file_directory"), m_options.directory);
+    const auto digitizer = Digitizer::instance();
+    digitizer->selectDevice(m_options.driver.name, QStringLiteral("File:"));
+    digitizer->setExtended4Buttons(m_options.extendedButtons);
+    digitizer->m_host_mode = m_options.mode;
+    if (!printOutput(m_writer.header()))
+        throw CommandError(QStringLiteral("cannot write to the standard output"));
+    const bool open = digitizer->open();
+    clearProgress();
+    const QString problem = open && m_options.watch ? watch() : QString();
+    digitizer->close();
+    const int status = sumUp(open, host.answered() == ImportHost::Delete);
+    if (problem.isEmpty())
+        return status;
+    printError(problem);
+    return ExitFailure;
+}
+
+void ImportSession::receive(const DigitalReport& report)
+{
+    const PointRole role = roleOf(report, m_roles);
+    const QPointF point(report.coordinate().x(), report.coordinate().y());
+    ++m_reports;
+    ++m_points[role];
+    if (m_options.keepPieces)
+        m_recorder.add(point, role);
+    if (!printOutput(m_writer.line({m_reports, point, report.m_button_number, role}))) {
+        // An import cannot be stopped from its handler, and a file that is read to its end counts
+        // as imported. Ended here, this file and those after it stay as they are.
+        clearProgress();
+        printError(QStringLiteral("cannot write to the standard output; the pen file at hand and "
+                                  "those after it are left as they are"));
+        std::_Exit(ExitFailure);
+    }
+    if (m_progressPossible && m_sinceProgress.hasExpired(progressMilliseconds))
+        showProgress();
+}
+
+void ImportSession::showProgress()
+{
+    const int done = m_waitingBefore - m_directory.waiting();
+    std::fprintf(stderr, "\r%d of %d files, %d points", done, m_waitingBefore, m_reports);
+    m_progressShown = true;
+    m_sinceProgress.restart();
+}
+
+void ImportSession::clearProgress()
+{
+    if (m_progressShown)
+        std::fputs("\r\033[K", stderr);
+    m_progressPossible = m_progressShown = false;
+}
+
+// Returns an empty text when the user ended it, or why it cannot go on.
+QString ImportSession::watch() const
+{
+    const StopSignals stopSignals;
+    QEventLoop loop;
+    QString problem;
+    QObject::connect(&stopSignals, &StopSignals::stopRequested, &loop, &QEventLoop::quit);
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &loop, [&] {
+        // The library is not told when its directory goes.
+        if (QFileInfo(m_options.directory).isDir())
+            return;
+        problem = QStringLiteral("%1 is gone").arg(m_options.directory);
+        loop.quit();
+    });
+    timer.start(directoryCheckMilliseconds);
+    printError(QStringLiteral("watching %1; Ctrl-C ends").arg(m_options.directory));
+    loop.exec();
+    return problem;
+}
+
+int ImportSession::sumUp(bool imported, bool deleted)
+{
+    const QVector<PenDirectory::Left> left = m_directory.left();
+    if (deleted) {
+        printError(
+            QStringLiteral("%1 deleted").arg(counted(m_waitingBefore - left.size(), "file")));
+        return left.isEmpty() ? ExitSuccess : ExitFailure;
+    }
+    if (!imported) {
+        printError(QStringLiteral("nothing is imported; %1")
+                       .arg(counted(left.size(), "file") + QStringLiteral(" left")));
+        return ExitFailure;
+    }
+    QStringList kinds;
+    for (auto kind = m_points.cbegin(); kind != m_points.cend(); ++kind)
+        kinds << QStringLiteral("%1 %2").arg(QString::number(kind.value()), roleName(kind.key()));
+    printError(QStringLiteral("%1 imported, %2%3%4")
+                   .arg(counted(m_directory.imported() - m_importedBefore, "file"),
+                        counted(m_reports, "point"), QLatin1String(kinds.isEmpty() ? "" : ": "),
+                        kinds.join(QStringLiteral(", "))));
+    QStringList lines;
+    for (const QString& name : m_unreadable)
+        lines << QStringLiteral("%1 could not be read and is renamed without its points").arg(name);
+    for (const PenDirectory::Left& file : left)
+        lines << QStringLiteral("%1 is left: %2").arg(file.name, file.reason);
+    listFiles(lines);
+    return lines.isEmpty() ? ExitSuccess : ExitFailure;
+}

@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ReferenceHost/DriverList.h"
+#include "ReferenceHost/PenDirectory.h"
+#include "ReferenceHost/PieceRecorder.h"
+#include "ReferenceHost/ReportWriter.h"
+
+#include <QElapsedTimer>
+#include <QMap>
+
+#include <optional>
+
+/// What the user asked for.
+struct ImportOptions
+{
+    Driver driver;
+    QString directory; ///< absolute
+    std::optional<int> answer;
+    bool watch = false;
+    bool extendedButtons = false;
+    int mode = 0;
+    ReportWriter::Format format = ReportWriter::Text;
+    bool keepPieces = false; ///< for a picture; otherwise memory does not grow with the points
+};
+
+/// Imports the pen files of a directory through the driver library.
+class ImportSession
+{
+public:
+    explicit ImportSession(const ImportOptions& options);
+    ~ImportSession();
+
+    /// Imports, watches if asked to, and sums up on the error stream. Returns the exit status.
+    int run();
+
+    /// Returns what was imported so far, if it was to be kept.
+    QVector<Piece> pieces() const { return m_recorder.pieces(); }
+
+private:
+    void receive(const MavSystem::DigitalReport& report);
+    void showProgress();
+    void clearProgress();
+    QString watch() const;
+    int sumUp(bool imported, bool deleted);
+
+    ImportOptions m_options;
+    PenDirectory m_directory;
+    ReportWriter m_writer;
+    ButtonRoles m_roles;
+    PieceRecorder m_recorder;
+    QMap<PointRole, int> m_points;
+    int m_reports = 0;
+    int m_waitingBefore;
+    int m_importedBefore;
+    QStringList m_unreadable;
+    QElapsedTimer m_sinceProgress;
+    bool m_progressPossible;
+    bool m_progressShown = false;
+};
