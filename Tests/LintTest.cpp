@@ -161,6 +161,7 @@ void LintTest::limits()
     for (int index = 0; index <= DescriptionLimits::attributesOfOneElement; ++index)
         attributes += " a" + QByteArray::number(index) + "\n=\t''";
     QVERIFY(lintOf("<d" + attributes + "/>").contains(QLatin1String("1000 attributes")));
+    QVERIFY(!lintOf("<?xml version='1.0' encoding='a\nb'?><d/>").contains(QLatin1Char('\n')));
     const QByteArray one = "<e a=''/>";
     QVERIFY(!lintOf("<d>" + one.repeated(1001) + "</d>").contains(QLatin1String("well-formed")));
     attributes.truncate(attributes.lastIndexOf(' '));

@@ -16,16 +16,22 @@ constexpr int maximumReportLength = 512;
 constexpr int maximumButtonCount = 4096;
 
 // In one line, whatever the file holds.
+QString printable(const QString& text)
+{
+    QString line;
+    for (const QChar character : text)
+        line +=
+            character.isPrint() || character.isSurrogate()
+                ? QString(character)
+                : QStringLiteral("\\u%1").arg(int(character.unicode()), 4, 16, QLatin1Char('0'));
+    return line;
+}
+
 QString quoted(const QString& text)
 {
     constexpr int shown = 40;
-    QString line;
-    for (const QChar character : text.left(shown))
-        line +=
-            character.isPrint() && character != QLatin1Char('"')
-                ? QString(character)
-                : QStringLiteral("\\u%1").arg(int(character.unicode()), 4, 16, QLatin1Char('0'));
-    return QStringLiteral("\"%1\"%2").arg(line, QLatin1String(text.size() > shown ? "..." : ""));
+    return QStringLiteral("\"%1\"%2")
+        .arg(printable(text.left(shown)), QLatin1String(text.size() > shown ? "..." : ""));
 }
 
 QString oneOf(const QStringList& texts)
@@ -126,7 +132,7 @@ QVector<LintFinding> Lint::run()
         error(problem.offset,
               m_outline.root ? QStringLiteral("entity without a text here")
                              : QStringLiteral("not well-formed"),
-              problem.text,
+              printable(problem.text),
               m_outline.root ? QStringLiteral("characters")
                              : QStringLiteral("well-formed XML within the limits"));
     if (m_outline.root) {
