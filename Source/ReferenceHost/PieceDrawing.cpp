@@ -11,6 +11,7 @@
 #include <QSvgGenerator>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -108,41 +109,6 @@ void drawCornerMarks(QPainter& painter, const Piece& piece)
     }
 }
 
-// The widest stretch of \a outline's inside on a level.
-QLineF widestInside(const QPainterPath& outline, double level)
-{
-    constexpr int samples = 80;
-    const QRectF bounds = outline.boundingRect();
-    QLineF widest;
-    QLineF current;
-    for (int sample = 0; sample <= samples; ++sample) {
-        const QPointF point(bounds.left() + bounds.width() * sample / samples, level);
-        if (!outline.contains(point)) {
-            current = QLineF();
-            continue;
-        }
-        current = current.isNull() ? QLineF(point, point + QPointF(1e-6, 0))
-                                   : QLineF(current.p1(), point);
-        if (current.length() > widest.length())
-            widest = current;
-    }
-    return widest;
-}
-
-// Inside the piece, where a dart or a deep curve leaves the most room.
-QPointF labelPlace(const Piece& piece)
-{
-    const QPainterPath outline = outlineOf(piece);
-    const QRectF bounds = outline.boundingRect();
-    QLineF best(bounds.center(), bounds.center());
-    for (const double share : {0.3, 0.4, 0.5, 0.6, 0.7}) {
-        const QLineF stretch = widestInside(outline, bounds.top() + bounds.height() * share);
-        if (stretch.length() > best.length())
-            best = stretch;
-    }
-    return best.center();
-}
-
 void drawPiece(QPainter& painter, const Piece& piece, int number)
 {
     painter.setPen(QPen(QColor(ink), lineThickness, piece.finished ? Qt::SolidLine : Qt::DashLine,
@@ -155,7 +121,7 @@ void drawPiece(QPainter& painter, const Piece& piece, int number)
     for (const QPointF& hole : piece.holes)
         drawHole(painter, hole);
     drawCornerMarks(painter, piece);
-    drawText(painter, labelPlace(piece), labelHeight,
+    drawText(painter, labelPlaceOf(piece), labelHeight,
              piece.finished ? QString::number(number)
                             : QStringLiteral("%1 (unfinished)").arg(number));
 }
@@ -168,6 +134,9 @@ PieceDrawing::PieceDrawing(const QVector<Piece>& pieces)
     for (const Piece& piece : m_pieces)
         m_area |= boundsOf(piece);
     m_area.adjust(-margin, -margin - scaleBarRoom, margin, margin);
+    // Whole millimetres, in which SVG states its size: rounding there would change the scale.
+    m_area.setSize(
+        {std::ceil(m_area.width() * 10.0) / 10.0, std::ceil(m_area.height() * 10.0) / 10.0});
 }
 
 void PieceDrawing::paint(QPainter& painter, double pixelsPerCentimetre) const

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -124,6 +125,25 @@ void appendCurve(QPainterPath& path, const Run& run)
     }
 }
 
+double distanceToSegment(const QPointF& place, const QPointF& start, const QPointF& end)
+{
+    const QPointF direction = end - start;
+    const double squaredLength = QPointF::dotProduct(direction, direction);
+    const double along =
+        squaredLength > 0.0 ? QPointF::dotProduct(place - start, direction) / squaredLength : 0.0;
+    return lengthOf(place - start - direction * qBound(0.0, along, 1.0));
+}
+
+double roomAround(const QPointF& place, const QPolygonF& outline, const QVector<QPointF>& holes)
+{
+    double room = std::numeric_limits<double>::max();
+    for (int index = 1; index < outline.size(); ++index)
+        room = std::min(room, distanceToSegment(place, outline.at(index - 1), outline.at(index)));
+    for (const QPointF& hole : holes)
+        room = std::min(room, lengthOf(place - hole));
+    return room;
+}
+
 double signedArea(const Piece& piece)
 {
     double doubled = 0.0;
@@ -170,4 +190,25 @@ QVector<QLineF> notchesOf(const Piece& piece, double length)
         }
     }
     return notches;
+}
+
+QPointF labelPlaceOf(const Piece& piece)
+{
+    constexpr int steps = 32;
+    const QPainterPath path = outlineOf(piece);
+    const QPolygonF outline = path.toFillPolygon();
+    const QRectF bounds =
+        outline.isEmpty() ? QPolygonF(piece.holes).boundingRect() : outline.boundingRect();
+    QPointF best = bounds.center();
+    double widest = 0.0;
+    for (int step = 0; step < steps * steps; ++step) {
+        const QPointF place(bounds.left() + bounds.width() * (step % steps + 0.5) / steps,
+                            bounds.top() + bounds.height() * (step / steps + 0.5) / steps);
+        const double room = path.contains(place) ? roomAround(place, outline, piece.holes) : 0.0;
+        if (room > widest) {
+            widest = room;
+            best = place;
+        }
+    }
+    return best;
 }

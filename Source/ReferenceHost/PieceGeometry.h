@@ -17,3 +17,7 @@ QPainterPath outlineOf(const Piece& piece);
 
 /// Returns the notches: lines of \a length from the outline into the piece, at right angles to it.
 QVector<QLineF> notchesOf(const Piece& piece, double length);
+
+/// Returns the place for a piece's label: the middle of the widest free room in its outline, or
+/// the middle of its points when it has no room inside.
+QPointF labelPlaceOf(const Piece& piece);

@@ -2,10 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/PieceRecorder.h"
 
+#include <cmath>
 #include <utility>
 
 void PieceRecorder::add(const QPointF& point, PointRole role)
 {
+    // What a description without a resolution makes of a report; the end of a piece needs no place.
+    if (role != PointRole::End && !(std::isfinite(point.x()) && std::isfinite(point.y())))
+        return;
     switch (role) {
     case PointRole::Corner:
     case PointRole::Curve:

@@ -9,7 +9,7 @@ class PieceRecorder
 {
 public:
     /// Adds a point in centimetres. PointRole::End completes the piece; roles that are no part of
-    /// a piece change nothing.
+    /// a piece, and points that are not finite, change nothing.
     void add(const QPointF& point, PointRole role);
 
     /// Returns the pieces so far, the last of them unfinished when its end has not come.
