@@ -15,11 +15,11 @@ class PenStateTest : public QObject
     Q_OBJECT
 
 private slots:
+    void statesAreMadeWhenFirstNeededAndShared(); // first, while there are none
     void everyStateTakesEveryEvent_data();
     void everyStateTakesEveryEvent();
     void sequencesOfEvents_data();
     void sequencesOfEvents();
-    void statesAreMadeWhenFirstNeededAndShared();
 
 private:
     TestHost m_host;
@@ -279,7 +279,6 @@ void PenStateTest::sequencesOfEvents()
 
 void PenStateTest::statesAreMadeWhenFirstNeededAndShared()
 {
-    t_PunchHoleState::s_single = nullptr;
     t_DigipenDataConverter one(single<t_LineState>());
     t_DigipenDataConverter other(single<t_LineState>());
     QVERIFY(!t_PunchHoleState::s_single);
