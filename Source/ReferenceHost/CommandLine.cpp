@@ -30,7 +30,7 @@ QString parsingProblem(const QCommandLineParser& parser, const Command& command)
         const QString text = parser.errorText();
         return text.left(1).toLower() + text.mid(1, text.size() - 2);
     }
-    const QString name = unknown.constFirst();
+    const QString& name = unknown.constFirst();
     return QStringLiteral("unknown option %1%2%3")
         .arg(QLatin1String(name.size() > 1 ? "--" : "-"), name,
              optionsMeant(name, command.options));
@@ -81,7 +81,7 @@ int runNamedCommand(const Program& program, const QStringList& arguments)
     }
     if (arguments.isEmpty())
         throw usageError(QStringLiteral("a command is missing"), program.name);
-    const QString given = arguments.constFirst();
+    const QString& given = arguments.constFirst();
     const bool isOption = given.startsWith(QLatin1Char('-'));
     throw usageError(QStringLiteral("%1 '%2'%3")
                          .arg(QLatin1String(isOption ? "unknown option" : "unknown command"), given,

@@ -25,7 +25,8 @@ StandardHost::StandardHost(const QString& programName)
     QCoreApplication::setApplicationName(programName);
     setInstance(this);
     const QString problem = installShippedDescriptions(
-        pluginsDir().filePath(QStringLiteral("digitizer/generated")), appDataLocation());
+        StandardHost::pluginsDir().filePath(QStringLiteral("digitizer/generated")),
+        StandardHost::appDataLocation());
     if (!problem.isEmpty())
         printError(problem);
 }

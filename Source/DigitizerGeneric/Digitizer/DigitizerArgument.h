@@ -53,8 +53,6 @@ public:
                       ResolutionUnit unit, short reportLength,
                       std::vector<ReportFormatValues> reportFormat, short buttonCodeLength,
                       std::vector<ButtonValue> buttons);
-    DigitizerArgument(const DigitizerArgument&) = default;
-    DigitizerArgument& operator=(const DigitizerArgument&) = default;
 
     /// Returns a new record of the installed description whose root "name" equals \a driverName
     /// exactly; when there is none, or its report template is broken, the record of a driver that

@@ -4,6 +4,7 @@
 
 namespace MavSystem {
 
+// NOLINTNEXTLINE(bugprone-throw-keyword-missing): a base, not an exception of its own
 FatalError::FatalError(const QString& message) : std::runtime_error(message.toStdString()) {}
 
 } // namespace MavSystem
