@@ -134,7 +134,8 @@ PieceDrawing::PieceDrawing(const QVector<Piece>& pieces)
     for (const Piece& piece : m_pieces)
         m_area |= boundsOf(piece);
     m_area.adjust(-margin, -margin - scaleBarRoom, margin, margin);
-    // Whole millimetres, in which SVG states its size: rounding there would change the scale.
+    // Whole millimetres: a drawing's size is a whole number of units, and rounding it later would
+    // change the scale.
     m_area.setSize(
         {std::ceil(m_area.width() * 10.0) / 10.0, std::ceil(m_area.height() * 10.0) / 10.0});
 }
