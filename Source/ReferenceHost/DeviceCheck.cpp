@@ -14,11 +14,8 @@ namespace {
 QString driverAdvice(const QString& name)
 {
     try {
-        const Driver driver = requiredDriver(name);
-        return driver.isUsable()
-                   ? QString()
-                   : QStringLiteral("the description %1 is broken ('digitizer lint %1' says why)")
-                         .arg(driver.file);
+        usableDriver(name);
+        return QString();
     } catch (const CommandError& error) {
         return QString::fromUtf8(error.what());
     }

@@ -66,6 +66,11 @@ bool contains(const QVector<Driver>& drivers, const QString& name)
 
 } // namespace
 
+bool Driver::isLectraE92() const
+{
+    return name.compare(QLatin1String("Lectra E92"), Qt::CaseInsensitive) == 0;
+}
+
 QVector<Driver> installedDrivers()
 {
     const QDir folder(
@@ -104,6 +109,16 @@ Driver requiredDriver(const QString& name)
     throw CommandError(QStringLiteral("no installed description has the name \"%1\"%2 "
                                       "('digitizer drivers' lists them)")
                            .arg(name, suggestion(name, names)));
+}
+
+Driver usableDriver(const QString& name)
+{
+    const Driver driver = requiredDriver(name);
+    if (!driver.isUsable())
+        throw CommandError(
+            QStringLiteral("the description %1 is broken ('digitizer lint %1' says why)")
+                .arg(driver.file));
+    return driver;
 }
 
 Driver driverFromFile(const QString& path)

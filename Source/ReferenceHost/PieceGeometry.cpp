@@ -202,8 +202,10 @@ QPointF labelPlaceOf(const Piece& piece)
     QPointF best = bounds.center();
     double widest = 0.0;
     for (int step = 0; step < steps * steps; ++step) {
-        const QPointF place(bounds.left() + bounds.width() * (step % steps + 0.5) / steps,
-                            bounds.top() + bounds.height() * (step / steps + 0.5) / steps);
+        const int column = step % steps;
+        const int row = step / steps;
+        const QPointF place(bounds.left() + bounds.width() * (column + 0.5) / steps,
+                            bounds.top() + bounds.height() * (row + 0.5) / steps);
         const double room = path.contains(place) ? roomAround(place, outline, piece.holes) : 0.0;
         if (room > widest) {
             widest = room;

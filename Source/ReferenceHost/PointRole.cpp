@@ -42,8 +42,7 @@ QString roleName(PointRole role)
 
 ButtonRoles standardButtonRoles(const Driver& driver)
 {
-    const bool lectraE92 =
-        driver.name.compare(QLatin1String("Lectra E92"), Qt::CaseInsensitive) == 0;
+    const bool lectraE92 = driver.isLectraE92();
     const int first = lectraE92 ? 2 : 1;
     ButtonRoles roles = {{first, PointRole::Corner},
                          {first + 1, PointRole::Curve},

@@ -20,16 +20,10 @@ const QString countOption = QStringLiteral("count");
 const QString buttonsOption = QStringLiteral("buttons");
 const QString recordOption = QStringLiteral("record");
 
-Driver usableDriver(const QCommandLineParser& parser)
+Driver chosenDriver(const QCommandLineParser& parser)
 {
-    const QString name =
-        requiredValue(parser, driverOption, QStringLiteral("'digitizer drivers' lists the names"));
-    const Driver driver = requiredDriver(name);
-    if (!driver.isUsable())
-        throw CommandError(QStringLiteral("the description %1 is broken ('digitizer lint %1' says "
-                                          "why)")
-                               .arg(driver.file));
-    return driver;
+    return usableDriver(
+        requiredValue(parser, driverOption, QStringLiteral("'digitizer drivers' lists the names")));
 }
 
 QString usablePort(const QCommandLineParser& parser)
@@ -53,7 +47,7 @@ CaptureOptions parseOptions(const QCommandLineParser& parser)
     options.count = numberValue(parser, countOption, 1, std::numeric_limits<int>::max(), 0);
     if (parser.isSet(buttonsOption))
         options.roles = parseButtonRoles(parser.value(buttonsOption));
-    options.driver = usableDriver(parser);
+    options.driver = chosenDriver(parser);
     if (!parser.isSet(buttonsOption))
         options.roles = standardButtonRoles(options.driver);
     options.device = usablePort(parser);

@@ -16,7 +16,7 @@ RecordedSession headerOf(const Driver& driver)
     session.tablet = driver.name;
     session.driver = driver.name;
     session.settings = lineSettingsText(driver.description.m_portSettings);
-    session.date = QDateTime::currentDateTime();
+    session.date = QDateTime::currentDateTimeUtc();
     return session;
 }
 

@@ -40,12 +40,8 @@ std::optional<DigitalReport> decodeLectraE92(const QByteArray& bytes)
 
 LineMonitor monitorFor(const Driver& driver)
 {
-    if (driver.name.compare(QLatin1String("Lectra E92"), Qt::CaseInsensitive) == 0)
+    if (driver.isLectraE92())
         return LineMonitor(DigitizerArgument(), decodeLectraE92);
-    if (!driver.isUsable())
-        throw CommandError(QStringLiteral("the description %1 is broken ('digitizer lint %1' says "
-                                          "why)")
-                               .arg(driver.file));
     const DigitizerArgument& description = driver.description;
     return LineMonitor(description,
                        [description, layout = ReportLayout(description)](const QByteArray& bytes) {
@@ -92,7 +88,7 @@ int run(const QCommandLineParser& parser)
     PortSettings settings = LineOptions::settings(parser, LineOptions::usualSettings());
     LineMonitor monitor;
     if (hasDriver) {
-        const Driver driver = requiredDriver(parser.value(driverOption));
+        const Driver driver = usableDriver(parser.value(driverOption));
         monitor = monitorFor(driver);
         settings = driver.description.m_portSettings;
     }

@@ -31,11 +31,6 @@ QByteArray contentOf(const QString& path)
     return file.readAll();
 }
 
-bool isLectraE92(const Driver& driver)
-{
-    return driver.name.compare(QLatin1String(lectraE92), Qt::CaseInsensitive) == 0;
-}
-
 Driver chosenDriver(const QCommandLineParser& parser)
 {
     if (parser.isSet(QStringLiteral("description")))
@@ -56,8 +51,8 @@ Driver chosenDriver(const QCommandLineParser& parser)
 QVector<Press> chosenPresses(const QCommandLineParser& parser, const Driver& driver)
 {
     if (!parser.isSet(QStringLiteral("script")))
-        return bodiceFront(isLectraE92(driver) ? 2 : 1,
-                           !driver.description.m_fourButtons && !isLectraE92(driver));
+        return bodiceFront(driver.isLectraE92() ? 2 : 1,
+                           !driver.description.m_fourButtons && !driver.isLectraE92());
     const QString path = parser.value(QStringLiteral("script"));
     const ReadScript script = readScript(contentOf(path));
     if (!script.error.isEmpty())
@@ -67,8 +62,8 @@ QVector<Press> chosenPresses(const QCommandLineParser& parser, const Driver& dri
 
 QByteArray encoded(const Press& press, const Driver& driver)
 {
-    const EncodedReport report = isLectraE92(driver) ? encodeLectraE92Report(press)
-                                                     : encodeReport(driver.description, press);
+    const EncodedReport report = driver.isLectraE92() ? encodeLectraE92Report(press)
+                                                      : encodeReport(driver.description, press);
     if (!report.error.isEmpty())
         throw CommandError(report.error);
     return report.bytes;
