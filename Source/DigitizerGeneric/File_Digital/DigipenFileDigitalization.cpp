@@ -235,8 +235,8 @@ void DigipenFileDigitalization::importStep(ButtonValue& button, DigitalReport& r
     }
 }
 
-// The same reading as readingDigitizingCommand(), without its field maps, which would cost five
-// times as much as all the rest of a line.
+// The same reading as readingDigitizingCommand(), without its field maps, which allocate for each
+// digit.
 bool DigipenFileDigitalization::deliverStep(ButtonValue& button, DigitalReport& report)
 {
     return advance([&] {

@@ -11,7 +11,7 @@ namespace MavSystem {
 
 /// Reads a pen file line by line in constant memory, whatever its size: a line is all that is kept.
 ///
-/// Cut from blocks here, since QIODevice's own way to a line costs a third of a whole import.
+/// Cut from blocks here, since QIODevice's own way to a line is a measurable part of an import.
 class PenLineReader
 {
 public:
