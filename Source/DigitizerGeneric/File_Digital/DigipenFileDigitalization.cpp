@@ -219,18 +219,17 @@ void DigipenFileDigitalization::importFile(const QString& path)
     closeAndModifyFileExtentionToTxt();
 }
 
+// A command is off the front of m_line before the host sees it, so an error that the host throws
+// cannot bring the same command again.
 void DigipenFileDigitalization::importStep(ButtonValue& button, DigitalReport& report)
 {
-    const std::size_t pendingBefore = m_reading_state == CommandsPending ? m_line.size() : 0;
     try {
         t_DigipenState::m_internal_mode = hostModeIsInternal();
         if (deliverStep(button, report))
             report.flush();
     } catch (const std::exception& error) {
-        giveUpPendingCommands(pendingBefore);
         showError(QString::fromUtf8(error.what()));
     } catch (...) {
-        giveUpPendingCommands(pendingBefore);
         showError(QCoreApplication::translate("MavSystem::MavApplication", "Unexpected Error"));
     }
 }
@@ -249,15 +248,6 @@ bool DigipenFileDigitalization::deliverStep(ButtonValue& button, DigitalReport& 
         report.m_button_number = m_digitizer->compareButtonNumber(button);
         m_line.erase(0, fields.length);
     });
-}
-
-// Commands that a failed step left as they were would be interpreted again without end.
-void DigipenFileDigitalization::giveUpPendingCommands(std::size_t pendingBefore)
-{
-    if (m_reading_state == CommandsPending && m_line.size() == pendingBefore) {
-        m_line.clear();
-        m_reading_state = ReadingLines;
-    }
 }
 
 bool DigipenFileDigitalization::readingDigitizingCommand(ButtonValue& button, QMap<int, char>& x,

@@ -84,7 +84,6 @@ private:
     void importFile(const QString& path);
     void importStep(ButtonValue& button, DigitalReport& report);
     bool deliverStep(ButtonValue& button, DigitalReport& report);
-    void giveUpPendingCommands(std::size_t pendingBefore);
     template <class TakeCommand>
     bool advance(TakeCommand takeCommand);
     bool fillLine();
