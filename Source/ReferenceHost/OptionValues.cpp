@@ -41,3 +41,15 @@ QString choiceValue(const QCommandLineParser& parser, const QString& option,
                            ExitUsage);
     return value;
 }
+
+QCommandLineOption listFormatOption()
+{
+    return {QStringLiteral("format"), QStringLiteral("text (default) or json, one object a line."),
+            QStringLiteral("FORMAT")};
+}
+
+bool wantsJson(const QCommandLineParser& parser)
+{
+    const QStringList formats = {QStringLiteral("text"), QStringLiteral("json")};
+    return choiceValue(parser, QStringLiteral("format"), formats) == formats.constLast();
+}

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QCommandLineOption>
 #include <QCommandLineParser>
 #include <QString>
 #include <QStringList>
@@ -15,6 +16,12 @@ QString requiredValue(const QCommandLineParser& parser, const QString& option, c
 /// Returns the number given, or \a absent when the option is not. Decimal digits only.
 int numberValue(const QCommandLineParser& parser, const QString& option, int minimum, int maximum,
                 int absent);
+
+/// Returns the option "--format" of a list: text, or json with one object a line.
+QCommandLineOption listFormatOption();
+
+/// Returns whether listFormatOption() was given as json.
+bool wantsJson(const QCommandLineParser& parser);
 
 /// Returns the value given when it is one of \a accepted, or the first of these when the option is
 /// not given.

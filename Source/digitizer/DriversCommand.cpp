@@ -57,9 +57,7 @@ QString objectOf(const Driver& driver)
 
 int run(const QCommandLineParser& parser)
 {
-    const QString format = choiceValue(parser, QStringLiteral("format"),
-                                       {QStringLiteral("text"), QStringLiteral("json")});
-    const bool json = format == QLatin1String("json");
+    const bool json = wantsJson(parser);
     QStringList entries;
     for (const Driver& driver : installedDrivers())
         entries << (json ? objectOf(driver) : entryOf(driver));
@@ -81,9 +79,7 @@ Command driversCommand()
                        "of a report, the button codes, and how well the description is supported: "
                        "\"verified\" has run on the tablet, \"documented\" follows published "
                        "sources, \"untested\" rests on an assumption.")};
-    command.options = {{QStringLiteral("format"),
-                        QStringLiteral("text (default) or json, one object a line."),
-                        QStringLiteral("FORMAT")}};
+    command.options = {listFormatOption()};
     command.examples = {{QStringLiteral("digitizer drivers --format json"),
                          QStringLiteral("The list for another program.")}};
     command.run = run;

@@ -20,9 +20,7 @@ QString jsonLineOf(const QString& file, const LintFinding& finding)
 
 int run(const QCommandLineParser& parser)
 {
-    const QString format = choiceValue(parser, QStringLiteral("format"),
-                                       {QStringLiteral("text"), QStringLiteral("json")});
-    const auto lineOf = format == QLatin1String("json") ? jsonLineOf : textOf;
+    const auto lineOf = wantsJson(parser) ? jsonLineOf : textOf;
     QString lines;
     const QVector<LintedFile> files = lintFiles(parser.positionalArguments(), installedFiles());
     for (const LintedFile& file : files) {
@@ -53,9 +51,7 @@ Command lintCommand()
         QStringLiteral("An error: the driver does something else than the file says, or nothing "
                        "at all. A warning: it works as written, but may not be what is meant.")};
     command.arguments = {{QStringLiteral("FILE..."), QStringLiteral("The descriptions.")}};
-    command.options = {{QStringLiteral("format"),
-                        QStringLiteral("text (default) or json, one object a line."),
-                        QStringLiteral("FORMAT")}};
+    command.options = {listFormatOption()};
     command.examples = {{QStringLiteral("digitizer lint mine.xml"),
                          QStringLiteral("Checks a description before it is installed.")}};
     command.exitStatusNotes = QStringList{

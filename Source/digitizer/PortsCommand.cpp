@@ -18,9 +18,7 @@ QString lineOf(const PortEntry& port)
 
 int run(const QCommandLineParser& parser)
 {
-    const QString format = choiceValue(parser, QStringLiteral("format"),
-                                       {QStringLiteral("text"), QStringLiteral("json")});
-    const bool json = format == QLatin1String("json");
+    const bool json = wantsJson(parser);
     QStringList entries;
     for (const PortEntry& port : serialPorts())
         entries << (json ? lineOf(port) : textOf(port));
@@ -42,9 +40,7 @@ Command portsCommand()
                        "user may use it and otherwise what to do, and which programs have it open. "
                        "No port is opened for it. A program of another user is seen by root "
                        "only.")};
-    command.options = {{QStringLiteral("format"),
-                        QStringLiteral("text (default) or json, one object a line."),
-                        QStringLiteral("FORMAT")}};
+    command.options = {listFormatOption()};
     command.run = run;
     return command;
 }
