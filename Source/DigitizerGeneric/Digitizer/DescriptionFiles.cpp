@@ -4,6 +4,7 @@
 
 #include "DigitizerGeneric/Digitizer/BoundedXmlReader.h"
 #include "DigitizerGeneric/Digitizer/Diagnostics.h"
+#include "DigitizerGeneric/Digitizer/RegularFile.h"
 #include "MavCore/MavApplication.h"
 
 #include <QFile>
@@ -15,8 +16,9 @@ namespace {
 std::optional<QByteArray> contentWithinLimit(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        qCDebug(lcDescriptions).noquote() << path << "cannot be opened:" << file.errorString();
+    const QString problem = openRegularFile(file);
+    if (!problem.isEmpty()) {
+        qCDebug(lcDescriptions).noquote() << path << "cannot be opened:" << problem;
         return std::nullopt;
     }
     QByteArray content = file.size() > DescriptionLimits::bytes

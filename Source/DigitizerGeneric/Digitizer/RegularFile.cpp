@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "DigitizerGeneric/Digitizer/RegularFile.h"
+
+#include <QtGlobal>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+namespace MavSystem {
+
+#ifdef Q_OS_UNIX
+
+namespace {
+
+QString reasonOf(int error)
+{
+    return error == 0 ? QStringLiteral("not a regular file") : qt_error_string(error);
+}
+
+// Looked at before the open, since opening a device can act on it, and again behind it, since the
+// name may have become another's meanwhile.
+int descriptorOf(const QByteArray& name, int& error)
+{
+    error = 0;
+    struct stat status = {};
+    if (::stat(name.constData(), &status) != 0) {
+        error = errno;
+        return -1;
+    }
+    if (!S_ISREG(status.st_mode))
+        return -1;
+    const int descriptor = ::open(name.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    if (descriptor < 0) {
+        error = errno;
+        return -1;
+    }
+    if (::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode))
+        return descriptor;
+    ::close(descriptor);
+    return -1;
+}
+
+} // namespace
+
+QString openRegularFile(QFile& file, QIODevice::OpenMode mode)
+{
+    int error = 0;
+    const int descriptor = descriptorOf(QFile::encodeName(file.fileName()), error);
+    if (descriptor < 0)
+        return reasonOf(error);
+    return file.open(descriptor, QIODevice::ReadOnly | mode, QFileDevice::AutoCloseHandle)
+               ? QString()
+               : file.errorString();
+}
+
+#else
+
+QString openRegularFile(QFile& file, QIODevice::OpenMode mode)
+{
+    return file.open(QIODevice::ReadOnly | mode) ? QString() : file.errorString();
+}
+
+#endif
+
+} // namespace MavSystem

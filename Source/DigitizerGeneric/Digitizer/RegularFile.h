@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QFile>
+#include <QString>
+
+namespace MavSystem {
+
+/// Opens \a file, whose name is set, for reading, if that name is a regular file or a link to one.
+/// Returns an empty text, or why it is not open.
+///
+/// Never waits: the writer of a pipe that a link leads to may never come. To be used for every file
+/// that somebody else has put where it is. \a mode is added to QIODevice::ReadOnly.
+QString openRegularFile(QFile& file, QIODevice::OpenMode mode = QIODevice::NotOpen);
+
+} // namespace MavSystem
