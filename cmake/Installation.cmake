@@ -8,6 +8,7 @@ set(public_headers
   DigitizerGeneric/Digitizer/DigitalReport.h
   DigitizerGeneric/Digitizer/Digitizer.h
   DigitizerGeneric/Digitizer/DigitizerArgument.h
+  DigitizerGeneric/Digitizer/InputEvents.h
   DigitizerGeneric/Digitizer/SerialSettings.h
   DigitizerGeneric/File_Digital/ConvertedCommandInterpreter.h
   DigitizerGeneric/File_Digital/DigipenDataConverter.h

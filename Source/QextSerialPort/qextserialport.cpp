@@ -2,19 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "QextSerialPort/qextserialport.h"
 
+#include "QextSerialPort/SerialTiming.h"
+
 #include <QMetaObject>
 #include <QSerialPort>
 
 #include <algorithm>
 #include <cstring>
-#include <iterator>
 
 namespace {
-
-constexpr qint32 bitsPerSecond[] = {50,    75,    110,   134,    150,    200,   300,   600,
-                                    1200,  1800,  2400,  4800,   9600,   14400, 19200, 38400,
-                                    56000, 57600, 76800, 115200, 128000, 256000};
-static_assert(std::size(bitsPerSecond) == BAUD256000 + 1, "one speed for each BaudRateType");
 
 constexpr QSerialPort::DataBits dataBitsOf[] = {QSerialPort::Data5, QSerialPort::Data6,
                                                 QSerialPort::Data7, QSerialPort::Data8};
@@ -99,7 +95,7 @@ QextSerialPort::QueryMode QextSerialPort::queryMode() const
 
 void QextSerialPort::setBaudRate(BaudRateType baudRate)
 {
-    m_port->setBaudRate(bitsPerSecond[baudRate]);
+    m_port->setBaudRate(SerialTiming::bitsPerSecond(baudRate));
 }
 
 void QextSerialPort::setDataBits(DataBitsType dataBits)

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/DescriptionTexts.h"
 
+#include "QextSerialPort/SerialTiming.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <iterator>
@@ -11,26 +13,17 @@ using namespace MavSystem;
 namespace {
 
 // In the order of the enumerators.
-constexpr int speeds[] = {50,    75,    110,   134,    150,    200,   300,   600,
-                          1200,  1800,  2400,  4800,   9600,   14400, 19200, 38400,
-                          56000, 57600, 76800, 115200, 128000, 256000};
 constexpr const char* parities[] = {"None", "Odd", "Even", "Mark", "Space"};
 constexpr const char* stopBits[] = {"1", "1.5", "2"};
 constexpr const char* flowControls[] = {"none", "hardware", "software"};
 constexpr char roleLetters[] = {'?', 'B', 'X', 'Y', 'U', '.', 'S', 'C', 'L'};
-static_assert(std::size(speeds) == BAUD256000 + 1, "one speed for each BaudRateType");
 static_assert(std::size(roleLetters) == FORMAT_LINE_FEED + 1, "one letter for each role");
 
 } // namespace
 
-int bitsPerSecond(BaudRateType baudRate)
-{
-    return speeds[baudRate];
-}
-
 QStringList lineSettingTexts(const PortSettings& settings)
 {
-    return {QString::number(bitsPerSecond(settings.BaudRate)),
+    return {QString::number(SerialTiming::bitsPerSecond(settings.BaudRate)),
             QString::number(settings.DataBits + 5), QLatin1String(parities[settings.Parity]),
             QLatin1String(stopBits[settings.StopBits]),
             QLatin1String(flowControls[settings.FlowControl])};

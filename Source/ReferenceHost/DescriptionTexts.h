@@ -9,9 +9,6 @@
 
 /// The values of a device description in the words of its file.
 
-/// Returns the line speed in bits a second.
-int bitsPerSecond(BaudRateType baudRate);
-
 /// Returns speed, data bits, parity, stop bits and flow control, each as its attribute has it.
 QStringList lineSettingTexts(const PortSettings& settings);
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "digitizer/SerialLine.h"
 
+#include "QextSerialPort/SerialTiming.h"
 #include "ReferenceHost/Command.h"
-#include "ReferenceHost/DescriptionTexts.h"
 
 #include <iterator>
 
@@ -35,7 +35,7 @@ void SerialLine::open(const QString& path, const PortSettings& settings)
 {
     m_port.setPortName(path);
     // Before the open: pseudo-terminals refuse seven data bits and parity afterwards.
-    m_port.setBaudRate(bitsPerSecond(settings.BaudRate));
+    m_port.setBaudRate(SerialTiming::bitsPerSecond(settings.BaudRate));
     m_port.setDataBits(QSerialPort::DataBits(settings.DataBits + 5));
     m_port.setParity(parities[settings.Parity]);
     m_port.setStopBits(stopBits[settings.StopBits]);

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
+#include "QextSerialPort/SerialTiming.h"
 #include "ReferenceHost/CommandLine.h"
 #include "ReferenceHost/Console.h"
-#include "ReferenceHost/DescriptionTexts.h"
 #include "ReferenceHost/DriverList.h"
 #include "ReferenceHost/OptionValues.h"
 #include "ReferenceHost/RecordedSession.h"
@@ -69,14 +69,9 @@ QByteArray encoded(const Press& press, const Driver& driver)
     return report.bytes;
 }
 
-// Time of a report on the line: each character has a start bit, its data bits, a parity bit if
-// there is one, and its stop bits.
 qint64 microsecondsOnLine(const PortSettings& settings, int characters)
 {
-    const double stopBits[] = {1, 1.5, 2};
-    const double bits = 1 + (5 + settings.DataBits) + (settings.Parity == PAR_NONE ? 0 : 1) +
-                        stopBits[settings.StopBits];
-    return qint64(1e6 * characters * bits / bitsPerSecond(settings.BaudRate));
+    return qint64(characters * SerialTiming::characterMicroseconds(settings));
 }
 
 int longestOf(const QVector<Transmission>& reports)

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 
+#include "DigitizerGeneric/Digitizer/CheckedInput.h"
 #include "DigitizerGeneric/Digitizer/Diagnostics.h"
+#include "DigitizerGeneric/Digitizer/InputEvents.h"
 #include "DigitizerGeneric/Digitizer/ReceiveBuffer.h"
 #include "DigitizerGeneric/Digitizer/ReportLayout.h"
 #include "DigitizerGeneric/File_Digital/DigipenFileDigitalization.h"
@@ -10,6 +12,7 @@
 #include "QextSerialPort/qextserialport.h"
 
 #include <QSettings>
+#include <QTimer>
 
 #include <boost/make_shared.hpp>
 
@@ -71,6 +74,8 @@ void Digitizer::selectDevice(const QString& driver, const QString& device)
 {
     m_argument.reset(DigitizerArgument::digitizerArgument(driver));
     m_layout.reset(new ReportLayout(*m_argument));
+    if (m_checked)
+        m_checked->stream().setTemplate(*m_argument);
     m_driver = driver;
     m_device = device;
 }
@@ -154,7 +159,9 @@ bool Digitizer::openPenFiles()
 
 bool Digitizer::openSerialPort()
 {
+    forgetInput();
     m_port.reset(new QextSerialPort(QextSerialPort::EventDriven));
+    connect(m_port.get(), &QIODevice::readChannelFinished, this, &Digitizer::handlePortEnd);
     applyPortSettings();
     if (!m_port->open(QIODevice::ReadWrite | QIODevice::Unbuffered)) {
         qCDebug(lcSerial).noquote() << m_device << "does not open:" << m_port->errorString();
@@ -165,6 +172,8 @@ bool Digitizer::openSerialPort()
     m_port->readAll();
     m_port->reset();
     m_port_open = true;
+    if (m_checked_reading)
+        startCheckedInput();
     return true;
 }
 
@@ -181,8 +190,11 @@ void Digitizer::applyPortSettings()
 
 void Digitizer::readReport()
 {
-    if (!m_pen_mode && m_port)
-        connect(m_port.get(), &QextSerialPort::readyRead, this, &Digitizer::handleRead);
+    if (m_pen_mode || !m_port)
+        return;
+    connect(m_port.get(), &QextSerialPort::readyRead, this, &Digitizer::handleRead);
+    if (m_checked)
+        m_checked->start();
 }
 
 bool Digitizer::close()
@@ -195,6 +207,7 @@ bool Digitizer::close()
     }
     if (!m_port)
         return false;
+    forgetInput();
     if (m_port->isOpen())
         m_port->readAll();
     m_port->close();

@@ -17,11 +17,14 @@
 
 #include <memory>
 
+class QTimer;
 class QextSerialPort;
 
 namespace MavSystem {
 
+class CheckedInput;
 class DigipenFileDigitalization;
+class InputEvents;
 class ReportLayout;
 
 /// What parseReportText() decodes: bit 0 the button number, bit 1 the coordinate.
@@ -72,6 +75,25 @@ public:
     void setViewDigizedPoints(bool on);
     bool highPrecision() const;
     void setHighPrecision(bool on);
+
+    /// Whether the serial input is read report by report, each checked against the template. Off by
+    /// default, taken at the next open(), not one of the saved settings. The "Lectra E92", and a
+    /// driver whose template has no or more than 512 characters, is read without it.
+    ///
+    /// Off: a report is read when exactly one is waiting, whatever its characters are; reports that
+    /// arrive together stay unread until the port is opened again.
+    ///
+    /// On: each report that fits the template is handed over by itself, in order, however many
+    /// arrived together; what does not fit is passed over and told by inputEvents(). A template
+    /// without line ends, in which a shifted report could fit too, has its reports handed over when
+    /// the line has paused (150 ms and four characters). Not promised: damage that leaves another
+    /// well-formed report, a changed digit for instance, cannot be seen.
+    bool checkedReading() const;
+    void setCheckedReading(bool on);
+
+    /// Returns what tells of passed-over bytes, unread input and a lost port. The driver owns it; it
+    /// lives as long as the driver.
+    InputEvents* inputEvents();
 
     /// Returns "No Error has occurred" when the selected device can be used; otherwise the reason:
     /// "Digitizer Not Present..." (translated) when no installed description has the driver's name,
@@ -146,6 +168,17 @@ private:
     void applyPortSettings();
     short closingCode() const;
     bool isLectraE92() const;
+    void handOver();
+    void watchUnread();
+
+    // Checked reading.
+    bool readsChecked() const;
+    void startCheckedInput();
+    void deliverNext();
+    void passOver(const QByteArray& bytes);
+    void handlePortEnd();
+    void tellPortLost();
+    void forgetInput();
 
     boost::scoped_ptr<DigitizerArgument> m_argument;
     const char* m_report_text;
@@ -167,6 +200,10 @@ public:
 private:
     std::unique_ptr<DigipenFileDigitalization, ReleaseImporter> m_pen_file;
     boost::scoped_ptr<ReportLayout> m_layout; // of m_argument
+    bool m_checked_reading = false;
+    boost::scoped_ptr<CheckedInput> m_checked; // of m_port, when it was opened with checked reading
+    boost::scoped_ptr<InputEvents> m_events;   // when the host has asked for them
+    boost::scoped_ptr<QTimer> m_unread;        // runs while input is unread
 };
 
 } // namespace MavSystem

@@ -8,6 +8,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QTimer>
 #include <QVarLengthArray>
 
 #include <algorithm>
@@ -19,12 +20,11 @@ namespace {
 
 constexpr ParseReportFlags everything = 0x7f;
 
+// What is read whatever it is counts up to its first zero byte.
 void storeChunk(const QByteArray& chunk)
 {
     const int size = std::min(chunk.size(), receiveBufferCharacters);
-    const std::size_t characters = qstrnlen(chunk.constData(), uint(size));
-    std::memcpy(receiveBuffer(), chunk.constData(), characters);
-    receiveBuffer()[characters] = '\0';
+    storeReportText(chunk.constData(), qstrnlen(chunk.constData(), uint(size)));
 }
 
 void appendToLog(const QByteArray& chunk)
@@ -55,6 +55,12 @@ char* receiveBuffer()
     return buffer;
 }
 
+void storeReportText(const char* characters, std::size_t count)
+{
+    std::memcpy(receiveBuffer(), characters, count);
+    receiveBuffer()[count] = '\0';
+}
+
 bool Digitizer::isLectraE92() const
 {
     const QLatin1String lectraE92("Lectra E92");
@@ -65,11 +71,18 @@ bool Digitizer::isLectraE92() const
 
 void Digitizer::handleRead()
 {
+    if (!m_port)
+        return;
+    if (readsChecked()) {
+        deliverNext();
+        return;
+    }
     const bool lectraE92 = isLectraE92();
     const qint64 waiting = m_port->bytesAvailable();
     if (quint64(waiting) != m_argument->m_reportLength && !lectraE92) {
         qCDebug(lcSerial) << waiting << "bytes are waiting where one report has"
                           << m_argument->m_reportLength;
+        watchUnread();
         return;
     }
     const QByteArray chunk = m_port->readAll();
@@ -77,14 +90,21 @@ void Digitizer::handleRead()
     storeChunk(chunk);
     if (lectraE92)
         appendToLog(chunk);
-    m_report_text = receiveBuffer();
+    if (m_unread)
+        m_unread->stop();
+    handOver();
+}
 
+// What the receive buffer holds, to the host.
+void Digitizer::handOver()
+{
+    m_report_text = receiveBuffer();
     DigitalReport report(0.0, 0.0);
-    if (m_port->errorString() == QLatin1String("No Error has occurred"))
+    if (readsChecked() || m_port->errorString() == QLatin1String("No Error has occurred"))
         report = parseReportText(everything);
     else
         report.m_button_number = closingCode();
-    qCDebug(lcSerial) << "report" << chunk << "button" << report.m_button_number << "at"
+    qCDebug(lcSerial) << "report" << QByteArray(m_report_text) << "button" << report.m_button_number << "at"
                       << report.coordinate().x() << report.coordinate().y();
     // The host may close, reopen or select inside its handler: nothing comes after this.
     report.flush();

@@ -1,0 +1,262 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "DigitizerGeneric/Digitizer/ReportStream.h"
+
+#include "QextSerialPort/SerialTiming.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace MavSystem {
+
+namespace {
+
+using Characters = std::bitset<256>;
+
+// Bytes that belong to no report come out in items of this size at most, so that noise without a
+// line end or a pause is told while it lasts.
+constexpr int strayBytesAtOnce = 512;
+
+// A tablet that sends without any pause fills this in nine minutes at 19200 baud.
+constexpr int undecidedBytes = 1024 * 1024;
+
+bool isLineEnd(ReportFormatValues role)
+{
+    return role == FORMAT_CR || role == FORMAT_LINE_FEED;
+}
+
+Characters setOf(std::string_view characters)
+{
+    Characters set;
+    for (const char character : characters)
+        set.set(static_cast<unsigned char>(character));
+    return set;
+}
+
+Characters printable()
+{
+    Characters set;
+    for (int character = ' '; character <= '~'; ++character)
+        set.set(std::size_t(character));
+    return set;
+}
+
+// The first characters of all codes, or the second or third ones.
+Characters codeCharacters(const std::vector<ButtonValue>& buttons, std::size_t index)
+{
+    Characters set;
+    for (const ButtonValue& button : buttons) {
+        if (index < button.m_code.size())
+            set.set(static_cast<unsigned char>(button.m_code[index]));
+    }
+    return set;
+}
+
+Characters allowedIn(ReportFormatValues role)
+{
+    switch (role) {
+    case FORMAT_X:
+    case FORMAT_Y:
+        return setOf("0123456789");
+    case FORMAT_POINT:
+        return setOf(".");
+    case FORMAT_SIGN:
+        return setOf("+- ");
+    case FORMAT_CR:
+        return setOf("\r");
+    case FORMAT_LINE_FEED:
+        return setOf("\n");
+    case FORMAT_BUTTON:
+        return printable();
+    case FORMAT_UNUSED:
+        break;
+    }
+    return Characters().set();
+}
+
+} // namespace
+
+ReportStream::ReportStream(const DigitizerArgument& description)
+{
+    setTemplate(description);
+}
+
+void ReportStream::setTemplate(const DigitizerArgument& description)
+{
+    const std::vector<ReportFormatValues>& roles = description.m_reportFormat;
+    Characters lineEnds;
+    for (const ReportFormatValues role : roles)
+        lineEnds |= isLineEnd(role) ? allowedIn(role) : Characters();
+
+    m_allowed.clear();
+    std::size_t buttonCharacters = 0;
+    for (const ReportFormatValues role : roles) {
+        Characters allowed = allowedIn(role);
+        if (role == FORMAT_BUTTON)
+            allowed |= codeCharacters(description.m_buttons, buttonCharacters++);
+        m_allowed.push_back(isLineEnd(role) ? allowed : allowed & ~lineEnds);
+    }
+
+    m_hasLineEnds = lineEnds.any();
+    const auto firstLineEnd = std::find_if(roles.begin(), roles.end(), isLineEnd);
+    m_lineEnd.reset();
+    if (m_hasLineEnds && std::all_of(firstLineEnd, roles.end(), isLineEnd))
+        m_lineEnd = roles.back() == FORMAT_CR ? '\r' : '\n';
+    m_certain = 0;
+}
+
+bool ReportStream::canCheck() const
+{
+    return reportSize() > 0 && reportSize() <= maximumCharacters;
+}
+
+void ReportStream::append(const QByteArray& bytes)
+{
+    m_bytes.remove(0, m_begin);
+    m_begin = 0;
+    m_bytes += bytes;
+}
+
+void ReportStream::pause()
+{
+    if (!m_pauseAt)
+        m_pauseAt = size();
+}
+
+std::optional<StreamItem> ReportStream::next()
+{
+    if (m_pauseAt == 0) {
+        m_pauseAt.reset();
+        m_lost = false;
+    }
+    if (visible() == 0)
+        return std::nullopt;
+    if (!canCheck())
+        return takeStray(visible());
+    return m_hasLineEnds ? nextByLines() : nextByFields();
+}
+
+bool ReportStream::allows(int position, char character) const
+{
+    return m_allowed[std::size_t(position)].test(static_cast<unsigned char>(character));
+}
+
+int ReportStream::pauseMilliseconds(const PortSettings& settings)
+{
+    // Adapters on a bus or a radio link keep bytes back for some tens of milliseconds; a hand does
+    // not press twice within this.
+    constexpr int slowAdapter = 150;
+    constexpr int characters = 4;
+    return slowAdapter + int(characters * SerialTiming::characterMicroseconds(settings) / 1000);
+}
+
+ReportStream::Match ReportStream::matchAt(int offset) const
+{
+    const int characters = std::min(reportSize(), visible() - offset);
+    const char* const text = m_bytes.constData() + m_begin + offset;
+    for (int position = 0; position < characters; ++position) {
+        if (!allows(position, text[position]))
+            return Match::No;
+    }
+    if (characters == reportSize())
+        return Match::Whole;
+    return m_pauseAt ? Match::No : Match::SoFar;
+}
+
+std::optional<StreamItem> ReportStream::nextByLines()
+{
+    if (!m_lost) {
+        switch (matchAt(0)) {
+        case Match::Whole:
+            return takeReport();
+        case Match::SoFar:
+            return std::nullopt;
+        case Match::No:
+            m_lost = true;
+        }
+    }
+    return strayUntilFound();
+}
+
+std::optional<StreamItem> ReportStream::strayUntilFound()
+{
+    const int lineEnd = m_lineEnd ? m_bytes.indexOf(*m_lineEnd, m_begin) - m_begin : -1;
+    if (lineEnd >= 0 && lineEnd < visible()) {
+        m_lost = false;
+        return takeStray(lineEnd + 1);
+    }
+    if (m_pauseAt || visible() >= strayBytesAtOnce)
+        return takeStray(visible());
+    return std::nullopt;
+}
+
+std::optional<StreamItem> ReportStream::nextByFields()
+{
+    if (m_certain > 0) {
+        m_certain -= reportSize();
+        return takeReport();
+    }
+    int start = 0;
+    while (start < visible() && matchAt(start) == Match::No)
+        ++start;
+    if (start > 0) {
+        m_lost = true;
+        return takeStray(start);
+    }
+    if (matchAt(0) == Match::SoFar)
+        return std::nullopt;
+    return hasRival() ? resolveRivals() : takeReport();
+}
+
+// Another report that fits, or may still fit, where it would overlap the first one.
+bool ReportStream::hasRival() const
+{
+    for (int offset = 1; offset < std::min(reportSize(), visible()); ++offset) {
+        if (matchAt(offset) != Match::No)
+            return true;
+    }
+    return false;
+}
+
+std::optional<StreamItem> ReportStream::resolveRivals()
+{
+    if (m_pauseAt && !m_lost && isWholeReports()) {
+        m_certain = visible() - reportSize();
+        return takeReport();
+    }
+    if (!m_pauseAt && visible() < undecidedBytes)
+        return std::nullopt;
+    m_lost = true;
+    return takeStray(visible());
+}
+
+bool ReportStream::isWholeReports() const
+{
+    for (int offset = 0; offset < visible(); offset += reportSize()) {
+        if (matchAt(offset) != Match::Whole)
+            return false;
+    }
+    return true;
+}
+
+StreamItem ReportStream::takeReport()
+{
+    m_lost = false;
+    return {take(reportSize()), true};
+}
+
+StreamItem ReportStream::takeStray(int count)
+{
+    return {take(count), false};
+}
+
+QByteArray ReportStream::take(int count)
+{
+    const QByteArray bytes = m_bytes.mid(m_begin, count);
+    m_begin += count;
+    if (m_pauseAt)
+        *m_pauseAt -= count;
+    return bytes;
+}
+
+} // namespace MavSystem

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QextSerialPort/qextserialport.h"
+
+#include <iterator>
+
+/// How fast a serial line with given settings is.
+namespace SerialTiming {
+
+inline constexpr int speeds[] = {50,    75,    110,   134,    150,    200,   300,   600,
+                                 1200,  1800,  2400,  4800,   9600,   14400, 19200, 38400,
+                                 56000, 57600, 76800, 115200, 128000, 256000};
+static_assert(std::size(speeds) == BAUD256000 + 1, "one speed for each BaudRateType");
+
+constexpr int bitsPerSecond(BaudRateType baudRate)
+{
+    return speeds[baudRate];
+}
+
+/// Returns the time of one character in microseconds: it has a start bit, its data bits, a parity
+/// bit if there is one, and its stop bits.
+constexpr double characterMicroseconds(const PortSettings& settings)
+{
+    constexpr double stopBits[] = {1, 1.5, 2};
+    const double bits = 1 + (5 + settings.DataBits) + (settings.Parity == PAR_NONE ? 0 : 1) +
+                        stopBits[settings.StopBits];
+    return 1e6 * bits / bitsPerSecond(settings.BaudRate);
+}
+
+} // namespace SerialTiming
