@@ -27,6 +27,8 @@ private slots:
     void bytesAreAnnouncedReadAndWritten();
     void aReceiverMayDeleteThePort();
     void writingAfterAHangUpFailsSilently();
+    void aHangUpIsAnnouncedOnce_data();
+    void aHangUpIsAnnouncedOnce();
 };
 
 namespace {
@@ -204,6 +206,67 @@ void PortLayerTest::writingAfterAHangUpFailsSilently()
     QCOMPARE(port.readAll(), QByteArray());
     QCOMPARE(port.errorString(), error);
     QCOMPARE(RecordedMessages::texts(), QStringList());
+}
+
+void PortLayerTest::aHangUpIsAnnouncedOnce_data()
+{
+    QTest::addColumn<bool>("polling");
+    QTest::addColumn<QString>("atBytes"); // what the receiver does, and so below
+    QTest::addColumn<QString>("atEnd");
+    QTest::addColumn<QString>("signalNames");
+
+    const auto row = [](const char* name, bool polling, const char* atBytes, const char* atEnd,
+                        const char* signalNames) {
+        QTest::newRow(name) << polling << QString::fromLatin1(atBytes) << QString::fromLatin1(atEnd)
+                            << QString::fromLatin1(signalNames);
+    };
+    row("behind the bytes", false, "", "", "bytes end");
+    row("by a port that is polled", true, "", "", "end");
+    row("to a receiver that closes", false, "", "close", "bytes end");
+    row("to a receiver that opens again", false, "", "reopen", "bytes end");
+    row("to a receiver that deletes", false, "", "delete", "bytes end");
+    row("not when closed at the bytes", false, "close", "", "bytes");
+    row("not when opened again at the bytes", false, "reopen", "", "bytes");
+    row("not when deleted at the bytes", false, "delete", "", "bytes");
+}
+
+void PortLayerTest::aHangUpIsAnnouncedOnce()
+{
+    QFETCH(bool, polling);
+    QFETCH(QString, atBytes);
+    QFETCH(QString, atEnd);
+    QFETCH(QString, signalNames);
+    PseudoTerminal tablet;
+    PseudoTerminal other;
+    auto port = std::make_unique<QextSerialPort>(polling ? QextSerialPort::Polling
+                                                         : QextSerialPort::EventDriven);
+    port->setPortName(tablet.path());
+    QVERIFY(port->open(QIODevice::ReadWrite));
+    port->close(); // a close that is asked for is no hang-up
+    QVERIFY(port->open(QIODevice::ReadWrite));
+    QVERIFY(tablet.write("abc"));
+    QTRY_COMPARE(port->bytesAvailable(), qint64(3));
+    QCoreApplication::sendPostedEvents();
+
+    QStringList seen;
+    const auto receiver = [&](const char* name, const QString& action) {
+        return [&seen, &port, &other, name, action] {
+            seen << QLatin1String(name);
+            if (action == QLatin1String("delete"))
+                return port.reset();
+            if (!action.isEmpty())
+                port->close();
+            port->setPortName(other.path());
+            if (action == QLatin1String("reopen"))
+                QVERIFY(port->open(QIODevice::ReadWrite));
+        };
+    };
+    connect(port.get(), &QIODevice::readyRead, this, receiver("bytes", atBytes));
+    connect(port.get(), &QIODevice::readChannelFinished, this, receiver("end", atEnd));
+    tablet.hangUp();
+    QTRY_COMPARE(seen.join(QLatin1Char(' ')), signalNames);
+    QCoreApplication::processEvents(); // what else is queued
+    QCOMPARE(seen.join(QLatin1Char(' ')), signalNames);
 }
 
 QTEST_GUILESS_MAIN(PortLayerTest)

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -121,6 +122,7 @@ void QextSerialPort::setFlowControl(FlowType flowControl)
 bool QextSerialPort::open(OpenMode mode)
 {
     m_received.clear();
+    m_ended = false;
     m_error = QLatin1String(noError);
     if (!m_port->open(mode & ~OpenMode(Unbuffered))) {
         m_error = errorText(m_port->error(), m_port->errorString(), m_portName);
@@ -139,6 +141,7 @@ void QextSerialPort::close()
     if (m_port->isOpen())
         m_port->close();
     m_received.clear();
+    m_ended = false;
 }
 
 bool QextSerialPort::isSequential() const
@@ -210,4 +213,13 @@ void QextSerialPort::endAfterError()
     m_port->close();
     m_error = text;
     scheduleAnnouncement();
+    // Queued by itself: a receiver of the announcement may delete this object.
+    m_ended = true;
+    QMetaObject::invokeMethod(this, &QextSerialPort::announceEnd, Qt::QueuedConnection);
+}
+
+void QextSerialPort::announceEnd()
+{
+    if (std::exchange(m_ended, false))
+        emit readChannelFinished();
 }

@@ -91,8 +91,8 @@ public:
     bool checkedReading() const;
     void setCheckedReading(bool on);
 
-    /// Returns what tells of passed-over bytes, unread input and a lost port. The driver owns it; it
-    /// lives as long as the driver.
+    /// Returns what tells of passed-over bytes, unread input and a lost port. The driver owns it;
+    /// it lives as long as the driver.
     InputEvents* inputEvents();
 
     /// Returns "No Error has occurred" when the selected device can be used; otherwise the reason:

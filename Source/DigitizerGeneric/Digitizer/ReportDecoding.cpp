@@ -104,8 +104,8 @@ void Digitizer::handOver()
         report = parseReportText(everything);
     else
         report.m_button_number = closingCode();
-    qCDebug(lcSerial) << "report" << QByteArray(m_report_text) << "button" << report.m_button_number << "at"
-                      << report.coordinate().x() << report.coordinate().y();
+    qCDebug(lcSerial) << "report" << QByteArray(m_report_text) << "button" << report.m_button_number
+                      << "at" << report.coordinate().x() << report.coordinate().y();
     // The host may close, reopen or select inside its handler: nothing comes after this.
     report.flush();
 }

@@ -57,6 +57,9 @@ public:
     /// Returns whether a pause would change anything.
     bool needsPause() const { return size() > 0 || m_lost; }
 
+    /// Returns the characters of a report.
+    int reportSize() const { return int(m_allowed.size()); }
+
     /// Returns whether a report may have \a character at \a position.
     bool allows(int position, char character) const;
 
@@ -68,7 +71,6 @@ private:
     enum class Match { No, SoFar, Whole };
 
     int size() const { return m_bytes.size() - m_begin; }
-    int reportSize() const { return int(m_allowed.size()); }
     int visible() const { return m_pauseAt.value_or(size()); }
     Match matchAt(int offset) const;
     bool hasRival() const;
