@@ -98,9 +98,9 @@ void ReportStream::setTemplate(const DigitizerArgument& description)
     }
 
     m_hasLineEnds = lineEnds.any();
-    const auto firstLineEnd = std::find_if(roles.begin(), roles.end(), isLineEnd);
+    m_beginsWithLineEnd = !roles.empty() && isLineEnd(roles.front());
     m_lineEnd.reset();
-    if (m_hasLineEnds && std::all_of(firstLineEnd, roles.end(), isLineEnd))
+    if (!roles.empty() && isLineEnd(roles.back()))
         m_lineEnd = roles.back() == FORMAT_CR ? '\r' : '\n';
     m_certain = 0;
 }
@@ -133,7 +133,18 @@ std::optional<StreamItem> ReportStream::next()
         return std::nullopt;
     if (!canCheck())
         return takeStray(visible());
-    return m_hasLineEnds ? nextByLines() : nextByFields();
+    if (m_lost || !m_hasLineEnds)
+        return find();
+    switch (matchAt(0)) {
+    case Match::Whole:
+        return takeReport();
+    case Match::SoFar:
+        return std::nullopt;
+    case Match::No:
+        break;
+    }
+    m_lost = true;
+    return find();
 }
 
 bool ReportStream::allows(int position, char character) const
@@ -150,8 +161,18 @@ int ReportStream::pauseMilliseconds(const PortSettings& settings)
     return slowAdapter + int(characters * SerialTiming::characterMicroseconds(settings) / 1000);
 }
 
+// Without a line end to hold on to, a template that has some begins after a pause only.
+bool ReportStream::mayBeginAt(int offset) const
+{
+    if (!m_lost || !m_hasLineEnds || m_beginsWithLineEnd)
+        return true;
+    return m_lineEnd == (offset == 0 ? m_before : m_bytes.at(m_begin + offset - 1));
+}
+
 ReportStream::Match ReportStream::matchAt(int offset) const
 {
+    if (!mayBeginAt(offset))
+        return Match::No;
     const int characters = std::min(reportSize(), visible() - offset);
     const char* const text = m_bytes.constData() + m_begin + offset;
     for (int position = 0; position < characters; ++position) {
@@ -163,45 +184,31 @@ ReportStream::Match ReportStream::matchAt(int offset) const
     return m_pauseAt ? Match::No : Match::SoFar;
 }
 
-std::optional<StreamItem> ReportStream::nextByLines()
+int ReportStream::firstCandidate() const
 {
-    if (!m_lost) {
-        switch (matchAt(0)) {
-        case Match::Whole:
-            return takeReport();
-        case Match::SoFar:
-            return std::nullopt;
-        case Match::No:
-            m_lost = true;
-        }
-    }
-    return strayUntilFound();
+    int offset = 0;
+    while (offset < visible() && matchAt(offset) == Match::No)
+        ++offset;
+    return offset;
 }
 
-std::optional<StreamItem> ReportStream::strayUntilFound()
+// A damaged line is told whole, not byte by byte as it arrives.
+bool ReportStream::lineGoesOn(int candidate) const
 {
-    const int lineEnd = m_lineEnd ? m_bytes.indexOf(*m_lineEnd, m_begin) - m_begin : -1;
-    if (lineEnd >= 0 && lineEnd < visible()) {
-        m_lost = false;
-        return takeStray(lineEnd + 1);
-    }
-    if (m_pauseAt || visible() >= strayBytesAtOnce)
-        return takeStray(visible());
-    return std::nullopt;
+    return m_hasLineEnds && candidate == visible() && visible() < strayBytesAtOnce && !m_pauseAt &&
+           m_lineEnd != m_bytes.back();
 }
 
-std::optional<StreamItem> ReportStream::nextByFields()
+std::optional<StreamItem> ReportStream::find()
 {
     if (m_certain > 0) {
         m_certain -= reportSize();
         return takeReport();
     }
-    int start = 0;
-    while (start < visible() && matchAt(start) == Match::No)
-        ++start;
-    if (start > 0) {
+    const int candidate = firstCandidate();
+    if (candidate > 0) {
         m_lost = true;
-        return takeStray(start);
+        return lineGoesOn(candidate) ? std::nullopt : std::optional(takeStray(candidate));
     }
     if (matchAt(0) == Match::SoFar)
         return std::nullopt;
@@ -254,6 +261,7 @@ QByteArray ReportStream::take(int count)
 {
     const QByteArray bytes = m_bytes.mid(m_begin, count);
     m_begin += count;
+    m_before = bytes.back();
     if (m_pauseAt)
         *m_pauseAt -= count;
     return bytes;

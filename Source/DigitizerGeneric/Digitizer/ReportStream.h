@@ -23,12 +23,13 @@ struct StreamItem
 /// lost byte. Bytes and pauses in, items out; every byte comes out once, in order.
 ///
 /// Each character of a report has to be one that its role allows. A report begins where the one
-/// before ended or after a pause; how the place is found again depends on the template:
-/// - Line ends at its end and nowhere else: behind the next line end. A line that is not exactly
-///   one report is passed over whole.
-/// - Line ends elsewhere: after a pause.
-/// - No line ends: where a report fits and no other one that overlaps it. Where two would fit, all
-///   is kept until a pause, and then it has to be whole reports from its first byte to its last.
+/// before ended or after a pause. How the place is found again after bytes that do not fit:
+/// - With line ends in the template: behind a line end, or at one that the template begins with. A
+///   line that is longer than its report is passed over whole.
+/// - Without: anywhere.
+/// - Where two reports would fit that overlap each other, all is kept until a pause. After it,
+///   reports of a template without line ends are taken if they are whole ones from the pause
+///   before to this one, and everything else is passed over.
 /// Damage that leaves a well-formed report behind cannot be seen.
 class ReportStream
 {
@@ -72,23 +73,26 @@ private:
 
     int size() const { return m_bytes.size() - m_begin; }
     int visible() const { return m_pauseAt.value_or(size()); }
+    bool mayBeginAt(int offset) const;
     Match matchAt(int offset) const;
+    int firstCandidate() const;
+    bool lineGoesOn(int candidate) const;
     bool hasRival() const;
     bool isWholeReports() const;
-    std::optional<StreamItem> nextByLines();
-    std::optional<StreamItem> nextByFields();
+    std::optional<StreamItem> find();
     std::optional<StreamItem> resolveRivals();
-    std::optional<StreamItem> strayUntilFound();
     StreamItem takeReport();
     StreamItem takeStray(int count);
     QByteArray take(int count);
 
     std::vector<Characters> m_allowed; ///< for each position of the template
     bool m_hasLineEnds = false;
-    std::optional<char> m_lineEnd; ///< ends each report and stands nowhere else in it
+    bool m_beginsWithLineEnd = false;
+    std::optional<char> m_lineEnd; ///< the last character of each report
 
     QByteArray m_bytes;
     int m_begin = 0;              ///< of what waits, in m_bytes
+    char m_before = 0;            ///< the last byte that came out
     std::optional<int> m_pauseAt; ///< so many of the waiting bytes came before the pause
     bool m_lost = false;          ///< the first waiting byte need not be the first of a report
     int m_certain = 0;            ///< so many of the waiting bytes are known to be whole reports
