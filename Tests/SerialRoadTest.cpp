@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
+#include "DigitizerGeneric/Digitizer/InputEvents.h"
 #include "support/DescriptionBuilder.h"
 #include "support/RecordedMessages.h"
 #include "support/TestHost.h"
@@ -12,6 +13,7 @@
 #include <functional>
 #include <limits>
 #include <memory>
+#include <utility>
 
 #include <sys/resource.h>
 
@@ -94,9 +96,14 @@ private slots:
     void theHandlerMayDoAnything_data();
     void theHandlerMayDoAnything();
     void aHangUpStaysQuiet();
+    void whatComesOfALine_data();
+    void whatComesOfALine();
+    void reportsCutAnywhereAreWhole();
     void reportsInLockStepAllArrive();
 
 private:
+    void take(const QString& step);
+    void doDeed();
     bool openDriver(const char* driver);
     bool send(const QByteArray& chunk);
     bool arrived(int reports)
@@ -109,6 +116,7 @@ private:
     std::unique_ptr<RecordedMessages> m_messages;
     boost::shared_ptr<Digitizer> m_digitizer;
     QStringList m_reports;
+    QString m_deed; // of the handler, at its first report
 };
 
 void SerialRoadTest::init()
@@ -118,6 +126,8 @@ void SerialRoadTest::init()
         m_host->writeDescription(QLatin1String(name), file.xml());
     };
     install(DescriptionBuilder(), "a");
+    install(DescriptionBuilder("lines").resolution(1, "LPMM").report("XXYYBC"), "c");
+    install(DescriptionBuilder("free").resolution(1, "LPMM").report("XXYYB"), "d");
     install(DescriptionBuilder("sixteen").report("XXYYB").buttons("16", 1, {"0", "1", "2"}), "s");
     install(DescriptionBuilder("five").report("XXYYB"), "f");
     install(DescriptionBuilder("three").report("XXXXYYYYB" + QByteArray(18, 'U')), "t");
@@ -136,6 +146,8 @@ void SerialRoadTest::cleanup()
 {
     DigitalReport::unregisterHandle();
     m_digitizer->close();
+    m_digitizer->setCheckedReading(false);
+    m_digitizer->inputEvents()->disconnect(this);
     m_messages.reset();
     m_host.reset(); // before the next one makes itself known
 }
@@ -472,6 +484,163 @@ void SerialRoadTest::aHangUpStaysQuiet()
     QVERIFY(send("900012343"));
     QVERIFY(arrived(3));
     QCOMPARE(m_reports.last(), QStringLiteral("90 12.34 3"));
+}
+
+namespace {
+
+struct LineRow
+{
+    const char* name;
+    const char* driver;
+    const char* steps; // see take(); the device is open and read before the first one
+    const char* log;   // reports as X,Y,BUTTON, and what InputEvents tells
+};
+
+// "lines" has reports such as "12341" with a carriage return, written as $ here.
+const LineRow lineRows[] = {
+    {"two at once", "lines", "send 12341$56782$", "1.2,3.4,1 5.6,7.8,2"},
+    {"and many", "lines", "send 12341$56782$12341$56782$12341$",
+     "1.2,3.4,1 5.6,7.8,2 1.2,3.4,1 5.6,7.8,2 1.2,3.4,1"},
+    {"damaged", "lines", "send 12?41$56782$", "over:12?41$ 5.6,7.8,2"},
+    {"garbage in front", "lines", "send #12341$56782$", "over:#12341$ 5.6,7.8,2"},
+    {"never completed", "lines", "send 12; await 1; send 56782$", "over:12 5.6,7.8,2"},
+    {"an unknown button", "lines", "send 1234Z$", "1.2,3.4,0"},
+    {"without line ends, at a pause", "free", "send 1234156782", "1.2,3.4,1 5.6,7.8,2"},
+    {"without line ends, two would fit", "free", "send 912341; await 1; send 56782",
+     "over:912341 5.6,7.8,2"},
+    {"an unknown driver", "nobody", "send 12341$", "unread:6"},
+    {"between open and read", "lines", "reopen; send 12341$56782$; read; send 12341$",
+     "end:5 1.2,3.4,1 5.6,7.8,2 1.2,3.4,1"},
+    {"lost before a report", "lines", "hang up", "lost"},
+    {"lost behind reports", "lines", "send 12341$56782$; await 2; hang up",
+     "1.2,3.4,1 5.6,7.8,2 lost"},
+    {"lost inside of one", "lines", "send 12341$56; await 1; hang up", "1.2,3.4,1 over:56 lost"},
+    {"lost between open and read", "lines", "reopen; send 12341$; taken; hang up; read",
+     "end:5 1.2,3.4,1 lost"},
+    {"taken at the next open", "lines", "plain; send 12341$56782$", "1.2,3.4,1 5.6,7.8,2"},
+    {"off at the next open", "lines", "plain; reopen; read; send 12341$56782$", "end:5 unread:12"},
+    {"off, behind a report", "lines", "plain; reopen; read; send 12341$; await 2; send 123",
+     "end:5 1.2,3.4,1 unread:3"},
+    {"off, lost", "lines", "plain; reopen; read; send 12341$; await 2; hang up",
+     "end:5 1.2,3.4,1 lost"},
+    {"the fixed layout", "lectra e92", "send uuuuuu32u0  1234u 56789; await 1; send x",
+     "12.34,567.89,3 12.34,567.89,3"},
+    {"handler closes", "lines", "deed close; send 12341$56782$", "1.2,3.4,1 end:5"},
+    {"handler opens again", "lines", "deed open; send 12341$56782$; await 1; send 12341$",
+     "1.2,3.4,1 1.2,3.4,1"},
+    {"handler selects", "lines", "deed select; send 12341$123456782", "1.2,3.4,1 12.34,56.78,2"},
+    {"handler selects the same", "lines", "deed same; send 12341$56782$", "1.2,3.4,1 5.6,7.8,2"},
+    {"handler shows a dialog", "lines", "deed dialog; send 12341$56782$",
+     "1.2,3.4,1 5.6,7.8,2 1.2,3.4,1"},
+    {"lost while a dialog is shown", "lines", "deed pull; send 12341$56782$",
+     "1.2,3.4,1 5.6,7.8,2 lost"},
+    {"handler throws", "lines", "deed throw; send 12341$56782$", "1.2,3.4,1 5.6,7.8,2"},
+};
+
+} // namespace
+
+void SerialRoadTest::doDeed()
+{
+    const QString deed = std::exchange(m_deed, QString());
+    if (deed == QLatin1String("close"))
+        m_digitizer->close();
+    if (deed == QLatin1String("open"))
+        QVERIFY(openDriver("lines"));
+    if (deed == QLatin1String("select"))
+        m_digitizer->selectDevice(QStringLiteral("A"), QStringLiteral("/nowhere"));
+    if (deed == QLatin1String("same"))
+        m_digitizer->selectDevice(QStringLiteral("lines"), m_tablet->path());
+    if (deed == QLatin1String("throw"))
+        throw HostError();
+    if (deed == QLatin1String("dialog")) {
+        QVERIFY2(arrived(2), "a report that waits comes to a nested event loop");
+        m_tablet->write("12341\r");
+        QVERIFY(arrived(3));
+    }
+    if (deed == QLatin1String("pull")) {
+        m_tablet->hangUp();
+        QVERIFY(arrived(3));
+    }
+}
+
+void SerialRoadTest::take(const QString& step)
+{
+    const QString what =
+        step.section(QLatin1Char(' '), 1).replace(QLatin1Char('$'), QLatin1Char('\r'));
+    if (step.startsWith(QLatin1String("send")))
+        QVERIFY(m_tablet->write(what.toLatin1()));
+    else if (step.startsWith(QLatin1String("await")))
+        QVERIFY2(arrived(what.toInt()), qPrintable(m_reports.join(QLatin1Char(' '))));
+    else if (step.startsWith(QLatin1String("deed")))
+        m_deed = what;
+    else if (step == QLatin1String("plain"))
+        m_digitizer->setCheckedReading(false);
+    else if (step == QLatin1String("reopen"))
+        QVERIFY(m_digitizer->close() && m_digitizer->open());
+    else if (step == QLatin1String("read"))
+        m_digitizer->readReport();
+    else if (step == QLatin1String("taken"))
+        QTRY_VERIFY(m_tablet->taken());
+    else if (step == QLatin1String("hang up"))
+        m_tablet->hangUp();
+}
+
+void SerialRoadTest::whatComesOfALine_data()
+{
+    QTest::addColumn<int>("index");
+    for (int index = 0; index < int(std::size(lineRows)); ++index)
+        QTest::newRow(lineRows[index].name) << index;
+}
+
+void SerialRoadTest::whatComesOfALine()
+{
+    QFETCH(int, index);
+    const LineRow& row = lineRows[index];
+    const InputEvents* const events = m_digitizer->inputEvents();
+    connect(events, &InputEvents::bytesPassedOver, this, [this](const QByteArray& bytes) {
+        m_reports << QStringLiteral("over:") +
+                         QString::fromLatin1(bytes).replace(QLatin1Char('\r'), QLatin1Char('$'));
+    });
+    connect(events, &InputEvents::inputUnread, this,
+            [this](qint64 bytes) { m_reports << QStringLiteral("unread:%1").arg(bytes); });
+    connect(events, &InputEvents::portLost, this, [this](const QString& reason) {
+        QVERIFY(!reason.isEmpty() && reason != QLatin1String("No Error has occurred"));
+        m_reports << QStringLiteral("lost");
+    });
+    DigitalReport::registerHandle([this](const DigitalReport& report) {
+        const GeoPoint2D point = report.coordinate();
+        m_reports << (point.x() > 0 && point.x() < 1e-300
+                          ? QStringLiteral("end:%1").arg(report.m_button_number)
+                          : QStringLiteral("%1,%2,%3")
+                                .arg(point.x())
+                                .arg(point.y())
+                                .arg(report.m_button_number));
+        doDeed();
+    });
+    m_digitizer->setCheckedReading(true);
+    QVERIFY(openDriver(row.driver));
+    for (const QString& step : QString::fromLatin1(row.steps).split(QStringLiteral("; ")))
+        take(step);
+    const QStringList expected = QString::fromLatin1(row.log).split(QLatin1Char(' '));
+    arrived(expected.size());
+    QTest::qWait(0);
+    QCOMPARE(m_reports, expected);
+}
+
+void SerialRoadTest::reportsCutAnywhereAreWhole()
+{
+    m_digitizer->setCheckedReading(true);
+    QVERIFY(openDriver("lines"));
+    const QByteArray reports = "12341\r56782\r90123\r";
+    QStringList expected;
+    for (int cut = 1; cut < reports.size(); ++cut) {
+        QVERIFY(m_tablet->write(reports.left(cut)));
+        QTRY_VERIFY(m_tablet->taken());
+        QVERIFY(m_tablet->write(reports.mid(cut)));
+        expected << texts({"1.2 3.4 1", "5.6 7.8 2", "9 1.2 3"});
+        QVERIFY2(arrived(expected.size()), qPrintable(QString::number(cut)));
+    }
+    QCOMPARE(m_reports, expected);
 }
 
 void SerialRoadTest::reportsInLockStepAllArrive()
