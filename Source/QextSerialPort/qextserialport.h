@@ -58,12 +58,16 @@ struct PortSettings
 /// loop, never from inside the inner port's own signal, so a receiver may run an event loop of its
 /// own, close or delete the port, or throw.
 ///
-/// A hang-up (the adapter was unplugged) is announced once by readChannelFinished(), in both query
-/// modes: from the event loop and behind the readyRead() that announces the bytes received before
-/// it. A receiver of either may close or delete the port. It is not announced once the port has
-/// been closed, whether or not it was opened again. After a hang-up the port stays open and quiet
-/// until close(): its error stays readable through errorString(), bytes received before it can
-/// still be read, and nothing more is announced. Thread: the thread that owns the object.
+/// A read that gives nothing because another program took the bytes changes nothing; only when the
+/// next one fails as well has the line hung up. A hang-up (the adapter was unplugged) is announced
+/// once by readChannelFinished(), in both query modes: from the event loop and behind the
+/// readyRead() that announces the bytes received before it. A receiver of either may close or
+/// delete the port. It is not announced once the port has been closed, whether or not it was opened
+/// again. After a hang-up the port stays open and quiet until close(): its error stays readable
+/// through errorString(), bytes received before it can still be read, and nothing more is
+/// announced.
+///
+/// Thread: the thread that owns the object.
 class QEXTSERIALPORT_EXPORT QextSerialPort : public QIODevice
 {
     Q_OBJECT
@@ -112,6 +116,8 @@ private:
     void receive();
     void scheduleAnnouncement();
     void announce();
+    void doubtLine();
+    void checkLine();
     void endAfterError();
     void announceEnd();
 
@@ -121,5 +127,6 @@ private:
     QByteArray m_received;
     QString m_error;
     bool m_announcementPending = false;
-    bool m_ended = false; // by a hang-up that is still to be announced
+    bool m_inDoubt = false; // a read has failed, and no byte or rest of the line came since
+    bool m_ended = false;   // by a hang-up that is still to be announced
 };
