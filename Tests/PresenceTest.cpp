@@ -181,6 +181,7 @@ void PresenceTest::withoutAPortNothingBeeps()
     const RecordedMessages messages;
     digitizer->selectDevice(QStringLiteral("A"), tablet.path());
     digitizer->digitBeep();
+    QVERIFY(QMetaObject::invokeMethod(digitizer.get(), "handleRead"));
     QVERIFY(digitizer->open());
     digitizer->selectDevice(QStringLiteral("B"), tablet.path());
     digitizer->digitBeep(); // no such description
@@ -189,6 +190,12 @@ void PresenceTest::withoutAPortNothingBeeps()
     digitizer->digitBeep();
     QCOMPARE(tablet.read(), QByteArray());
     QCOMPARE(RecordedMessages::texts(), QStringList());
+    digitizer->selectDevice(QStringLiteral("A"), QStringLiteral("/nowhere/port"));
+    QVERIFY(!digitizer->open());
+    digitizer->digitBeep();
+    QCOMPARE(RecordedMessages::texts().join(QLatin1Char('|')),
+             QStringLiteral("Test for digitizer beep string: \".\""));
+    digitizer->close();
 }
 
 QTEST_GUILESS_MAIN(PresenceTest)

@@ -65,6 +65,8 @@ bool Digitizer::isLectraE92() const
 
 void Digitizer::handleRead()
 {
+    if (!m_port)
+        return; // anybody can invoke a slot by its name
     const bool lectraE92 = isLectraE92();
     const qint64 waiting = m_port->bytesAvailable();
     if (quint64(waiting) != m_argument->m_reportLength && !lectraE92) {
