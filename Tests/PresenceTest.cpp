@@ -19,6 +19,7 @@ private slots:
     void theAnswerNamesWhatIsMissing_data();
     void theAnswerNamesWhatIsMissing();
     void theProbeLeavesAnOpenDeviceAlone();
+    void theProbeLeavesWaitingInputAlone();
     void theBeepTravelsToTheTablet_data();
     void theBeepTravelsToTheTablet();
     void withoutAPortNothingBeeps();
@@ -107,6 +108,22 @@ void PresenceTest::theProbeLeavesAnOpenDeviceAlone()
     QCOMPARE(Digitizer::deviceExist(), QStringLiteral("Device is already locked"));
     QVERIFY(digitizer->active());
     QVERIFY(digitizer->close());
+}
+
+void PresenceTest::theProbeLeavesWaitingInputAlone()
+{
+    TestHost host;
+    PseudoTerminal tablet; // keeps the port open, as another program does
+    host.writeDescription(QStringLiteral("a"), DescriptionBuilder().xml());
+    const auto digitizer = Digitizer::instance();
+    digitizer->selectDevice(QStringLiteral("A"), tablet.path());
+    QVERIFY(tablet.write("123456782"));
+    QTRY_VERIFY(!tablet.drained());
+    QCOMPARE(Digitizer::deviceExist(), QStringLiteral("No Error has occurred"));
+    QVERIFY(!tablet.drained());
+    QVERIFY(digitizer->open());
+    QVERIFY(tablet.drained());
+    digitizer->close();
 }
 
 void PresenceTest::theBeepTravelsToTheTablet_data()

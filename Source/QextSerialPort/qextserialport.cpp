@@ -133,8 +133,10 @@ bool QextSerialPort::open(OpenMode mode)
         m_error = errorText(m_port->error(), m_port->errorString(), m_portName);
         return false;
     }
-    // Bytes that arrived before the open are still in the system's buffer and would follow later.
-    m_port->clear(QSerialPort::Input);
+    // Bytes that arrived before the open are still in the system's buffer and would follow later. A
+    // port that is only opened to see whether it opens leaves them to the program they are for.
+    if ((mode & ReadWrite) == ReadWrite)
+        m_port->clear(QSerialPort::Input);
     return QIODevice::open(mode | Unbuffered);
 }
 

@@ -91,9 +91,11 @@ public:
     void setStopBits(StopBitsType stopBits);
     void setFlowControl(FlowType flowControl);
 
-    /// Opens the port with the settings given so far and discards what arrived before. \a mode may
-    /// hold Unbuffered; the port never lets QIODevice buffer. Returns false on failure, and
-    /// errorString() says why.
+    /// Opens the port with the settings given so far. Opened for reading and writing, it discards
+    /// what arrived before; opened for reading only, it takes a look: what waits then stays for
+    /// whoever reads it, here or in another program. close() discards nothing that was not yet
+    /// read from the line. \a mode may hold Unbuffered; the port never lets QIODevice buffer.
+    /// Returns false on failure, and errorString() says why.
     bool open(OpenMode mode) override;
     void close() override;
     bool isSequential() const override;
