@@ -5,6 +5,7 @@
 #include "tablet-simulator/PseudoTerminal.h"
 
 #include <QSerialPort>
+#include <QSocketNotifier>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -27,6 +28,8 @@ private slots:
     void bytesAreAnnouncedReadAndWritten();
     void aReceiverMayDeleteThePort();
     void writingAfterAHangUpFailsSilently();
+    void anotherReaderMayTakeTheBytes_data();
+    void anotherReaderMayTakeTheBytes();
     void aHangUpIsAnnouncedOnce_data();
     void aHangUpIsAnnouncedOnce();
 };
@@ -206,6 +209,48 @@ void PortLayerTest::writingAfterAHangUpFailsSilently()
     QCOMPARE(port.readAll(), QByteArray());
     QCOMPARE(port.errorString(), error);
     QCOMPARE(RecordedMessages::texts(), QStringList());
+}
+
+void PortLayerTest::anotherReaderMayTakeTheBytes_data()
+{
+    QTest::addColumn<int>("staleErrno"); // decides which error the inner port reports
+    QTest::addColumn<int>("times");
+    QTest::newRow("once") << 0 << 1;
+    QTest::newRow("once, with the errno of a port without bytes") << EAGAIN << 1;
+    QTest::newRow("again and again") << 0 << 5;
+    QTest::newRow("again and again, with that errno") << EAGAIN << 5;
+}
+
+void PortLayerTest::anotherReaderMayTakeTheBytes()
+{
+    QFETCH(int, staleErrno);
+    QFETCH(int, times);
+    PseudoTerminal tablet;
+    QextSerialPort port;
+    QSignalSpy ended(&port, &QIODevice::readChannelFinished);
+    port.setPortName(tablet.path());
+    QVERIFY(port.open(QIODevice::ReadWrite | QIODevice::Unbuffered));
+    const int other = open(qPrintable(tablet.path()), O_RDONLY | O_NOCTTY | O_CLOEXEC);
+    for (int taken = 0; taken < times; ++taken) {
+        QVERIFY(tablet.write("stolen"));
+        char bytes[16];
+        QCOMPARE(read(other, bytes, sizeof bytes), ssize_t(6));
+        // What the event loop does that was told of the bytes before the other program read them.
+        QEvent activation(QEvent::SockAct);
+        errno = staleErrno;
+        for (QSocketNotifier* const notifier : port.findChildren<QSocketNotifier*>()) {
+            if (notifier->type() == QSocketNotifier::Read)
+                QCoreApplication::sendEvent(notifier, &activation);
+        }
+        QCoreApplication::processEvents();
+    }
+    close(other);
+    QVERIFY(tablet.write("123456782"));
+    QTRY_COMPARE(port.bytesAvailable(), qint64(9));
+    QCOMPARE(port.readAll(), QByteArray("123456782"));
+    QCOMPARE(port.errorString(), QStringLiteral("No Error has occurred"));
+    tablet.hangUp();
+    QTRY_COMPARE(ended.size(), 1);
 }
 
 void PortLayerTest::aHangUpIsAnnouncedOnce_data()

@@ -19,6 +19,7 @@ private slots:
     void theAnswerNamesWhatIsMissing_data();
     void theAnswerNamesWhatIsMissing();
     void theProbeLeavesAnOpenDeviceAlone();
+    void theProbeLeavesWaitingInputAlone();
     void theBeepTravelsToTheTablet_data();
     void theBeepTravelsToTheTablet();
     void withoutAPortNothingBeeps();
@@ -109,6 +110,22 @@ void PresenceTest::theProbeLeavesAnOpenDeviceAlone()
     QVERIFY(digitizer->close());
 }
 
+void PresenceTest::theProbeLeavesWaitingInputAlone()
+{
+    TestHost host;
+    PseudoTerminal tablet; // keeps the port open, as another program does
+    host.writeDescription(QStringLiteral("a"), DescriptionBuilder().xml());
+    const auto digitizer = Digitizer::instance();
+    digitizer->selectDevice(QStringLiteral("A"), tablet.path());
+    QVERIFY(tablet.write("123456782"));
+    QTRY_VERIFY(!tablet.drained());
+    QCOMPARE(Digitizer::deviceExist(), QStringLiteral("No Error has occurred"));
+    QVERIFY(!tablet.drained());
+    QVERIFY(digitizer->open());
+    QVERIFY(tablet.drained());
+    digitizer->close();
+}
+
 void PresenceTest::theBeepTravelsToTheTablet_data()
 {
     QTest::addColumn<QByteArray>("beep");
@@ -181,6 +198,7 @@ void PresenceTest::withoutAPortNothingBeeps()
     const RecordedMessages messages;
     digitizer->selectDevice(QStringLiteral("A"), tablet.path());
     digitizer->digitBeep();
+    QVERIFY(QMetaObject::invokeMethod(digitizer.get(), "handleRead"));
     QVERIFY(digitizer->open());
     digitizer->selectDevice(QStringLiteral("B"), tablet.path());
     digitizer->digitBeep(); // no such description
@@ -189,6 +207,12 @@ void PresenceTest::withoutAPortNothingBeeps()
     digitizer->digitBeep();
     QCOMPARE(tablet.read(), QByteArray());
     QCOMPARE(RecordedMessages::texts(), QStringList());
+    digitizer->selectDevice(QStringLiteral("A"), QStringLiteral("/nowhere/port"));
+    QVERIFY(!digitizer->open());
+    digitizer->digitBeep();
+    QCOMPARE(RecordedMessages::texts().join(QLatin1Char('|')),
+             QStringLiteral("Test for digitizer beep string: \".\""));
+    digitizer->close();
 }
 
 QTEST_GUILESS_MAIN(PresenceTest)

@@ -68,7 +68,7 @@ QextSerialPort::QextSerialPort(QueryMode mode, QObject* parent)
     connect(m_port, &QSerialPort::readyRead, this, &QextSerialPort::receive);
     connect(m_port, &QSerialPort::errorOccurred, this, [this](QSerialPort::SerialPortError error) {
         if (isOpen() && (error == QSerialPort::ReadError || error == QSerialPort::ResourceError))
-            endAfterError();
+            doubtLine();
     });
 }
 
@@ -123,13 +123,16 @@ bool QextSerialPort::open(OpenMode mode)
 {
     m_received.clear();
     m_ended = false;
+    m_inDoubt = false;
     m_error = QLatin1String(noError);
     if (!m_port->open(mode & ~OpenMode(Unbuffered))) {
         m_error = errorText(m_port->error(), m_port->errorString(), m_portName);
         return false;
     }
-    // Bytes that arrived before the open are still in the system's buffer and would follow later.
-    m_port->clear(QSerialPort::Input);
+    // Bytes that arrived before the open are still in the system's buffer and would follow later. A
+    // port that is only opened to see whether it opens leaves them to the program they are for.
+    if ((mode & ReadWrite) == ReadWrite)
+        m_port->clear(QSerialPort::Input);
     return QIODevice::open(mode | Unbuffered);
 }
 
@@ -185,7 +188,11 @@ void QextSerialPort::receive()
 {
     // Always everything: a read of the inner port is what switches its notifier on again after
     // a zero-length read that it took for an error.
-    m_received += m_port->readAll();
+    const QByteArray bytes = m_port->readAll();
+    if (bytes.isEmpty())
+        return;
+    m_received += bytes;
+    m_inDoubt = false;
     scheduleAnnouncement();
 }
 
@@ -203,6 +210,23 @@ void QextSerialPort::announce()
     // A receiver may have deleted this object when the signal returns: nothing comes after it.
     if (bytesAvailable() > 0)
         emit readyRead();
+}
+
+void QextSerialPort::doubtLine()
+{
+    if (m_inDoubt)
+        return endAfterError();
+    receive();
+    m_inDoubt = true;
+    QMetaObject::invokeMethod(this, &QextSerialPort::checkLine, Qt::QueuedConnection);
+}
+
+void QextSerialPort::checkLine()
+{
+    // Another program may have taken the bytes that were announced: a read then gives nothing, and
+    // the inner port takes that for an error. On a line that has hung up the next read fails too.
+    if (m_inDoubt && m_port->isOpen() && !m_port->waitForReadyRead(0))
+        m_inDoubt = m_port->error() != QSerialPort::TimeoutError;
 }
 
 void QextSerialPort::endAfterError()

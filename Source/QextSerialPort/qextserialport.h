@@ -58,12 +58,16 @@ struct PortSettings
 /// loop, never from inside the inner port's own signal, so a receiver may run an event loop of its
 /// own, close or delete the port, or throw.
 ///
-/// A hang-up (the adapter was unplugged) is announced once by readChannelFinished(), in both query
-/// modes: from the event loop and behind the readyRead() that announces the bytes received before
-/// it. A receiver of either may close or delete the port. It is not announced once the port has
-/// been closed, whether or not it was opened again. After a hang-up the port stays open and quiet
-/// until close(): its error stays readable through errorString(), bytes received before it can
-/// still be read, and nothing more is announced. Thread: the thread that owns the object.
+/// A read that gives nothing because another program took the bytes changes nothing; only when the
+/// next one fails as well has the line hung up. A hang-up (the adapter was unplugged) is announced
+/// once by readChannelFinished(), in both query modes: from the event loop and behind the
+/// readyRead() that announces the bytes received before it. A receiver of either may close or
+/// delete the port. It is not announced once the port has been closed, whether or not it was opened
+/// again. After a hang-up the port stays open and quiet until close(): its error stays readable
+/// through errorString(), bytes received before it can still be read, and nothing more is
+/// announced.
+///
+/// Thread: the thread that owns the object.
 class QEXTSERIALPORT_EXPORT QextSerialPort : public QIODevice
 {
     Q_OBJECT
@@ -87,9 +91,11 @@ public:
     void setStopBits(StopBitsType stopBits);
     void setFlowControl(FlowType flowControl);
 
-    /// Opens the port with the settings given so far and discards what arrived before. \a mode may
-    /// hold Unbuffered; the port never lets QIODevice buffer. Returns false on failure, and
-    /// errorString() says why.
+    /// Opens the port with the settings given so far. Opened for reading and writing, it discards
+    /// what arrived before; opened for reading only, it takes a look: what waits then stays for
+    /// whoever reads it, here or in another program. close() discards nothing that was not yet
+    /// read from the line. \a mode may hold Unbuffered; the port never lets QIODevice buffer.
+    /// Returns false on failure, and errorString() says why.
     bool open(OpenMode mode) override;
     void close() override;
     bool isSequential() const override;
@@ -112,6 +118,8 @@ private:
     void receive();
     void scheduleAnnouncement();
     void announce();
+    void doubtLine();
+    void checkLine();
     void endAfterError();
     void announceEnd();
 
@@ -121,5 +129,6 @@ private:
     QByteArray m_received;
     QString m_error;
     bool m_announcementPending = false;
-    bool m_ended = false; // by a hang-up that is still to be announced
+    bool m_inDoubt = false; // a read has failed, and no byte or rest of the line came since
+    bool m_ended = false;   // by a hang-up that is still to be announced
 };

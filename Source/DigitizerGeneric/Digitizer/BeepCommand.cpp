@@ -31,7 +31,8 @@ void Digitizer::digitBeep()
     const QString command = beepCommand(found->document.documentElement());
     if (command.isEmpty() || !m_port)
         return;
-    m_port->write(command.toLatin1());
+    if (m_port->isOpen()) // it stays, unopened, after a failed open(), and a write would warn
+        m_port->write(command.toLatin1());
     qDebug() << "Test for digitizer beep string:" << command;
 }
 

@@ -151,7 +151,7 @@ public:
     short getCR(QMap<int, char> characters);
     short getLineFeed(QMap<int, char> characters);
 
-private slots:
+private Q_SLOTS:
     void handleRead();
 
 private:

@@ -72,7 +72,7 @@ bool Digitizer::isLectraE92() const
 void Digitizer::handleRead()
 {
     if (!m_port)
-        return;
+        return; // anybody can invoke a slot by its name
     if (readsChecked()) {
         deliverNext();
         return;

@@ -72,7 +72,7 @@ public:
     /// Closes the current file and gives it the extension ".txt", unless that name is taken.
     void closeAndModifyFileExtentionToTxt();
 
-public slots:
+public Q_SLOTS:
     /// Imports every pen file of the directory \a strPath, in the order of their names. Errors are
     /// shown to the user, and the import goes on.
     void analyzerDigitPenFile(const QString& strPath);
