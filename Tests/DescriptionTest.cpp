@@ -187,7 +187,7 @@ void DescriptionTest::aBrokenFileIsPassedOver_data()
     QTest::newRow("100,000 attributes") << "<d name='A'" + many;
     QTest::newRow("100,000 attributes behind a value that holds >") << "<d name='A' x='>'" + many;
     QTest::newRow("100,000 attributes behind comments")
-        << "<?p '?><!-- ' --><!DOCTYPE d SYSTEM '<!--' [<!-- ' -->]><d name='A'" + many;
+        << "<?p '?><!-- ' --><!DOCTYPE d SYSTEM '>' [<!-- ' -->]><d name='A'" + many;
     QTest::newRow("100,000 attributes behind a CDATA section")
         << "<d name='A'>'<![CDATA[<!--'<]]><e" + many + "</d>";
     QTest::newRow("entity bomb behind literals that look like comments")
