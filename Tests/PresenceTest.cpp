@@ -18,6 +18,7 @@ class PresenceTest : public QObject
 private slots:
     void theAnswerNamesWhatIsMissing_data();
     void theAnswerNamesWhatIsMissing();
+    void aFolderIsTakenWithoutItsFilters();
     void theProbeLeavesAnOpenDeviceAlone();
     void theProbeLeavesWaitingInputAlone();
     void theBeepTravelsToTheTablet_data();
@@ -95,6 +96,27 @@ void PresenceTest::theAnswerNamesWhatIsMissing()
     QCOMPARE(QDir(host.path(QStringLiteral("data/generated"))).entryList(QDir::Files).size(),
              installed);
     QVERIFY(host.warnings.isEmpty() && host.errors.isEmpty() && host.questions.isEmpty());
+}
+
+void PresenceTest::aFolderIsTakenWithoutItsFilters()
+{
+    class FilteringHost : public TestHost
+    {
+    public:
+        QDir pluginsDir() const override { return filtered(QStringLiteral("plugins")); }
+        QDir appDataLocation() const override { return filtered(QStringLiteral("data")); }
+
+    private:
+        QDir filtered(const QString& folder) const
+        {
+            return QDir(path(folder), QStringLiteral("*.none"), QDir::Name, QDir::Dirs);
+        }
+    };
+    FilteringHost host;
+    QDir().mkpath(host.path(QStringLiteral("data/generated")));
+    host.write(QStringLiteral("plugins/digitizer/generated/a.xml"), DescriptionBuilder().xml());
+    Digitizer::instance()->selectDevice(QStringLiteral("A"), QStringLiteral("File:"));
+    QCOMPARE(Digitizer::deviceExist(), QStringLiteral("No Error has occurred"));
 }
 
 void PresenceTest::theProbeLeavesAnOpenDeviceAlone()

@@ -60,7 +60,7 @@ QString installShippedDescriptions(const QDir& shipped, const QDir& data)
         return QStringLiteral("cannot create the folder %1").arg(folder);
     QSettings record(data.absoluteFilePath(QStringLiteral("shipped-descriptions.ini")),
                      QSettings::IniFormat);
-    for (const QString& name : shipped.entryList(QDir::Files)) {
+    for (const QString& name : QDir(shipped.path()).entryList(QDir::Files)) {
         const QString target = folder + QLatin1Char('/') + name;
         const std::optional<QByteArray> content = contentOf(shipped.absoluteFilePath(name));
         if (content && !installFile(*content, target, name, record))
