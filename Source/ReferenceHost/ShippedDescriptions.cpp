@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/ShippedDescriptions.h"
 
+#include "DigitizerGeneric/Digitizer/RegularFile.h"
+
 #include <QCryptographicHash>
 #include <QFile>
 #include <QSaveFile>
@@ -14,7 +16,7 @@ namespace {
 std::optional<QByteArray> contentOf(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!MavSystem::openRegularFile(file).isEmpty())
         return std::nullopt;
     return file.readAll();
 }
