@@ -30,8 +30,9 @@ QString digestOf(const QByteArray& content)
 bool replaceFile(const QString& path, const QByteArray& content)
 {
     QSaveFile file(path);
+    // commit() does not notice that what it writes last finds no room.
     return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() &&
-           file.commit();
+           file.flush() && file.commit();
 }
 
 // Returns whether the installed file is up to date or not ours to change.
