@@ -180,6 +180,19 @@ void DescriptionTest::aBrokenFileIsPassedOver_data()
         << entityBomb(entity, "&a;", 20000, "]><d name='A' x='", "'/>");
     QTest::newRow("entity bomb in a default")
         << entityBomb(entity, "&a;", 20000, "<!ATTLIST d x CDATA '", "'>]><d name='A'/>");
+    QByteArray attributes;
+    for (int number = 0; number < 100000; ++number)
+        attributes += " a" + QByteArray::number(number, 36) + "=''";
+    const QByteArray many = attributes + "/>";
+    QTest::newRow("100,000 attributes") << "<d name='A'" + many;
+    QTest::newRow("100,000 attributes behind a value that holds >") << "<d name='A' x='>'" + many;
+    QTest::newRow("100,000 attributes behind comments")
+        << "<?p '?><!-- ' --><!DOCTYPE d SYSTEM '>' [<!-- ' -->]><d name='A'" + many;
+    QTest::newRow("100,000 attributes behind a CDATA section")
+        << "<d name='A'>'<![CDATA[<!--'<]]><e" + many + "</d>";
+    QTest::newRow("entity bomb behind literals that look like comments")
+        << entityBomb("<!ENTITY c '<!--'><!NOTATION n SYSTEM '<?'>" + entity, "&a;", 20000,
+                      "]><d name='A'>", "</d>");
     QTest::newRow("small entity bomb of elements")
         << entityBomb("<!ENTITY a '" + QByteArray("<e/>").repeated(1000) + "'>", "&a;", 3500,
                       "]><d name='A'>", "</d>");
@@ -235,6 +248,19 @@ void DescriptionTest::theSearchAgreesWithParsingEveryFile_data()
     row("<?xml version='1.0' encoding='ISO-8859-1'?><d name='\xe9'/>", "\xc3\xa9");
     QTest::newRow("UTF-16") << QByteArray("\xff\xfe<\0d\0 \0n\0a\0m\0e\0=\0'\0A\0'\0/\0>\0", 28)
                             << QStringLiteral("A");
+    // What looks like markup, in a file large enough that declarations are refused.
+    const QByteArray lookalikes =
+        "<!ENTITY <!ELEMENT <!ATTLIST [" + QByteArray("a=\"b\" ").repeated(3000);
+    QTest::newRow("a comment that looks like markup")
+        << "<!-- it's " + lookalikes + "--><d name='A'/>" << QStringLiteral("A");
+    QTest::newRow("a comment in the document type that looks like markup")
+        << "<!DOCTYPE d [<!-- it's " + lookalikes + "-->]><d name='A'/>" << QStringLiteral("A");
+    QTest::newRow("a processing instruction that looks like markup")
+        << "<?p it's " + lookalikes + "?><d name='A'/>" << QStringLiteral("A");
+    QTest::newRow("a CDATA section that looks like markup")
+        << "<d name='A'><![CDATA[it's " + lookalikes + "]]></d>" << QStringLiteral("A");
+    QTest::newRow("a text that looks like attributes")
+        << "<d name='A'>it's > [" + lookalikes.mid(30) + "</d>" << QStringLiteral("A");
     const QByteArray levels = QByteArray("<e>").repeated(99) + QByteArray("</e>").repeated(99);
     QTest::newRow("100 levels") << "<d name='A'>" + levels + "</d>" << QStringLiteral("A");
 }

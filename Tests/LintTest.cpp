@@ -2,10 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/BoundedXmlReader.h"
 #include "DigitizerGeneric/Digitizer/DescriptionFiles.h"
+#include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/SerialSettings.h"
 #include "ReferenceHost/DescriptionKeys.h"
 #include "ReferenceHost/DescriptionLint.h"
+#include "ReferenceHost/ShippedDescriptions.h"
+#include "support/ProgramRun.h"
 #include "support/TestHost.h"
+#include "support/WatchedPipe.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -80,6 +84,8 @@ private slots:
     void driverRefusesWhatLintRefuses();
     void ownLayoutNeedsNoReport();
     void jsonNamesEachMember();
+    void nobodyWaitsForAPipe_data();
+    void nobodyWaitsForAPipe();
 
     void cleanupTestCase() { qInfo("%d of %d faulty files as expected", m_found, m_made); }
 
@@ -252,6 +258,61 @@ void LintTest::jsonNamesEachMember()
                                {QStringLiteral("found"), QStringLiteral("f")},
                                {QStringLiteral("accepted"), QStringLiteral("a")}};
     QCOMPARE(jsonOf(QStringLiteral("x.xml"), finding), expected);
+}
+
+void LintTest::nobodyWaitsForAPipe_data()
+{
+    QTest::addColumn<QString>("link");    // to the pipe; "@" is the directory of the test
+    QTest::addColumn<QString>("command"); // a program with its arguments, or a call by its name
+    QTest::addColumn<QString>("message");
+
+    const auto row = [](const char* link, const char* command, const char* message) {
+        QTest::newRow(qPrintable(QLatin1String(command) + QLatin1Char(' ') + QLatin1String(link)))
+            << QString::fromLatin1(link) << QString::fromLatin1(command)
+            << QString::fromLatin1(message);
+    };
+    const char unreadable[] = "not a regular file";
+    row("file", "digitizer|lint|@/file", unreadable);
+    row("file", "digitizer|describe|--from|@/file", unreadable);
+    row("file", "tablet-simulator|--description|@/file", unreadable);
+    row("file", "tablet-simulator|--driver|Lectra E92|--script|@/file", unreadable);
+    row("file", "tablet-simulator|--replay|@/file", unreadable);
+    row("home/DigitizerGeneric/generated/file", "digitizer|drivers", "");
+    row("home/DigitizerGeneric/generated/file",
+        "digitizer|lint|" SOURCE_DIRECTORY "/Examples/descriptions/annotated.xml", "");
+    row("home/DigitizerGeneric/generated/generic-5-5-1.xml", "digitizer|drivers", "");
+    row("plugins/digitizer/generated/file", "deviceExist", "");
+    row("plugins/digitizer/generated/file", "installShippedDescriptions", "");
+}
+
+void LintTest::nobodyWaitsForAPipe()
+{
+    QFETCH(QString, link);
+    QFETCH(QString, command);
+    QFETCH(QString, message);
+    TestHost host;
+    const WatchedPipe pipe(host.path(QStringLiteral("pipe")));
+    QVERIFY(pipe.exists());
+    QDir().mkpath(QFileInfo(host.path(link)).path());
+    QDir().mkpath(host.path(QStringLiteral("data/generated")));
+    QVERIFY(QFile::link(host.path(QStringLiteral("pipe")), host.path(link)));
+    if (command == QLatin1String("deviceExist")) {
+        MavSystem::Digitizer::deviceExist();
+    } else if (command == QLatin1String("installShippedDescriptions")) {
+        QCOMPARE(
+            installShippedDescriptions(host.path(QStringLiteral("plugins/digitizer/generated")),
+                                       host.appDataLocation()),
+            QString());
+    } else {
+        DigitizerProcess process(host);
+        QStringList arguments =
+            command.replace(QLatin1Char('@'), host.path(QString())).split(QLatin1Char('|'));
+        process.setProgram(QStringLiteral(PROGRAM_DIRECTORY "/") + arguments.takeFirst());
+        const ProgramRun run = process.run(arguments);
+        QVERIFY2(run.errors.contains(message), qPrintable(run.errors));
+        QCOMPARE(run.exitStatus, message.isEmpty() ? 0 : 1);
+    }
+    QVERIFY(!pipe.wasOpened());
 }
 
 QTEST_GUILESS_MAIN(LintTest)

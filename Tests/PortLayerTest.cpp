@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "QextSerialPort/qextserialport.h"
 #include "support/RecordedMessages.h"
+#include "support/Unprivileged.h"
 #include "tablet-simulator/PseudoTerminal.h"
 
 #include <QSerialPort>
@@ -33,26 +34,6 @@ private slots:
     void aHangUpIsAnnouncedOnce_data();
     void aHangUpIsAnnouncedOnce();
 };
-
-namespace {
-
-// Rights mean nothing to root, so the open runs as another user; a lock file of that user has a
-// place because the directory of lock files is everybody's or there is none.
-class Unprivileged
-{
-public:
-    Unprivileged() { m_changed = geteuid() == 0 && seteuid(65534) == 0; }
-    ~Unprivileged()
-    {
-        if (m_changed && seteuid(0) != 0)
-            qFatal("cannot become root again");
-    }
-
-private:
-    bool m_changed = false;
-};
-
-} // namespace
 
 void PortLayerTest::settingsReachTheInnerPort()
 {
@@ -125,6 +106,8 @@ void PortLayerTest::errorsHaveTheirTexts()
         QVERIFY(first.open(QIODevice::ReadWrite));
     if (kind == QLatin1String("forbidden")) {
         QCOMPARE(chmod(qPrintable(tablet.path()), 0), 0);
+        // A lock file of that user has a place: the directory of lock files is everybody's or there
+        // is none.
         user = std::make_unique<Unprivileged>();
     }
     if (kind == QLatin1String("file")) {

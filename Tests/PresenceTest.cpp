@@ -1,12 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
+#include "ReferenceHost/ShippedDescriptions.h"
 #include "support/DescriptionBuilder.h"
 #include "support/RecordedMessages.h"
+#include "support/SmallDisk.h"
 #include "support/TestHost.h"
+#include "support/Unprivileged.h"
 #include "tablet-simulator/PseudoTerminal.h"
 
 #include <QtTest>
+
+#include <memory>
 
 using namespace MavSystem;
 
@@ -18,6 +23,9 @@ class PresenceTest : public QObject
 private slots:
     void theAnswerNamesWhatIsMissing_data();
     void theAnswerNamesWhatIsMissing();
+    void aFolderIsTakenWithoutItsFilters();
+    void anInstallationHasWholeFilesOnly_data();
+    void anInstallationHasWholeFilesOnly();
     void theProbeLeavesAnOpenDeviceAlone();
     void theProbeLeavesWaitingInputAlone();
     void theBeepTravelsToTheTablet_data();
@@ -95,6 +103,80 @@ void PresenceTest::theAnswerNamesWhatIsMissing()
     QCOMPARE(QDir(host.path(QStringLiteral("data/generated"))).entryList(QDir::Files).size(),
              installed);
     QVERIFY(host.warnings.isEmpty() && host.errors.isEmpty() && host.questions.isEmpty());
+}
+
+void PresenceTest::aFolderIsTakenWithoutItsFilters()
+{
+    class FilteringHost : public TestHost
+    {
+    public:
+        QDir pluginsDir() const override { return filtered(QStringLiteral("plugins")); }
+        QDir appDataLocation() const override { return filtered(QStringLiteral("data")); }
+
+    private:
+        QDir filtered(const QString& folder) const
+        {
+            return QDir(path(folder), QStringLiteral("*.none"), QDir::Name, QDir::Dirs);
+        }
+    };
+    FilteringHost host;
+    QDir().mkpath(host.path(QStringLiteral("data/generated")));
+    host.write(QStringLiteral("plugins/digitizer/generated/a.xml"), DescriptionBuilder().xml());
+    Digitizer::instance()->selectDevice(QStringLiteral("A"), QStringLiteral("File:"));
+    QCOMPARE(Digitizer::deviceExist(), QStringLiteral("No Error has occurred"));
+}
+
+void PresenceTest::anInstallationHasWholeFilesOnly_data()
+{
+    QTest::addColumn<bool>("atStart");  // by the host when it starts, else by the presence check
+    QTest::addColumn<int>("kilobytes"); // of the disk; 0: the folder cannot be written
+    QTest::addColumn<int>("size");      // of a file; small ones are written when they are closed
+    QTest::newRow("the disk becomes full") << false << 64 << 20000;
+    QTest::newRow("the disk becomes full of small files") << false << 64 << 5000;
+    QTest::newRow("the disk of a host becomes full") << true << 64 << 20000;
+    QTest::newRow("the disk of a host becomes full of small files") << true << 64 << 5000;
+    QTest::newRow("the folder cannot be written") << false << 0 << 5000;
+    QTest::newRow("the folder of a host cannot be written") << true << 0 << 5000;
+}
+
+void PresenceTest::anInstallationHasWholeFilesOnly()
+{
+    QFETCH(bool, atStart);
+    QFETCH(int, kilobytes);
+    QFETCH(int, size);
+    TestHost host;
+    const QByteArray shipped = DescriptionBuilder().xml() + QByteArray(size, ' ');
+    for (int number = 0; number < 20; ++number)
+        host.write(QStringLiteral("plugins/digitizer/generated/%1").arg(number), shipped);
+    std::unique_ptr<SmallDisk> disk;
+    if (kilobytes > 0) {
+        disk = std::make_unique<SmallDisk>(host.path(QStringLiteral("data")), kilobytes);
+        QVERIFY2(disk->problem().isEmpty(), qPrintable(disk->problem()));
+    }
+    const QDir folder(host.path(QStringLiteral("data/generated")));
+    QVERIFY(folder.mkpath(folder.path()));
+    Digitizer::instance()->selectDevice(QStringLiteral("A"), QStringLiteral("File:"));
+    {
+        QVERIFY(QFile::setPermissions(host.path(QString()), QFile::Permissions(0x7755)));
+        const std::unique_ptr<Unprivileged> user(kilobytes > 0 ? nullptr : new Unprivileged);
+        const QString answer = atStart
+                                   ? installShippedDescriptions(
+                                         host.path(QStringLiteral("plugins/digitizer/generated")),
+                                         host.appDataLocation())
+                                   : Digitizer::deviceExist();
+        const QString expected = atStart         ? QStringLiteral("cannot write the description ")
+                                 : kilobytes > 0 ? QStringLiteral("No Error has occurred")
+                                                 : QStringLiteral("Digitizer Not Present...");
+        QVERIFY2(answer.startsWith(expected), qPrintable(answer));
+    }
+    const QStringList files = folder.entryList(QDir::Files | QDir::Hidden);
+    QVERIFY2(files.isEmpty() == (kilobytes == 0) && files.size() < 20,
+             qPrintable(files.join(QLatin1Char(' '))));
+    for (const QString& name : files) {
+        QFile file(folder.filePath(name));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QVERIFY2(file.readAll() == shipped, qPrintable(name));
+    }
 }
 
 void PresenceTest::theProbeLeavesAnOpenDeviceAlone()

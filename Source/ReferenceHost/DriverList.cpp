@@ -3,6 +3,7 @@
 #include "ReferenceHost/DriverList.h"
 
 #include "DigitizerGeneric/Digitizer/BoundedXmlReader.h"
+#include "DigitizerGeneric/Digitizer/RegularFile.h"
 #include "MavCore/MavApplication.h"
 #include "ReferenceHost/Command.h"
 #include "ReferenceHost/NearestNames.h"
@@ -26,7 +27,7 @@ struct Root
 std::optional<Root> rootOf(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!openRegularFile(file).isEmpty())
         return std::nullopt;
     BoundedXmlReader reader(file.read(DescriptionLimits::bytes + 1));
     std::optional<Root> root;
@@ -46,7 +47,7 @@ public:
     explicit SingleDescriptionHost(const QString& path) : m_previous(instance())
     {
         QDir(m_data.path()).mkdir(QStringLiteral("generated"));
-        QFile::copy(path, m_data.filePath(QStringLiteral("generated/description.xml")));
+        copyRegularFile(path, m_data.filePath(QStringLiteral("generated/description.xml")));
         setInstance(this);
     }
     ~SingleDescriptionHost() override { setInstance(m_previous); }
@@ -123,8 +124,11 @@ Driver usableDriver(const QString& name)
 
 Driver driverFromFile(const QString& path)
 {
-    if (!QFileInfo(path).isReadable())
-        throw CommandError(QStringLiteral("the description '%1' cannot be read").arg(path));
+    QFile file(path);
+    const QString problem = openRegularFile(file);
+    if (!problem.isEmpty())
+        throw CommandError(
+            QStringLiteral("the description '%1' cannot be read: %2").arg(path, problem));
     const SingleDescriptionHost host(path);
     const QVector<Driver> drivers = installedDrivers();
     if (drivers.isEmpty() || !drivers.constFirst().isUsable())

@@ -3,6 +3,7 @@
 #include "ReferenceHost/LintFiles.h"
 
 #include "DigitizerGeneric/Digitizer/BoundedXmlReader.h"
+#include "DigitizerGeneric/Digitizer/RegularFile.h"
 #include "MavCore/MavApplication.h"
 #include "ReferenceHost/DescriptionLint.h"
 #include "ReferenceHost/XmlOutline.h"
@@ -29,7 +30,7 @@ QByteArray beginningOf(QFile& file)
 QString driverIn(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!MavSystem::openRegularFile(file).isEmpty())
         return {};
     const XmlOutline outline = xmlOutline(beginningOf(file));
     const XmlAttribute* name =
@@ -58,8 +59,9 @@ LintedFile lintFile(const QString& path, const QVector<NamedFile>& others)
     // Opening a folder works, and so does reading nothing from it.
     if (QFileInfo(path).isDir())
         return {path, QStringLiteral("it is a folder"), {}};
-    if (!file.open(QIODevice::ReadOnly))
-        return {path, file.errorString(), {}};
+    const QString problem = MavSystem::openRegularFile(file);
+    if (!problem.isEmpty())
+        return {path, problem, {}};
     return {path, std::nullopt, lintDescription(beginningOf(file), namesBeside(path, others))};
 }
 

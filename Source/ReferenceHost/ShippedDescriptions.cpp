@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/ShippedDescriptions.h"
 
+#include "DigitizerGeneric/Digitizer/RegularFile.h"
+
 #include <QCryptographicHash>
 #include <QFile>
 #include <QSaveFile>
@@ -14,7 +16,7 @@ namespace {
 std::optional<QByteArray> contentOf(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!MavSystem::openRegularFile(file).isEmpty())
         return std::nullopt;
     return file.readAll();
 }
@@ -28,8 +30,9 @@ QString digestOf(const QByteArray& content)
 bool replaceFile(const QString& path, const QByteArray& content)
 {
     QSaveFile file(path);
+    // commit() does not notice that what it writes last finds no room.
     return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() &&
-           file.commit();
+           file.flush() && file.commit();
 }
 
 // Returns whether the installed file is up to date or not ours to change.
@@ -60,7 +63,7 @@ QString installShippedDescriptions(const QDir& shipped, const QDir& data)
         return QStringLiteral("cannot create the folder %1").arg(folder);
     QSettings record(data.absoluteFilePath(QStringLiteral("shipped-descriptions.ini")),
                      QSettings::IniFormat);
-    for (const QString& name : shipped.entryList(QDir::Files)) {
+    for (const QString& name : QDir(shipped.path()).entryList(QDir::Files)) {
         const QString target = folder + QLatin1Char('/') + name;
         const std::optional<QByteArray> content = contentOf(shipped.absoluteFilePath(name));
         if (content && !installFile(*content, target, name, record))

@@ -3,6 +3,7 @@
 #include "digitizer/BeepCommand.h"
 
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
+#include "DigitizerGeneric/Digitizer/RegularFile.h"
 #include "ReferenceHost/DeviceCheck.h"
 #include "ReferenceHost/DriverList.h"
 #include "ReferenceHost/OptionValues.h"
@@ -15,7 +16,7 @@ namespace {
 bool hasBeep(const Driver& driver)
 {
     QFile file(driver.file);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!MavSystem::openRegularFile(file).isEmpty())
         return false;
     const XmlOutline outline = xmlOutline(file.readAll());
     const XmlElement* beepString =

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "digitizer/DescribeCommand.h"
 
+#include "DigitizerGeneric/Digitizer/RegularFile.h"
 #include "ReferenceHost/Console.h"
 #include "ReferenceHost/DescriptionLint.h"
 #include "ReferenceHost/DescriptionProposal.h"
@@ -62,8 +63,9 @@ QString nameOf(const QCommandLineParser& parser, const QString& tablet)
 RecordedSession readRecording(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw CommandError(QStringLiteral("cannot read %1: %2").arg(path, file.errorString()));
+    const QString problem = MavSystem::openRegularFile(file);
+    if (!problem.isEmpty())
+        throw CommandError(QStringLiteral("cannot read %1: %2").arg(path, problem));
     const ReadSession read = readSession(file.readAll());
     if (!read.error.isEmpty())
         throw CommandError(QStringLiteral("%1: %2").arg(path, read.error));

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
+#include "DigitizerGeneric/Digitizer/RegularFile.h"
 #include "QextSerialPort/SerialTiming.h"
 #include "ReferenceHost/CommandLine.h"
 #include "ReferenceHost/Console.h"
@@ -26,8 +27,9 @@ const char lectraE92[] = "Lectra E92";
 QByteArray contentOf(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw CommandError(QStringLiteral("'%1' cannot be read: %2").arg(path, file.errorString()));
+    const QString problem = openRegularFile(file);
+    if (!problem.isEmpty())
+        throw CommandError(QStringLiteral("'%1' cannot be read: %2").arg(path, problem));
     return file.readAll();
 }
 

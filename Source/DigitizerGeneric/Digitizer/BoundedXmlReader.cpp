@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/BoundedXmlReader.h"
 
+#include "DigitizerGeneric/Digitizer/XmlMarkup.h"
+
 #include <QTextCodec>
 
 #include <algorithm>
@@ -59,12 +61,12 @@ Refusal decode(const QByteArray& content, QString& text)
 }
 
 // The reader compares each attribute of an element with all others, before it hands out any.
-Refusal refuseAttributes(const QString& text)
+Refusal refuseAttributes(const QString& markup)
 {
     int attributes = 0;
     bool equals = false;
-    for (int offset = 0; offset < text.size(); ++offset) {
-        const QChar character = text.at(offset);
+    for (int offset = 0; offset < markup.size(); ++offset) {
+        const QChar character = markup.at(offset);
         if (character == QLatin1Char('<'))
             attributes = 0;
         const bool quote = character == QLatin1Char('"') || character == QLatin1Char('\'');
@@ -78,14 +80,14 @@ Refusal refuseAttributes(const QString& text)
 }
 
 // The reader expands all entities of a text in one go, before anybody can count.
-Refusal refuseDeclarations(const QString& text)
+Refusal refuseDeclarations(const QString& markup)
 {
     const QString declarations[] = {QStringLiteral("<!ENTITY"), QStringLiteral("<!ATTLIST"),
                                     QStringLiteral("<!ELEMENT")};
-    if (text.size() <= DescriptionLimits::charactersWithDeclarations)
+    if (markup.size() <= DescriptionLimits::charactersWithDeclarations)
         return {};
     for (const QString& declaration : declarations) {
-        const int offset = text.indexOf(declaration);
+        const int offset = markup.indexOf(declaration);
         if (offset >= 0)
             return {QStringLiteral("declarations in a file of more than %1 characters")
                         .arg(DescriptionLimits::charactersWithDeclarations),
@@ -101,8 +103,9 @@ Refusal refuse(const QByteArray& content, QString& text)
     const Refusal undecoded = decode(content, text);
     if (!undecoded.reason.isEmpty())
         return undecoded;
-    const Refusal attributes = refuseAttributes(text);
-    return attributes.reason.isEmpty() ? refuseDeclarations(text) : attributes;
+    const QString markup = markupOf(text);
+    const Refusal attributes = refuseAttributes(markup);
+    return attributes.reason.isEmpty() ? refuseDeclarations(markup) : attributes;
 }
 
 // What a token takes when its entities are written out. Tags count as well: an entity may hold

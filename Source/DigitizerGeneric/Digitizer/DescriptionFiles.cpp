@@ -73,7 +73,7 @@ QDomDocument parse(const QString& path, const QByteArray& content)
 
 std::optional<QDir> installedFolder()
 {
-    QDir folder = MavApplication::instance()->appDataLocation();
+    QDir folder(MavApplication::instance()->appDataLocation().path());
     if (folder.cd(QStringLiteral("generated")))
         return folder;
     qCDebug(lcDescriptions).noquote()
@@ -83,7 +83,8 @@ std::optional<QDir> installedFolder()
 
 QFileInfoList candidates(const QDir& folder)
 {
-    return folder.entryInfoList(QDir::Files, QDir::Unsorted);
+    // Filters that a host has set on its QDir are not about descriptions.
+    return QDir(folder.path()).entryInfoList(QDir::Files, QDir::Unsorted);
 }
 
 std::optional<Found> find(const QString& driverName, BrokenFile brokenFile)

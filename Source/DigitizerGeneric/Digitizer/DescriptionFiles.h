@@ -25,10 +25,12 @@ struct Found
     QDomDocument document; ///< null when the match is a broken file without a name
 };
 
-/// Returns the folder with the installed descriptions, or nothing when there is none.
+/// Returns the folder with the installed descriptions, without filters, or nothing when there is
+/// none.
 std::optional<QDir> installedFolder();
 
-/// Returns the plain, not hidden files of \a folder in the order of the directory itself.
+/// Returns the plain, not hidden files of \a folder in the order of the directory itself, whatever
+/// its filters.
 QFileInfoList candidates(const QDir& folder);
 
 /// Returns the first installed file whose root element's "name" equals \a driverName exactly.

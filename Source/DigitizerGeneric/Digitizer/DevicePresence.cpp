@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/DescriptionFiles.h"
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
+#include "DigitizerGeneric/Digitizer/RegularFile.h"
 #include "MavCore/MavApplication.h"
 #include "QextSerialPort/qextserialport.h"
-
-#include <QFile>
 
 namespace MavSystem {
 
@@ -19,8 +18,8 @@ void installShippedDescriptions(const QDir& installed)
     if (!shipped.cd(QStringLiteral("digitizer/generated")))
         return;
     for (const QFileInfo& file : DescriptionFiles::candidates(shipped))
-        QFile::copy(file.absoluteFilePath(),
-                    installed.absolutePath() + QLatin1Char('/') + file.fileName());
+        copyRegularFile(file.absoluteFilePath(),
+                        installed.absolutePath() + QLatin1Char('/') + file.fileName());
 }
 
 bool driverIsDescribed(const QString& driver)

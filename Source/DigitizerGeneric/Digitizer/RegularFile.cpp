@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/RegularFile.h"
 
+#include <QTemporaryFile>
 #include <QtGlobal>
 
 #ifdef Q_OS_UNIX
@@ -11,6 +12,22 @@
 #endif
 
 namespace MavSystem {
+
+namespace {
+
+// To the device, so that a full disk is noticed here.
+bool transfer(QFile& from, QFile& to)
+{
+    for (;;) {
+        const QByteArray block = from.read(65536);
+        if (block.isEmpty())
+            return from.error() == QFileDevice::NoError && to.flush();
+        if (to.write(block) != block.size())
+            return false;
+    }
+}
+
+} // namespace
 
 #ifdef Q_OS_UNIX
 
@@ -65,5 +82,16 @@ QString openRegularFile(QFile& file, QIODevice::OpenMode mode)
 }
 
 #endif
+
+bool copyRegularFile(const QString& source, const QString& target)
+{
+    QFile original(source);
+    QTemporaryFile copy(target + QLatin1String(".XXXXXX")); // has no name until the rename
+    if (!openRegularFile(original).isEmpty() || !copy.open() || !transfer(original, copy) ||
+        !copy.setPermissions(original.permissions()) || !copy.rename(target))
+        return false;
+    copy.setAutoRemove(false);
+    return true;
+}
 
 } // namespace MavSystem

@@ -14,4 +14,9 @@ namespace MavSystem {
 /// that somebody else has put where it is. \a mode is added to QIODevice::ReadOnly.
 QString openRegularFile(QFile& file, QIODevice::OpenMode mode = QIODevice::NotOpen);
 
+/// Copies the content and the rights of the file \a source, opened as above, to a new file
+/// \a target: whole or not at all, even if the process is killed meanwhile. Returns whether it did.
+/// An existing target is left alone.
+bool copyRegularFile(const QString& source, const QString& target);
+
 } // namespace MavSystem

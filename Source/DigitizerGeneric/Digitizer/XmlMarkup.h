@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+namespace MavSystem {
+
+/// Returns \a document with blanks for all that is neither a tag nor a declaration: comments, CDATA
+/// sections, processing instructions and the text of elements. Every position stays what it was.
+///
+/// Exact as far as the document is well-formed and declares no entities.
+QString markupOf(QString document);
+
+} // namespace MavSystem
