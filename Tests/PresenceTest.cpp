@@ -158,7 +158,7 @@ void PresenceTest::anInstallationHasWholeFilesOnly()
     Digitizer::instance()->selectDevice(QStringLiteral("A"), QStringLiteral("File:"));
     {
         QVERIFY(QFile::setPermissions(host.path(QString()), QFile::Permissions(0x7755)));
-        const std::unique_ptr<Unprivileged> user(kilobytes > 0 ? nullptr : new Unprivileged);
+        const Unprivileged user(kilobytes == 0);
         const QString answer = atStart
                                    ? installShippedDescriptions(
                                          host.path(QStringLiteral("plugins/digitizer/generated")),
