@@ -3,7 +3,9 @@
 #include "ReferenceHost/PieceDrawing.h"
 #include "ReferenceHost/PieceGeometry.h"
 #include "ReferenceHost/PieceRecorder.h"
+#include "support/SmallDisk.h"
 
+#include <QTemporaryDir>
 #include <QtTest>
 
 #include <cmath>
@@ -57,6 +59,8 @@ private slots:
     void labelsLieInsideOfThePiece();
     void overlappingPiecesLieSideBySide_data();
     void overlappingPiecesLieSideBySide();
+    void aFullDiskLeavesNoPartOfAPicture_data();
+    void aFullDiskLeavesNoPartOfAPicture();
 };
 
 void PieceTest::pointsBecomePieces_data()
@@ -205,5 +209,25 @@ void PieceTest::overlappingPiecesLieSideBySide()
              qPrintable(QString::number(two.width() - one.width())));
 }
 
-QTEST_GUILESS_MAIN(PieceTest)
+void PieceTest::aFullDiskLeavesNoPartOfAPicture_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("SVG") << QStringLiteral("picture.svg");
+    QTest::newRow("PNG") << QStringLiteral("picture.png");
+}
+
+void PieceTest::aFullDiskLeavesNoPartOfAPicture()
+{
+    QFETCH(QString, name);
+    const QTemporaryDir directory;
+    const SmallDisk disk(directory.filePath(QStringLiteral("disk")), 4);
+    QVERIFY2(disk.problem().isEmpty(), qPrintable(disk.problem()));
+    const QDir folder(directory.filePath(QStringLiteral("disk")));
+    const QVector<Piece> pieces(10, pieceOf("CCCC", square));
+    const QString problem = PieceDrawing(pieces).save(folder.filePath(name));
+    QVERIFY2(problem.startsWith(QLatin1String("cannot write ")), qPrintable(problem));
+    QCOMPARE(folder.entryList(QDir::Files | QDir::Hidden), QStringList());
+}
+
+QTEST_MAIN(PieceTest)
 #include "PieceTest.moc"

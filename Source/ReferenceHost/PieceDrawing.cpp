@@ -2,12 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/PieceDrawing.h"
 
+#include "ReferenceHost/FileReplacement.h"
 #include "ReferenceHost/PieceGeometry.h"
 
+#include <QBuffer>
 #include <QFileInfo>
 #include <QImage>
 #include <QPainter>
-#include <QSaveFile>
 #include <QSvgGenerator>
 
 #include <algorithm>
@@ -126,6 +127,12 @@ void drawPiece(QPainter& painter, const Piece& piece, int number)
                             : QStringLiteral("%1 (unfinished)").arg(number));
 }
 
+QString writePicture(const QString& path, const QByteArray& picture)
+{
+    const QString problem = replaceFile(path, picture);
+    return problem.isEmpty() ? problem : QStringLiteral("cannot write %1: %2").arg(path, problem);
+}
+
 } // namespace
 
 PieceDrawing::PieceDrawing(const QVector<Piece>& pieces)
@@ -180,11 +187,9 @@ QString PieceDrawing::saveSvg(const QString& path) const
 {
     // Enough to tell the finest tablets' points apart.
     constexpr double unitsPerCentimetre = 100.0;
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
+    QBuffer picture;
     QSvgGenerator generator;
-    generator.setOutputDevice(&file);
+    generator.setOutputDevice(&picture);
     generator.setResolution(int(unitsPerCentimetre * 2.54));
     generator.setSize((size() * unitsPerCentimetre).toSize());
     generator.setViewBox(QRectF(QPointF(), size() * unitsPerCentimetre));
@@ -192,8 +197,7 @@ QString PieceDrawing::saveSvg(const QString& path) const
     QPainter painter(&generator);
     paint(painter, unitsPerCentimetre);
     painter.end();
-    return file.commit() ? QString()
-                         : QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
+    return writePicture(path, picture.data());
 }
 
 QString PieceDrawing::savePng(const QString& path) const
@@ -209,8 +213,8 @@ QString PieceDrawing::savePng(const QString& path) const
     QPainter painter(&image);
     paint(painter, scale);
     painter.end();
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && image.save(&file, "PNG") && file.commit())
-        return {};
-    return QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
+    QBuffer picture;
+    if (!image.save(&picture, "PNG"))
+        return QStringLiteral("cannot draw %1").arg(path);
+    return writePicture(path, picture.data());
 }

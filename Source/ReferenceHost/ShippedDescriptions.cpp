@@ -3,10 +3,10 @@
 #include "ReferenceHost/ShippedDescriptions.h"
 
 #include "DigitizerGeneric/Digitizer/RegularFile.h"
+#include "ReferenceHost/FileReplacement.h"
 
 #include <QCryptographicHash>
 #include <QFile>
-#include <QSaveFile>
 #include <QSettings>
 
 #include <optional>
@@ -27,14 +27,6 @@ QString digestOf(const QByteArray& content)
         QCryptographicHash::hash(content, QCryptographicHash::Sha256).toHex());
 }
 
-bool replaceFile(const QString& path, const QByteArray& content)
-{
-    QSaveFile file(path);
-    // commit() does not notice that what it writes last finds no room.
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() &&
-           file.flush() && file.commit();
-}
-
 // Returns whether the installed file is up to date or not ours to change.
 bool installFile(const QByteArray& content, const QString& target, const QString& name,
                  QSettings& record)
@@ -47,7 +39,7 @@ bool installFile(const QByteArray& content, const QString& target, const QString
     const bool isOurs = !installed || digestOf(*installed) == record.value(name).toString();
     if (!isShippedOne && !isOurs)
         return true;
-    if (!isShippedOne && !replaceFile(target, content))
+    if (!isShippedOne && !replaceFile(target, content).isEmpty())
         return false;
     if (record.value(name).toString() != digest)
         record.setValue(name, digest);

@@ -6,11 +6,14 @@
 
 #include <unistd.h>
 
-/// While it lives, the process has the rights of an ordinary user: rights mean nothing to root.
+/// Makes root an ordinary user while it lives: rights mean nothing to root.
 class Unprivileged
 {
 public:
-    Unprivileged() { m_changed = geteuid() == 0 && seteuid(65534) == 0; }
+    explicit Unprivileged(bool wanted = true)
+    {
+        m_changed = wanted && geteuid() == 0 && seteuid(65534) == 0;
+    }
     ~Unprivileged()
     {
         if (m_changed && seteuid(0) != 0)
