@@ -472,12 +472,15 @@ void PenImportTest::exportedOperations()
     ButtonValue button{{' ', ' ', '\0'}};
     QMap<int, char> x;
     QMap<int, char> y;
+    QVERIFY(QDir::setCurrent(road.host.path(QString())));
     road.atReport = [&](int number) {
         if (number == 1)
             QVERIFY(importer.readingDigitizingCommand(button, x, y));
+        QDir::setCurrent(QDir::rootPath());
     };
     road.put(QStringLiteral("a.dat=X:1:1|X:23:45|A- 4|X:3:3|"));
-    QVERIFY(meta.method(meta.methodOffset()).invoke(&importer, Q_ARG(QString, road.folder)));
+    QVERIFY(
+        meta.method(meta.methodOffset()).invoke(&importer, Q_ARG(QString, QStringLiteral("pen"))));
     QCOMPARE(road.delivered(), QStringLiteral("1:1,1 4:3,3"));
     QCOMPARE(button.m_code[0], '1');
     QCOMPARE(x, (QMap<int, char>{{1, '2'}, {2, '3'}}));
@@ -488,6 +491,7 @@ void PenImportTest::exportedOperations()
         road.put(QString::fromLatin1(name));
     DigipenFileDigitalization::removeAllFileFromDirectory(
         road.folder, {QStringLiteral("*.one"), QStringLiteral("*.two")});
+    DigipenFileDigitalization::removeAllFileFromDirectory(road.folder, {});
     QCOMPARE(road.names(), QStringLiteral(".e.one a.txt d.three f.one"));
 }
 

@@ -44,8 +44,8 @@ public:
 
     /// Returns true if the directory is now watched. Asks the user when files are waiting: after
     /// "Import" they are imported before it returns; after "Delete" they are removed and it returns
-    /// false, as it does after "Cancel" and, without a question, when there is no such directory.
-    /// To be called once on each object.
+    /// false, as it does after "Cancel" and, without a question, when there is no such directory or
+    /// the system cannot watch it. To be called once on each object.
     bool open();
 
     /// Stops watching; an import under way goes on to its end. Always returns true.
@@ -58,7 +58,8 @@ public:
     void release();
 
     /// Removes the files of \a directory whose names match one of \a patterns, without regard to
-    /// case; no hidden files, no subdirectories. What cannot be removed is left, silently.
+    /// case; no hidden files, no subdirectories. Without a pattern nothing is removed. What cannot
+    /// be removed is left, silently.
     static void removeAllFileFromDirectory(QString directory, QStringList patterns);
 
     /// One step of reading the current file; fills \a button, \a x and \a y and returns true if it
@@ -74,12 +75,14 @@ public:
 
 public slots:
     /// Imports every pen file of the directory \a strPath, in the order of their names. Errors are
-    /// shown to the user, and the import goes on.
+    /// shown to the user, and the import goes on, whatever the host's error display throws.
     void analyzerDigitPenFile(const QString& strPath);
 
 private:
     class InUse;
 
+    int askAboutWaitingFiles() const;
+    bool startWatching();
     void importDirectory(const QString& path);
     void importFile(const QString& path);
     void importStep(ButtonValue& button, DigitalReport& report);
@@ -87,6 +90,7 @@ private:
     template <class TakeCommand>
     bool advance(TakeCommand takeCommand);
     bool fillLine();
+    bool openFile();
     void finishFile();
 
     std::string m_line;
@@ -100,6 +104,7 @@ private:
     boost::scoped_ptr<PenLineReader> m_reader; // of m_file
     int m_uses = 0;                            // operations of this object that are under way
     bool m_released = false;
+    QString m_directory; // absolute; set by open()
 };
 
 } // namespace MavSystem
