@@ -190,28 +190,36 @@ void PenFaultsTest::faults_data()
 {
     QTest::addColumn<QString>("entries");
     QTest::addColumn<QString>("options");
+    QTest::addColumn<bool>("settle");
     QTest::addColumn<Step>("before");
     QTest::addColumn<Step>("during"); // the first report
     QTest::addColumn<QString>("reports");
     QTest::addColumn<QString>("names");
     QTest::addColumn<QString>("told"); // to those who ask
     const Step nothing = [](PenRoad& /*road*/) {};
+    // Each with the settle time off and on, unless "plain" or "settling" says otherwise.
     const auto row = [&](const char* name, const char* entries, const char* options,
                          const Step& before, const char* reports, const char* names,
                          const char* told = "", const Step& during = {}) {
-        QTest::newRow(name) << QString::fromLatin1(entries) << QString::fromLatin1(options)
-                            << before << (during ? during : nothing) << QString::fromLatin1(reports)
-                            << QString::fromLatin1(names) << QString::fromLatin1(told);
+        for (const bool settle : {false, true}) {
+            if (QByteArray(options).contains(settle ? "plain" : "settling"))
+                continue;
+            QTest::addRow("%s%s", name, settle ? ", settling" : "")
+                << QString::fromLatin1(entries) << QString::fromLatin1(options) << settle << before
+                << (during ? during : nothing) << QString::fromLatin1(reports)
+                << QString::fromLatin1(names) << QString::fromLatin1(told);
+        }
     };
     const char one[] = "a.dat=A- 4|X:1:1|";
     const char two[] = "a.dat=X:1:1|A- 4|X:2:2|";
-    row("sticky directory of somebody else", one, "user watched", rights(01777), "4:1,1", "a.dat",
-        "Operation not permitted");
+    row("sticky directory of somebody else", one, "root user watched", rights(01777), "4:1,1",
+        "a.dat", "Operation not permitted");
     row("read-only directory", one, "user watched", rights(0555), "4:1,1", "a.dat",
         "Permission denied");
-    row("directory that may not be read", "", "user closed", rights(0333), "", "",
+    row("directory that may not be read", "", "user closed plain", rights(0333), "", "",
         "cannot be watched: Permission denied");
-    row("full disk", one, "disk", fillDisk, "4:1,1", "a.txt filler");
+    row("directory that may not be read", "", "user settling", rights(0333), "", "");
+    row("full disk", one, "root disk", fillDisk, "4:1,1", "a.txt filler");
     row("name that is not UTF-8", one, "", makeUndecodable, "4:1,1", "a.txt");
     row("link to a pipe", "b.dat=A- 4|X:2:2|", "", makePipeBehindLink, "4:2,2", "b.txt c.txt pipe",
         "c.dat cannot be opened: not a regular file");
@@ -229,28 +237,36 @@ void PenFaultsTest::faults_data()
         [=](PenRoad& road) { QFile::resize(path(road), 0); });
     row("the new name appears meanwhile", one, "", nothing, "4:1,1", "a.dat a.txt", "a.txt",
         [](PenRoad& road) { road.put(QStringLiteral("a.txt->nothing")); });
+    row("another grows while one is read", "a.dat=A- 4|X:1:1|;b.dat=A- 4|X:2:2|;c.dat=A- 4|X:3:3|",
+        "settling", nothing, "4:1,1 4:3,3 4:2,2 4:9,9", "a.txt b.txt c.txt", "", [](PenRoad& road) {
+            write(road.pathOf(QStringLiteral("b.dat")), "A- 4\nX:9:9\n", QIODevice::Append);
+        });
     // Marking the new file as imported is what a rename by name does.
-    row("is replaced while it is read", two, "", nothing, "1:1,1 4:2,2", "a.txt", "",
+    row("is replaced while it is read", two, "plain", nothing, "1:1,1 4:2,2", "a.txt", "",
         replaceByTwin);
+    row("is replaced while it is read", two, "settling", nothing, "1:1,1 4:2,2 4:7,7", "a.txt",
+        "replaced by another file", replaceByTwin);
 }
 
 void PenFaultsTest::faults()
 {
     QFETCH(QString, entries);
     QFETCH(QString, options);
+    QFETCH(bool, settle);
     QFETCH(Step, before);
     QFETCH(Step, during);
     QFETCH(QString, reports);
     QFETCH(QString, told);
     const auto has = [&](const char* option) { return options.contains(QLatin1String(option)); };
+    QVERIFY2(!has("root") || geteuid() == 0, "only root has files of others, and disks to mount");
     PenRoad road;
     boost::scoped_ptr<SmallDisk> disk(has("disk") ? new SmallDisk(road.folder) : nullptr);
-    QVERIFY2(!disk || disk->mounted(), "no rights to mount a small disk: run as root, or under "
-                                       "unshare -rm");
+    QVERIFY2(!disk || disk->mounted(), "the mount was refused");
     const QStringList files = entries.split(QLatin1Char(';'), Qt::SkipEmptyParts);
     if (!has("watched"))
         std::for_each(files.begin(), files.end(), [&](const QString& file) { road.put(file); });
     before(road);
+    road.digitizer->setPenFileSettleTime(settle ? 50 : 0);
     road.host.answer = has("delete") ? 1 : 0;
     road.atReport = [&](int number) {
         if (number == 1)
@@ -269,6 +285,7 @@ void PenFaultsTest::faults()
     // An import must not be what starts the next one.
     QVERIFY2(!QTest::qWaitFor([&] { return road.delivered() != reports; }, 150),
              qPrintable(road.delivered().left(80)));
+    QCOMPARE(road.digitizer->unsettledPenFiles(), 0);
     QTEST(road.names(), "names");
     // Qt cannot remove it.
     ::unlink((QFile::encodeName(road.folder) + undecodable).constData());

@@ -341,17 +341,18 @@ void PenImportTest::filesThatArriveDuringAnErrorBoxWaitForTheEnd()
 
 void PenImportTest::aHostMayDoAnythingInItsHandler_data()
 {
-    QTest::addColumn<QString>("action"); // at the first report
-    QTest::addColumn<bool>("watched");   // the import was started by the watcher, else by open()
-    QTest::addColumn<bool>("active");    // afterwards
+    QTest::addColumn<QString>("action");  // at the first report
+    QTest::addColumn<QString>("starter"); // of the import
+    QTest::addColumn<bool>("active");     // afterwards
     QTest::addColumn<QString>("reports");
     const char all[] = "1:1,1 1:2,2 4:3,3 1:4,4 4:5,5";
-    for (const bool watched : {false, true}) {
+    for (const char* starter : {"open()", "the watcher", "the timer"}) {
         const auto row = [&](const char* action, bool active, const char* reports) {
-            QTest::addRow("%s, import started by %s", action, watched ? "the watcher" : "open()")
-                << QString::fromLatin1(action) << watched << active << QString::fromLatin1(reports);
+            QTest::addRow("%s, import started by %s", action, starter)
+                << QString::fromLatin1(action) << QString::fromLatin1(starter) << active
+                << QString::fromLatin1(reports);
         };
-        row("close", !watched, all);
+        row("close", QByteArray(starter) == "open()", all);
         row("open", true, all);
         row("close, open", true, all);
         row("open, answered cancel", false, all);
@@ -368,8 +369,9 @@ void PenImportTest::aHostMayDoAnythingInItsHandler_data()
 void PenImportTest::aHostMayDoAnythingInItsHandler()
 {
     QFETCH(QString, action);
-    QFETCH(bool, watched);
+    QFETCH(QString, starter);
     PenRoad road;
+    road.digitizer->setPenFileSettleTime(starter == QLatin1String("the timer") ? 50 : 0);
     const QStringList files = {QStringLiteral("b.dat=X:4:4|A- 4|X:5:5|"),
                                QStringLiteral("a.dat=X:1:1|X:2:2|A- 4|X:3:3|")};
     road.atReport = [&](int number) {
@@ -397,7 +399,7 @@ void PenImportTest::aHostMayDoAnythingInItsHandler()
         if (action == QLatin1String("throw"))
             throw std::runtime_error("thrown");
     };
-    if (watched) {
+    if (starter != QLatin1String("open()")) {
         QVERIFY(road.digitizer->open());
         // Both before the first notification.
         for (const QString& file : files)

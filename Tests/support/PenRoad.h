@@ -24,6 +24,7 @@ struct PenRoad
         QSettings().setValue(QStringLiteral("digitizer_file_directory"), folder);
         digitizer->selectDevice(QStringLiteral("A"), QStringLiteral("File:"));
         digitizer->setExtended4Buttons(false);
+        digitizer->setPenFileSettleTime(0);
         digitizer->m_host_mode = 0;
         host.answer = 0;
         MavSystem::DigitalReport::registerHandle([this](const MavSystem::DigitalReport& report) {

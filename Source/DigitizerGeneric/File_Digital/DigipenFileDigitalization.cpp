@@ -14,6 +14,7 @@
 #include "DigitizerGeneric/File_Digital/DigipenStringAnalyzer.h"
 #include "DigitizerGeneric/File_Digital/ImportTurns.h"
 #include "DigitizerGeneric/File_Digital/InternalMode.h"
+#include "DigitizerGeneric/File_Digital/PenFileSettling.h"
 #include "DigitizerGeneric/File_Digital/PenLineReader.h"
 #include "DigitizerGeneric/File_Digital/RenameWithoutReplacing.h"
 #include "MavCore/MavApplication.h"
@@ -46,6 +47,10 @@ enum Answer {
     Delete = 1,
     Cancel = 2,
 };
+
+// Milliseconds between two looks at the directory, whatever the settle time.
+constexpr int shortestInterval = 50;
+constexpr int longestInterval = 1000;
 
 QStringList penFilePatterns()
 {
@@ -109,6 +114,20 @@ QString whyNotWatched(int error)
                            : qt_error_string(error);
 }
 
+// Looks at the pen files of the directory; returns those that have stood still.
+QVector<PenFileSettling::File> look(const QString& directory, PenFileSettling& settling,
+                                    const QElapsedTimer& clock)
+{
+    const qint64 begun = clock.elapsed();
+    QVector<PenFileSettling::File> files;
+    forEachFile(directory, penFilePatterns(), [&](const QString& name) {
+        const PenFileStamp stamp = PenFileStamp::of(joined(directory, name));
+        if (stamp.exists())
+            files.push_back({name, stamp});
+    });
+    return settling.look(files, begun, clock.elapsed());
+}
+
 } // namespace
 
 /// Keeps the importer alive while one of its operations is under way: the host's handler and the
@@ -138,7 +157,9 @@ DigipenFileDigitalization::DigipenFileDigitalization(Digitizer* digitizer, bool 
                                                  ? t_DigipenStringAnalyzer::CONVERSION_4EX
                                                  : t_DigipenStringAnalyzer::CONVERSION_STANDARD)),
       m_digitizer(digitizer),
-      m_reader(new PenLineReader(m_file))
+      m_reader(new PenLineReader(m_file)),
+      m_settling(new PenFileSettling),
+      m_stamp(new PenFileStamp)
 {}
 
 DigipenFileDigitalization::~DigipenFileDigitalization() = default;
@@ -160,12 +181,19 @@ bool DigipenFileDigitalization::open()
         qCDebug(lcPen).noquote() << "there is no pen directory" << m_directory;
         return false;
     }
+    m_settling->setSettleTime(m_digitizer->penFileSettleTime());
+    if (m_settling->settleTime() > 0) {
+        m_clock.start();
+        look(m_directory, *m_settling, m_clock);
+    }
     if (QDirIterator(m_directory, penFilePatterns()).hasNext()) {
         const int answer = askAboutWaitingFiles();
         if (answer == Delete)
             removeAllFileFromDirectory(m_directory, penFilePatterns());
-        if (answer != Import)
+        if (answer != Import) {
+            m_settling->clear();
             return false;
+        }
         analyzerDigitPenFile(m_directory);
     }
     // Replaced while it asked or imported: the directory is its successor's.
@@ -186,15 +214,22 @@ int DigipenFileDigitalization::askAboutWaitingFiles() const
     }
 }
 
+// The system's announcements tell neither of a file's growth nor of what happens on a server, so
+// they are not used together with a settle time.
 bool DigipenFileDigitalization::startWatching()
 {
-    errno = 0;
-    if (!m_watcher.addPath(m_directory)) {
+    const int settleTime = m_settling->settleTime();
+    if (settleTime > 0) {
+        connect(&m_timer, &QTimer::timeout, this, [this] { analyzerDigitPenFile(m_directory); });
+        m_timer.setTimerType(Qt::PreciseTimer);
+        m_timer.start(qBound(shortestInterval, settleTime, longestInterval));
+    } else if (errno = 0; m_watcher.addPath(m_directory)) {
+        connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this,
+                &DigipenFileDigitalization::analyzerDigitPenFile);
+    } else {
         qCDebug(lcPen).noquote() << m_directory << "cannot be watched:" << whyNotWatched(errno);
         return false;
     }
-    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this,
-            &DigipenFileDigitalization::analyzerDigitPenFile);
     m_active = true;
     return true;
 }
@@ -206,6 +241,8 @@ bool DigipenFileDigitalization::close()
         m_watcher.removePaths(watched);
     disconnect(&m_watcher, &QFileSystemWatcher::directoryChanged, this,
                &DigipenFileDigitalization::analyzerDigitPenFile);
+    m_timer.stop();
+    m_settling->clear();
     if (m_active)
         ImportTurns::instance().forget(this);
     m_active = false;
@@ -215,6 +252,11 @@ bool DigipenFileDigitalization::close()
 bool DigipenFileDigitalization::active() const
 {
     return m_active;
+}
+
+int DigipenFileDigitalization::unsettledFiles() const
+{
+    return m_settling->waiting();
 }
 
 void DigipenFileDigitalization::removeAllFileFromDirectory(QString directory, QStringList patterns)
@@ -256,8 +298,32 @@ void DigipenFileDigitalization::analyzerDigitPenFile(const QString& strPath)
 void DigipenFileDigitalization::importDirectory(const QString& path)
 {
     const QString directory = absolute(path);
-    forEachFile(directory, penFilePatterns(),
-                [&](const QString& name) { importFile(joined(directory, name)); });
+    if (m_settling->settleTime() > 0)
+        importSettled(directory);
+    else
+        forEachFile(directory, penFilePatterns(),
+                    [&](const QString& name) { importFile(joined(directory, name)); });
+}
+
+void DigipenFileDigitalization::importSettled(const QString& directory)
+{
+    const auto settled = look(directory, *m_settling, m_clock);
+    // The interval counts from here: begun any earlier, the next look would come too early for what
+    // this one saw first.
+    if (m_timer.isActive())
+        m_timer.start();
+    for (const PenFileSettling::File& file : settled) {
+        const QString path = joined(directory, file.name);
+        // The files before it may have taken their time.
+        if (!PenFileStamp::of(path).sameContent(file.stamp))
+            continue;
+        importFile(path);
+        const bool keepsName = m_file.fileName() == path && !replaced();
+        if (keepsName)
+            m_settling->setImported(file);
+        else
+            m_settling->forget(file.name);
+    }
 }
 
 void DigipenFileDigitalization::importFile(const QString& path)
@@ -345,13 +411,22 @@ bool DigipenFileDigitalization::fillLine()
 bool DigipenFileDigitalization::openFile()
 {
     m_file.setFileName(m_file_name);
+    *m_stamp = {};
     const QString problem = openRegularFile(m_file, QIODevice::Unbuffered);
     if (!problem.isEmpty()) {
         qCDebug(lcPen).noquote() << m_file_name << "cannot be opened:" << problem;
         return false;
     }
+    if (m_settling->settleTime() > 0)
+        *m_stamp = PenFileStamp::of(m_file);
     m_reader->start();
     return true;
+}
+
+// Whether the name of the file that has been read now belongs to another one.
+bool DigipenFileDigitalization::replaced() const
+{
+    return m_stamp->exists() && !PenFileStamp::of(m_file_name).sameFile(*m_stamp);
 }
 
 void DigipenFileDigitalization::finishFile()
@@ -377,7 +452,8 @@ void DigipenFileDigitalization::closeAndModifyFileExtentionToTxt()
                            QFileInfo(name).completeBaseName() + QLatin1String(".txt");
     if (target == name)
         return; // imported and renamed already
-    const QString problem = renameWithoutReplacing(name, target);
+    const QString problem = replaced() ? QStringLiteral("it has been replaced by another file")
+                                       : renameWithoutReplacing(name, target);
     if (problem.isEmpty())
         m_file.setFileName(target);
     else
