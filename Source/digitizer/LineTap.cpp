@@ -10,6 +10,8 @@
 
 namespace {
 
+constexpr int retryMilliseconds = 500;
+
 RecordedSession headerOf(const Driver& driver)
 {
     RecordedSession session;
@@ -48,12 +50,26 @@ LineTap::LineTap(const Driver& driver, const QString& device, const QString& pat
             QStringLiteral("%1 cannot be used: %2").arg(device, m_port->errorString()));
     m_clock.start();
     connect(m_port, &QextSerialPort::readyRead, this, &LineTap::passToDriver);
+    connect(m_port, &QIODevice::readChannelFinished, this, [this] {
+        m_retry.start(retryMilliseconds);
+        Q_EMIT lost();
+    });
+    connect(&m_retry, &QTimer::timeout, this, &LineTap::tryAgain);
     auto* const notifier =
         new QSocketNotifier(m_terminal.descriptor(), QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, &LineTap::passToTablet);
 }
 
 LineTap::~LineTap() = default;
+
+void LineTap::tryAgain()
+{
+    m_port->close();
+    if (!m_port->open(QIODevice::ReadWrite))
+        return;
+    m_retry.stop();
+    Q_EMIT returned();
+}
 
 void LineTap::passToDriver()
 {
