@@ -235,10 +235,11 @@ Program simulatorProgram()
         option("stay", "Keep the port at the end until stopped with Ctrl-C."),
         option("split", "Fault: send each report in two writes, the first of so many bytes.",
                "OFFSET"),
-        option("merge",
-               "Fault: send so many reports in one write. A driver that reads one report at a time "
-               "then reads nothing more until its port is opened again.",
-               "K"),
+        option(
+            "merge",
+            "Fault: send so many reports in one write. A driver without checked reading then reads "
+            "nothing more until its port is opened again.",
+            "K"),
         option("garbage", "Fault: send one to four random bytes between reports."),
         option("seed", "Seed of the random bytes (default 1).", "N"),
         option("hangup-after", "Fault: pull the cable after so many reports.", "N"),
