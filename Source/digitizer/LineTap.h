@@ -10,6 +10,7 @@
 #include <QObject>
 #include <QTimer>
 
+class QSocketNotifier;
 class QextSerialPort;
 
 /// Records what passes on a line: it opens the tablet's port itself and offers the driver library a
@@ -38,11 +39,14 @@ Q_SIGNALS:
 
 private:
     void tryAgain();
+    void record();
     void passToDriver();
     void passToTablet();
 
     PseudoTerminal m_terminal;
-    QextSerialPort* m_port; // a child object
+    QextSerialPort* m_port;      // a child object
+    QSocketNotifier* m_writable; // a child object; enabled while bytes wait for the driver
+    QByteArray m_toDriver;
     SessionWriter m_writer;
     QElapsedTimer m_clock;
     QTimer m_retry; // runs while the port is gone
