@@ -10,6 +10,7 @@
 #include <QtTest>
 
 #include <csignal>
+#include <optional>
 
 #include <unistd.h>
 
@@ -34,9 +35,10 @@ public:
         m_process.setWorkingDirectory(path(QString()));
         if (!output.isEmpty())
             m_process.setStandardOutputFile(output);
+        plugIn();
         m_process.start(QStringLiteral(PROGRAM_DIRECTORY "/digitizer"),
                         QStringList{QStringLiteral("capture"), QStringLiteral("--driver"), driver,
-                                    QStringLiteral("--device"), m_tablet.path()} +
+                                    QStringLiteral("--device"), device()} +
                             arguments);
     }
 
@@ -62,11 +64,24 @@ public:
             m_sent << QByteArray::number(100000 + 1000 * m_sent.size()).mid(1) + ',' +
                           QByteArray::number(100000 + 500 * m_sent.size() * m_sent.size()).mid(1) +
                           ',' + code + "\r\n";
-            if (!m_tablet.write(m_sent.constLast()) ||
+            if (!m_tablet->write(m_sent.constLast()) ||
                 !QTest::qWaitFor([&] { return output().count(QLatin1Char('\n')) > number; }, 10000))
                 return false;
         }
         return true;
+    }
+
+    void plugIn()
+    {
+        QFile::remove(device());
+        m_tablet.emplace();
+        QFile::link(m_tablet->path(), device());
+    }
+
+    void pullOut()
+    {
+        QFile::remove(device());
+        m_tablet->hangUp();
     }
 
     void signal(int number) { ::kill(pid_t(m_process.processId()), number); }
@@ -84,12 +99,13 @@ public:
     QString output() { return m_output += QString::fromUtf8(m_process.readAllStandardOutput()); }
     QString errors() { return m_errors += QString::fromUtf8(m_process.readAllStandardError()); }
     QString path(const QString& name) const { return m_folder.filePath(name); }
-    PseudoTerminal& tablet() { return m_tablet; }
+    QString device() const { return path(QStringLiteral("tablet")); }
+    PseudoTerminal& tablet() { return *m_tablet; }
     QList<QByteArray> sent() const { return m_sent; }
 
 private:
     QTemporaryDir m_folder;
-    PseudoTerminal m_tablet;
+    std::optional<PseudoTerminal> m_tablet;
     QProcess m_process;
     QList<QByteArray> m_sent;
     QString m_output;
@@ -114,8 +130,12 @@ private slots:
     void reportsAreWrittenInEachFormat();
     void aSignalClosesTheDevice_data();
     void aSignalClosesTheDevice();
-    void aPulledOutTabletIsNoticedAndTheWorkKept();
-    void unreadInputIsExplained();
+    void aPulledOutTabletIsWaitedFor_data();
+    void aPulledOutTabletIsWaitedFor();
+    void aPulledOutTabletMayEndIt_data();
+    void aPulledOutTabletMayEndIt();
+    void whatIsNoReportIsTold_data();
+    void whatIsNoReportIsTold();
     void aLineThatCannotBeWrittenEndsIt();
     void theLineIsRecordedAsItCame();
     void aPortInUseIsRefused();
@@ -187,32 +207,112 @@ void CaptureTest::aSignalClosesTheDevice()
              qPrintable(capture.output()));
 }
 
-void CaptureTest::aPulledOutTabletIsNoticedAndTheWorkKept()
+namespace {
+
+void addRowsWithAndWithoutRecording(const QString& arguments)
 {
-    Capture capture({QStringLiteral("--picture"), QStringLiteral("kept.svg")});
+    QTest::addColumn<QStringList>("arguments");
+    const QStringList picture = arguments.split(QLatin1Char(' '), Qt::SkipEmptyParts) +
+                                QStringList{QStringLiteral("--picture"), QStringLiteral("a.svg")};
+    QTest::newRow("plain") << picture;
+    QTest::newRow("recorded") << picture +
+                                     QStringList{QStringLiteral("--record"), QStringLiteral("log")};
+}
+
+} // namespace
+
+void CaptureTest::aPulledOutTabletIsWaitedFor_data()
+{
+    addRowsWithAndWithoutRecording(QStringLiteral("--buttons 1=corner,3=end"));
+}
+
+void CaptureTest::aPulledOutTabletIsWaitedFor()
+{
+    QFETCH(QStringList, arguments);
+    Capture capture(arguments);
+    QVERIFY2(capture.isReady(), qPrintable(capture.errors()));
+    QVERIFY(capture.press("22"));
+    capture.tablet().write("0400");
+    capture.pullOut();
+    QVERIFY2(capture.says(QStringLiteral("tablet is gone; waiting")), qPrintable(capture.errors()));
+    capture.plugIn();
+    QVERIFY2(capture.says(QStringLiteral("tablet is back\n")), qPrintable(capture.errors()));
+    QVERIFY2(capture.press("242"), qPrintable(capture.errors()));
+    capture.pullOut();
+    QTRY_COMPARE(capture.errors().count(QLatin1String("is gone; waiting")), 2);
+    capture.signal(SIGINT);
+    QCOMPARE(capture.wait(), 1);
+    QVERIFY2(capture.errors().endsWith(QLatin1String("tablet did not come back\n")),
+             qPrintable(capture.errors()));
+    QVERIFY2(capture.output().endsWith(QLatin1String("     6") + closingLine),
+             qPrintable(capture.output()));
+    QCOMPARE(capture.output().count(QLatin1String("closing")), 1);
+    const QByteArray picture = contentOf(capture.path(QStringLiteral("a.svg")));
+    QVERIFY(picture.contains("2 (unfinished)"));
+    QCOMPARE(picture.count("<path "),
+             2); // the piece from before and after, and a point of the next
+}
+
+void CaptureTest::aPulledOutTabletMayEndIt_data()
+{
+    addRowsWithAndWithoutRecording(QStringLiteral("--no-reconnect"));
+}
+
+void CaptureTest::aPulledOutTabletMayEndIt()
+{
+    QFETCH(QStringList, arguments);
+    Capture capture(arguments);
     QVERIFY2(capture.isReady(), qPrintable(capture.errors()));
     QVERIFY(capture.press("222"));
-    const QString device = capture.tablet().path();
-    capture.tablet().hangUp();
+    capture.pullOut();
     QCOMPARE(capture.wait(), 1);
     QVERIFY2(capture.errors().endsWith(
                  QStringLiteral("digitizer: %1 is gone: the tablet or its adapter was pulled out\n")
-                     .arg(device)),
+                     .arg(capture.device())),
              qPrintable(capture.errors()));
     QVERIFY(capture.output().endsWith(closingLine));
-    QVERIFY(contentOf(capture.path(QStringLiteral("kept.svg"))).contains("1 (unfinished)"));
+    QVERIFY(contentOf(capture.path(QStringLiteral("a.svg"))).contains("1 (unfinished)"));
 }
 
-void CaptureTest::unreadInputIsExplained()
+void CaptureTest::whatIsNoReportIsTold_data()
 {
-    Capture capture;
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<int>("lines"); // of the output
+    QTest::addColumn<QStringList>("messages");
+    const QByteArray merged = "00001,00001,2\r\n00002,00002,2\r\n";
+    const QStringList strict{QStringLiteral("--strict-count")};
+    QTest::newRow("merged reports") << QStringList() << merged << 3 << QStringList();
+    QTest::newRow("damaged report")
+        << QStringList() << "0?001,00001,2\r\n" + merged << 3
+        << QStringList{QStringLiteral("\"0?001,00001,2\\r\\n\" arrived")};
+    QTest::newRow("noise around a report")
+        << QStringList() << QByteArray("?\r\n00001,00001,2\r\n??\r\n") << 2
+        << QStringList{QStringLiteral("\"?\\r\\n\" arrived"),
+                       QStringLiteral("4 more bytes were passed over")};
+    QTest::newRow("by the count, merged")
+        << strict << merged << 1
+        << QStringList{QStringLiteral("not one whole report of 15 characters")};
+    QTest::newRow("by the count, damaged")
+        << strict << QByteArray("0 001,00001,2\r\n") << 2 << QStringList();
+}
+
+void CaptureTest::whatIsNoReportIsTold()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QByteArray, bytes);
+    QFETCH(int, lines);
+    QFETCH(QStringList, messages);
+    Capture capture(arguments);
     QVERIFY2(capture.isReady(), qPrintable(capture.errors()));
-    QVERIFY(capture.press("2"));
-    QVERIFY(capture.tablet().write("00001,00001,2\r\n00002,00002,2\r\n"));
-    QVERIFY2(capture.says(QStringLiteral("not one whole report of 15 characters")),
-             qPrintable(capture.errors()));
+    QVERIFY(capture.tablet().write(bytes));
+    QTRY_COMPARE(capture.output().count(QLatin1Char('\n')), lines);
+    for (const QString& message : messages)
+        QVERIFY2(capture.says(message), qPrintable(capture.errors()));
     capture.signal(SIGINT);
     QCOMPARE(capture.wait(), 0);
+    QCOMPARE(capture.output().count(QLatin1Char('\n')), lines + 1);
+    QCOMPARE(capture.errors().count(QLatin1Char('\n')), 1 + messages.size());
 }
 
 void CaptureTest::aLineThatCannotBeWrittenEndsIt()
@@ -247,12 +347,11 @@ void CaptureTest::aPortInUseIsRefused()
     const TestHost host;
     const ProgramRun second =
         runDigitizer(host, {QStringLiteral("capture"), QStringLiteral("--driver"), driver,
-                            QStringLiteral("--device"), first.tablet().path()});
+                            QStringLiteral("--device"), first.device()});
     QCOMPARE(second.exitStatus, 1);
-    QVERIFY2(
-        second.errors.startsWith(
-            QStringLiteral("digitizer: another program has %1 open").arg(first.tablet().path())),
-        qPrintable(second.errors));
+    QVERIFY2(second.errors.startsWith(
+                 QStringLiteral("digitizer: another program has %1 open").arg(first.device())),
+             qPrintable(second.errors));
     QCOMPARE(second.errors.count(QLatin1Char('\n')), 1);
     QVERIFY(first.press("2"));
 }

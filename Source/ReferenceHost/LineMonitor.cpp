@@ -56,13 +56,16 @@ QString strayText(int count)
 
 } // namespace
 
-LineMonitor::LineMonitor() : LineMonitor(DigitizerArgument(), {}) {}
+LineMonitor::LineMonitor() : LineMonitor(DigitizerArgument(), {})
+{
+    m_pauseMilliseconds = 500; // between two characters at 150 baud lies less
+}
 
 LineMonitor::LineMonitor(const DigitizerArgument& description, Decoder decoder)
-    : m_roles(description.m_reportFormat),
-      m_letters(layoutText(description)),
+    : m_letters(layoutText(description)),
       m_decoder(std::move(decoder)),
-      m_cutter(m_roles),
+      m_stream(description),
+      m_pauseMilliseconds(ReportStream::pauseMilliseconds(description.m_portSettings)),
       m_largestX(-std::numeric_limits<double>::infinity()),
       m_largestY(m_largestX)
 {}
@@ -70,29 +73,35 @@ LineMonitor::LineMonitor(const DigitizerArgument& description, Decoder decoder)
 QString LineMonitor::take(qint64 milliseconds, const QByteArray& bytes)
 {
     m_bytes += bytes.size();
+    m_stream.append(bytes);
+    return waitingLines(milliseconds);
+}
+
+QString LineMonitor::pause(qint64 milliseconds)
+{
+    m_stream.pause();
+    return waitingLines(milliseconds);
+}
+
+QString LineMonitor::waitingLines(qint64 milliseconds)
+{
     QString lines;
-    for (const LinePiece& piece : m_cutter.take(bytes))
-        lines += pieceLines(milliseconds, piece);
+    while (const std::optional<StreamItem> item = m_stream.next())
+        lines += itemLines(milliseconds, *item);
     return lines;
 }
 
-QString LineMonitor::flush(qint64 milliseconds)
-{
-    const auto piece = m_cutter.flush();
-    return piece ? pieceLines(milliseconds, *piece) : QString();
-}
-
 // The bytes in rows of equal length, beneath each row its marks, and beside the last marks what
-// the piece means.
-QString LineMonitor::pieceLines(qint64 milliseconds, const LinePiece& piece)
+// the item means.
+QString LineMonitor::itemLines(qint64 milliseconds, const StreamItem& item)
 {
-    const QString meaning = meaningOf(milliseconds, piece);
-    const QString marks = marksOf(piece);
+    const QString meaning = meaningOf(milliseconds, item);
+    const QString marks = marksOf(item.bytes);
     const QString margin(timeWidth + 2, QLatin1Char(' '));
     QString lines;
-    for (int start = 0; start < piece.bytes.size(); start += bytesInRow) {
-        const QByteArray row = piece.bytes.mid(start, bytesInRow);
-        const bool isLast = start + bytesInRow >= piece.bytes.size();
+    for (int start = 0; start < item.bytes.size(); start += bytesInRow) {
+        const QByteArray row = item.bytes.mid(start, bytesInRow);
+        const bool isLast = start + bytesInRow >= item.bytes.size();
         lines +=
             line((start == 0 ? timeText(milliseconds) : margin) + hexText(row) + plainText(row));
         if (m_decoder)
@@ -105,42 +114,45 @@ QString LineMonitor::pieceLines(qint64 milliseconds, const LinePiece& piece)
 }
 
 // The letter of each role beneath its byte, with an exclamation mark before one that does not fit;
-// a question mark for a stray byte.
-QString LineMonitor::marksOf(const LinePiece& piece) const
+// a question mark for each byte of what is no report by its length alone.
+QString LineMonitor::marksOf(const QByteArray& bytes) const
 {
-    if (isReport(piece) && m_roles.empty())
+    if (m_letters.isEmpty())
         return {};
-    if (!piece.isReport)
-        return QStringLiteral(" ? ").repeated(piece.bytes.size());
+    if (bytes.size() != m_letters.size())
+        return QStringLiteral(" ? ").repeated(bytes.size());
     QString marks;
-    for (int i = 0; i < piece.bytes.size(); ++i) {
-        const bool fits = ReportCutter::fits(m_roles[std::size_t(i)], piece.bytes.at(i));
-        marks += QLatin1Char(fits ? ' ' : '!');
+    for (int i = 0; i < bytes.size(); ++i) {
+        marks += QLatin1Char(m_stream.allows(i, bytes.at(i)) ? ' ' : '!');
         marks += m_letters.at(i);
         marks += QLatin1Char(' ');
     }
     return marks;
 }
 
-bool LineMonitor::isReport(const LinePiece& piece) const
+QString LineMonitor::meaningOf(qint64 milliseconds, const StreamItem& item)
 {
-    return piece.isReport || (m_decoder && m_roles.empty());
+    if (item.isReport || (m_decoder && m_letters.isEmpty()))
+        return reportText(milliseconds, item.bytes);
+    m_strayBytes += item.bytes.size();
+    return item.bytes.size() == m_letters.size() ? misfitText(item.bytes)
+                                                 : strayText(item.bytes.size());
 }
 
-QString LineMonitor::meaningOf(qint64 milliseconds, const LinePiece& piece)
+QString LineMonitor::misfitText(const QByteArray& bytes) const
 {
-    if (isReport(piece))
-        return reportText(milliseconds, piece.bytes);
-    if (!m_decoder)
-        return {};
-    m_strayBytes += piece.bytes.size();
-    return strayText(piece.bytes.size());
+    int misfits = 0;
+    for (int i = 0; i < bytes.size(); ++i)
+        misfits += m_stream.allows(i, bytes.at(i)) ? 0 : 1;
+    if (misfits == 0)
+        return QStringLiteral("passed over by the driver: where it begins is not certain");
+    return QStringLiteral("passed over by the driver: %1")
+        .arg(misfits == 1 ? QStringLiteral("one character does not fit")
+                          : QStringLiteral("%1 characters do not fit").arg(misfits));
 }
 
 QString LineMonitor::reportText(qint64 milliseconds, const QByteArray& bytes)
 {
-    const int unexpected = misfits(bytes);
-    m_misfits += unexpected;
     if (m_reports++ == 0)
         m_firstReport = milliseconds;
     m_lastReport = milliseconds;
@@ -149,22 +161,11 @@ QString LineMonitor::reportText(qint64 milliseconds, const QByteArray& bytes)
         return QStringLiteral("not decoded: the driver reads up to a zero byte only");
     const double x = report->coordinate().x();
     const double y = report->coordinate().y();
-    QString text = QStringLiteral("button %1 at %2, %3 cm")
-                       .arg(report->m_button_number)
-                       .arg(coordinateText(x), coordinateText(y));
-    if (unexpected > 0)
-        return text + QStringLiteral(", %1 unexpected").arg(unexpected);
     m_largestX = std::max(m_largestX, x);
     m_largestY = std::max(m_largestY, y);
-    return text;
-}
-
-int LineMonitor::misfits(const QByteArray& bytes) const
-{
-    int count = 0;
-    for (std::size_t i = 0; i < m_roles.size(); ++i)
-        count += ReportCutter::fits(m_roles[i], bytes.at(int(i))) ? 0 : 1;
-    return count;
+    return QStringLiteral("button %1 at %2, %3 cm")
+        .arg(report->m_button_number)
+        .arg(coordinateText(x), coordinateText(y));
 }
 
 QString LineMonitor::summary() const
@@ -177,9 +178,7 @@ QString LineMonitor::summary() const
         const double seconds = double(m_lastReport - m_firstReport) / 1000;
         text += QStringLiteral(" (%1 a second)").arg((m_reports - 1) / seconds, 0, 'f', 1);
     }
-    text += QStringLiteral(", %1 stray bytes, %2 unexpected characters")
-                .arg(m_strayBytes)
-                .arg(m_misfits);
+    text += QStringLiteral(", %1 bytes passed over").arg(m_strayBytes);
     if (std::isfinite(m_largestX) && std::isfinite(m_largestY))
         text += QStringLiteral("; largest x %1 cm, largest y %2 cm")
                     .arg(coordinateText(m_largestX), coordinateText(m_largestY));

@@ -3,14 +3,15 @@
 #pragma once
 
 #include "DigitizerGeneric/Digitizer/DigitalReport.h"
-#include "ReferenceHost/ReportCutter.h"
+#include "DigitizerGeneric/Digitizer/ReportStream.h"
 
 #include <QString>
 
 #include <functional>
 
 /// Lists what a line sends: each byte in hexadecimal and as text, with the time; under a
-/// description the role of each byte beneath it and the decoded report.
+/// description the role of each byte beneath it and the decoded reports. These are the reports that
+/// the driver hands over when it checks what it reads; all else it passes over.
 ///
 /// Bytes in, text out. Times are milliseconds since the listing began. Every text that is returned
 /// is empty or ends in a line feed.
@@ -29,33 +30,31 @@ public:
     /// Returns the lines for what \a bytes complete.
     QString take(qint64 milliseconds, const QByteArray& bytes);
 
-    /// Returns the lines for the start of a report that has not been completed. To be called when
-    /// the line has been quiet for quietMilliseconds.
-    QString flush(qint64 milliseconds);
+    /// Returns the lines for what can be decided now that the line has been quiet for
+    /// pauseMilliseconds().
+    QString pause(qint64 milliseconds);
+
+    int pauseMilliseconds() const { return m_pauseMilliseconds; }
 
     /// Returns what has been seen so far: bytes, reports, reports a second between the first and
-    /// the last, stray bytes, unexpected characters, the largest x and y in centimetres.
+    /// the last, bytes passed over, the largest x and y in centimetres.
     QString summary() const;
 
-    /// Longer than the time between two characters at the slowest line speed, 150 baud.
-    static constexpr int quietMilliseconds = 500;
-
 private:
-    QString pieceLines(qint64 milliseconds, const LinePiece& piece);
-    QString marksOf(const LinePiece& piece) const;
-    QString meaningOf(qint64 milliseconds, const LinePiece& piece);
+    QString waitingLines(qint64 milliseconds);
+    QString itemLines(qint64 milliseconds, const MavSystem::StreamItem& item);
+    QString marksOf(const QByteArray& bytes) const;
+    QString meaningOf(qint64 milliseconds, const MavSystem::StreamItem& item);
+    QString misfitText(const QByteArray& bytes) const;
     QString reportText(qint64 milliseconds, const QByteArray& bytes);
-    bool isReport(const LinePiece& piece) const;
-    int misfits(const QByteArray& bytes) const;
 
-    std::vector<MavSystem::ReportFormatValues> m_roles;
     QString m_letters;
     Decoder m_decoder;
-    ReportCutter m_cutter;
+    MavSystem::ReportStream m_stream;
+    int m_pauseMilliseconds;
 
     int m_bytes = 0;
     int m_strayBytes = 0;
-    int m_misfits = 0;
     int m_reports = 0;
     qint64 m_firstReport = 0;
     qint64 m_lastReport = 0;

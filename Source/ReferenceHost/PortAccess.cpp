@@ -87,11 +87,3 @@ QString rightsAdvice(const PortRights& rights, const QString& user)
         .arg(start, rights.owner,
              QString::number(rights.mode, 8).rightJustified(4, QLatin1Char('0')));
 }
-
-QString portIdentity(const QString& device)
-{
-    struct stat status;
-    if (stat(QFile::encodeName(portPath(device)).constData(), &status) != 0)
-        return {};
-    return QStringLiteral("%1:%2").arg(status.st_dev).arg(status.st_ino);
-}

@@ -27,7 +27,3 @@ QString portProblem(const QString& device);
 /// Returns what \a user can do to be allowed to use the port: which group to join and how, or that
 /// its rights have to be changed.
 QString rightsAdvice(const PortRights& rights, const QString& user);
-
-/// Returns a text that changes when the device is pulled out, or pulled out and put back; empty
-/// when it is not there.
-QString portIdentity(const QString& device);

@@ -3,15 +3,17 @@
 #include "digitizer/CaptureSession.h"
 
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
+#include "DigitizerGeneric/Digitizer/InputEvents.h"
 #include "ReferenceHost/Command.h"
 #include "ReferenceHost/Console.h"
-#include "ReferenceHost/PortAccess.h"
+
+#include <utility>
 
 using namespace MavSystem;
 
 namespace {
 
-constexpr int lineCheckMilliseconds = 500;
+constexpr int retryMilliseconds = 500;
 
 const char usable[] = "No Error has occurred";
 
@@ -29,8 +31,11 @@ QString unreadAdvice(const Driver& driver)
 CaptureSession::CaptureSession(const CaptureOptions& options)
     : m_options(options), m_writer(options.format)
 {
-    connect(&m_signals, &StopSignals::stopRequested, this, [this] { stop(); });
-    connect(&m_lineTimer, &QTimer::timeout, this, &CaptureSession::lookAfterLine);
+    connect(&m_signals, &StopSignals::stopRequested, this, [this] {
+        stop(m_gone ? QStringLiteral("%1 did not come back").arg(m_options.device) : QString());
+    });
+    connect(&m_retry, &QTimer::timeout, this, &CaptureSession::tryAgain);
+    listen();
     DigitalReport::registerHandle([this](const DigitalReport& report) { receive(report); });
 }
 
@@ -41,16 +46,34 @@ CaptureSession::~CaptureSession()
 
 QString CaptureSession::run(const QString& port)
 {
-    m_identity = portIdentity(m_options.device);
     open(port);
     printError(QStringLiteral("ready: \"%1\" at %2; Ctrl-C ends")
                    .arg(m_options.driver.name, m_options.device));
-    m_lineTimer.start(lineCheckMilliseconds);
     if (!m_ending)
         m_loop.exec();
     m_ending = true;
     Digitizer::instance()->close();
     return m_problem;
+}
+
+void CaptureSession::deviceGone()
+{
+    if (m_ending)
+        return;
+    if (!m_options.reconnect) {
+        stop(QStringLiteral("%1 is gone: the tablet or its adapter was pulled out")
+                 .arg(m_options.device));
+        return;
+    }
+    m_gone = true;
+    printError(QStringLiteral("%1 is gone; waiting for it to come back; Ctrl-C ends")
+                   .arg(m_options.device));
+}
+
+void CaptureSession::deviceBack()
+{
+    m_gone = false;
+    printError(QStringLiteral("%1 is back").arg(m_options.device));
 }
 
 void CaptureSession::stop(const QString& problem)
@@ -62,10 +85,23 @@ void CaptureSession::stop(const QString& problem)
     m_loop.quit();
 }
 
+void CaptureSession::listen()
+{
+    const InputEvents* const events = Digitizer::instance()->inputEvents();
+    connect(events, &InputEvents::bytesPassedOver, this,
+            [this](const QByteArray& bytes) { m_passedOver.add(bytes); });
+    connect(events, &InputEvents::inputUnread, this, &CaptureSession::adviseOnUnread);
+    connect(events, &InputEvents::portLost, this, [this] {
+        deviceGone();
+        m_retry.start(retryMilliseconds);
+    });
+}
+
 void CaptureSession::open(const QString& port)
 {
     const auto digitizer = Digitizer::instance();
     digitizer->selectDevice(m_options.driver.name, port);
+    digitizer->setCheckedReading(!m_options.strictCount);
     const QString answer = Digitizer::deviceExist();
     if (answer == QLatin1String("Device is already locked") ||
         answer == QLatin1String("Permission denied"))
@@ -80,9 +116,19 @@ void CaptureSession::open(const QString& port)
     digitizer->readReport();
 }
 
+// Opening replaces the lost port without a closing report, so the outputs just go on.
+void CaptureSession::tryAgain()
+{
+    if (m_ending || Digitizer::deviceExist() != QLatin1String(usable) ||
+        !Digitizer::instance()->open())
+        return;
+    m_retry.stop();
+    Digitizer::instance()->readReport();
+    deviceBack();
+}
+
 void CaptureSession::receive(const DigitalReport& report)
 {
-    m_unread.reportDelivered();
     m_warnedOfUnread = false;
     const PointRole role = roleOf(report, m_options.roles);
     if (m_ending && role != PointRole::Closing)
@@ -96,13 +142,8 @@ void CaptureSession::receive(const DigitalReport& report)
         stop();
 }
 
-void CaptureSession::lookAfterLine()
+void CaptureSession::adviseOnUnread()
 {
-    if (portIdentity(m_options.device) != m_identity) {
-        stop(QStringLiteral("%1 is gone: the tablet or its adapter was pulled out")
-                 .arg(m_options.device));
-    } else if (m_unread.isStuck() && !m_warnedOfUnread) {
-        m_warnedOfUnread = true;
+    if (!std::exchange(m_warnedOfUnread, true))
         printError(unreadAdvice(m_options.driver));
-    }
 }

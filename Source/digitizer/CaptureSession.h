@@ -6,7 +6,7 @@
 #include "ReferenceHost/PieceRecorder.h"
 #include "ReferenceHost/ReportWriter.h"
 #include "ReferenceHost/StopSignals.h"
-#include "ReferenceHost/UnreadInput.h"
+#include "digitizer/PassedOverNotice.h"
 
 #include <QEventLoop>
 #include <QObject>
@@ -20,6 +20,8 @@ struct CaptureOptions
     int count = 0; ///< reports after which capturing ends; 0 for no limit
     ReportWriter::Format format = ReportWriter::Text;
     ButtonRoles roles;
+    bool strictCount = false; ///< without checked reading
+    bool reconnect = true;    ///< waits for a device that is gone; otherwise that ends capturing
 };
 
 /// Takes reports from the tablet until the user, the wanted number or a fault ends it.
@@ -39,24 +41,33 @@ public:
     /// Returns what was traced so far.
     QVector<Piece> pieces() const { return m_recorder.pieces(); }
 
+    /// Says that the device is gone, and waits or ends as the options want it. What was traced and
+    /// counted stays.
+    void deviceGone();
+
+    /// Says that the device is back.
+    void deviceBack();
+
     /// Ends capturing at the next turn of the event loop, for the reason given.
     void stop(const QString& problem = QString());
 
 private:
     void open(const QString& port);
+    void listen();
+    void tryAgain();
     void receive(const MavSystem::DigitalReport& report);
-    void lookAfterLine();
+    void adviseOnUnread();
 
     CaptureOptions m_options;
     ReportWriter m_writer;
     PieceRecorder m_recorder;
     StopSignals m_signals;
-    UnreadInput m_unread;
-    QTimer m_lineTimer;
+    PassedOverNotice m_passedOver;
+    QTimer m_retry; // runs while the library's port is gone
     QEventLoop m_loop;
-    QString m_identity; // of the device when it was opened
     QString m_problem;
     int m_reports = 0;
     bool m_ending = false;
+    bool m_gone = false;
     bool m_warnedOfUnread = false;
 };

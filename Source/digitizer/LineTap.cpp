@@ -10,6 +10,8 @@
 
 namespace {
 
+constexpr int retryMilliseconds = 500;
+
 RecordedSession headerOf(const Driver& driver)
 {
     RecordedSession session;
@@ -47,7 +49,15 @@ LineTap::LineTap(const Driver& driver, const QString& device, const QString& pat
         throw CommandError(
             QStringLiteral("%1 cannot be used: %2").arg(device, m_port->errorString()));
     m_clock.start();
-    connect(m_port, &QextSerialPort::readyRead, this, &LineTap::passToDriver);
+    connect(m_port, &QextSerialPort::readyRead, this, &LineTap::record);
+    connect(m_port, &QIODevice::readChannelFinished, this, [this] {
+        m_retry.start(retryMilliseconds);
+        Q_EMIT lost();
+    });
+    connect(&m_retry, &QTimer::timeout, this, &LineTap::tryAgain);
+    m_writable = new QSocketNotifier(m_terminal.descriptor(), QSocketNotifier::Write, this);
+    m_writable->setEnabled(false);
+    connect(m_writable, &QSocketNotifier::activated, this, &LineTap::passToDriver);
     auto* const notifier =
         new QSocketNotifier(m_terminal.descriptor(), QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, &LineTap::passToTablet);
@@ -55,11 +65,28 @@ LineTap::LineTap(const Driver& driver, const QString& device, const QString& pat
 
 LineTap::~LineTap() = default;
 
-void LineTap::passToDriver()
+void LineTap::tryAgain()
+{
+    m_port->close();
+    if (!m_port->open(QIODevice::ReadWrite))
+        return;
+    m_retry.stop();
+    Q_EMIT returned();
+}
+
+void LineTap::record()
 {
     const QByteArray bytes = m_port->readAll();
     m_writer.append({m_clock.elapsed(), bytes});
-    m_terminal.write(bytes);
+    m_toDriver += bytes;
+    passToDriver();
+}
+
+// Never waits: the driver reads in the same event loop.
+void LineTap::passToDriver()
+{
+    m_toDriver.remove(0, m_terminal.writeSome(m_toDriver, 0));
+    m_writable->setEnabled(!m_toDriver.isEmpty());
 }
 
 void LineTap::passToTablet()

@@ -20,16 +20,6 @@ namespace {
 
 const QString driverOption = QStringLiteral("driver");
 
-// The library's own decoding, on bytes that it would not have read by itself.
-std::optional<DigitalReport> decodeGeneric(const DigitizerArgument& description,
-                                           const ReportLayout& layout, const QByteArray& bytes)
-{
-    if (bytes.contains('\0'))
-        return std::nullopt;
-    return FieldDecoding::reportOf(description, layout, bytes.constData(),
-                                   FieldDecoding::decodeButton | FieldDecoding::decodeCoordinate);
-}
-
 std::optional<DigitalReport> decodeLectraE92(const QByteArray& bytes)
 {
     constexpr int characters = 23;
@@ -45,7 +35,9 @@ LineMonitor monitorFor(const Driver& driver)
     const DigitizerArgument& description = driver.description;
     return LineMonitor(description,
                        [description, layout = ReportLayout(description)](const QByteArray& bytes) {
-                           return decodeGeneric(description, layout, bytes);
+                           return FieldDecoding::reportOf(description, layout, bytes.constData(),
+                                                          FieldDecoding::decodeButton |
+                                                              FieldDecoding::decodeCoordinate);
                        });
 }
 
@@ -60,10 +52,15 @@ bool showLine(SerialLine& line, LineMonitor& monitor)
     };
     QTimer quiet;
     quiet.setSingleShot(true);
-    quiet.setInterval(LineMonitor::quietMilliseconds);
-    QObject::connect(&quiet, &QTimer::timeout, [&] { show(monitor.flush(line.elapsed())); });
+    QObject::connect(&quiet, &QTimer::timeout, [&] {
+        // Only a second look tells a quiet line from a terminal that kept this program waiting.
+        if (quiet.interval() > 0)
+            quiet.start(0);
+        else
+            show(monitor.pause(line.elapsed()));
+    });
     QObject::connect(&line, &SerialLine::received, [&](const QByteArray& bytes) {
-        quiet.start();
+        quiet.start(monitor.pauseMilliseconds());
         show(monitor.take(line.elapsed(), bytes));
     });
     QObject::connect(&line, &SerialLine::ended, [&] {
@@ -75,7 +72,7 @@ bool showLine(SerialLine& line, LineMonitor& monitor)
     const InputLines input;
     QObject::connect(&input, &InputLines::entered, [&] { show(monitor.summary()); });
     loop.exec();
-    show(monitor.flush(line.elapsed()) + monitor.summary());
+    show(monitor.pause(line.elapsed()) + monitor.summary());
     return stopped;
 }
 
@@ -108,15 +105,16 @@ Command monitorCommand()
     command.summary = QStringLiteral("show what arrives on a serial line, byte by byte");
     command.description = QStringList{
         QStringLiteral("Shows all bytes in hexadecimal and as text, with the seconds since the "
-                       "start. With --driver it finds the reports among them, also after a stray "
-                       "byte, and shows beneath each byte its role in the template, \"!\" before "
-                       "one that does not fit its role, \"?\" for a byte outside of any report, "
-                       "and beside them the button and the point in centimetres."),
-        QStringLiteral("Ctrl-C ends it with a summary: bytes, reports, reports a second, stray "
-                       "bytes, unexpected characters, the largest x and y. The enter key shows the "
-                       "summary at any time."),
-        QStringLiteral("The driver itself never searches: it reads a report only when exactly "
-                       "one is waiting. No other program may have the port open.")};
+                       "start. With --driver it shows which of them are reports, with the button "
+                       "and the point in centimetres, and which the driver passes over. Beneath "
+                       "each byte stands its role in the template, \"!\" before a byte that does "
+                       "not fit its role, and \"?\" beneath what has not the length of a report."),
+        QStringLiteral("The reports are those that 'digitizer capture' takes. With --strict-count "
+                       "it reads by the number of bytes alone; what the bytes are does not matter "
+                       "then."),
+        QStringLiteral("Ctrl-C ends it with a summary: bytes, reports, reports a second, bytes "
+                       "passed over, the largest x and y. The enter key shows the summary at any "
+                       "time. No other program may have the port open.")};
     command.options = LineOptions::options();
     command.options.insert(
         1, {driverOption,

@@ -218,7 +218,7 @@ private:
     boost::scoped_ptr<CheckedInput> m_checked; // of m_port, when it was opened with checked reading
     boost::scoped_ptr<InputEvents> m_events;   // when the host has asked for them
     boost::scoped_ptr<QTimer> m_unread;        // runs while input is unread
-    int m_pen_file_settle_time = 0;           // milliseconds
+    int m_pen_file_settle_time = 0;            // milliseconds
 };
 
 } // namespace MavSystem

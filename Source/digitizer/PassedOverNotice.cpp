@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "digitizer/PassedOverNotice.h"
+
+#include "ReferenceHost/Console.h"
+#include "ReferenceHost/RecordedSession.h"
+
+#include <utility>
+
+namespace {
+
+constexpr int silenceMilliseconds = 1000;
+constexpr int bytesShown = 40; // more do not fit into a line of a terminal
+
+} // namespace
+
+PassedOverNotice::PassedOverNotice()
+{
+    m_silence.setSingleShot(true);
+    m_silence.setInterval(silenceMilliseconds);
+    QObject::connect(&m_silence, &QTimer::timeout, [this] { sayMore(); });
+}
+
+PassedOverNotice::~PassedOverNotice()
+{
+    sayMore();
+}
+
+void PassedOverNotice::add(const QByteArray& bytes)
+{
+    if (m_silence.isActive()) {
+        m_more += bytes.size();
+        return;
+    }
+    const bool all = bytes.size() <= bytesShown;
+    printError(
+        QStringLiteral("%1%2 arrived, which is no report, and was passed over: press again if "
+                       "a point is missing, or see what arrives with 'digitizer monitor'")
+            .arg(QString::fromLatin1(quotedBytes(bytes.left(bytesShown))),
+                 QLatin1String(all ? "" : "...")));
+    m_silence.start();
+}
+
+void PassedOverNotice::sayMore()
+{
+    const int more = std::exchange(m_more, 0);
+    if (more == 0)
+        return;
+    printError(more == 1 ? QStringLiteral("1 more byte was passed over")
+                         : QStringLiteral("%1 more bytes were passed over").arg(more));
+    m_silence.start();
+}
