@@ -17,6 +17,7 @@
 #include <random>
 
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 using namespace MavSystem;
@@ -48,6 +49,7 @@ private slots:
     void theProgramRefuses_data();
     void theProgramRefuses();
     void theProgramTracesAPiece();
+    void aFloodArrivesWhole();
 };
 
 namespace {
@@ -427,6 +429,7 @@ void SimulationTest::theProgramRefuses_data()
     };
     row("", "--driver is missing; 'digitizer drivers' lists them", ExitUsage);
     row("--driver|Lectra E92|--fast|--rate|9", "--fast and --rate exclude each other", ExitUsage);
+    row("--driver|Lectra E92|--fast|--flood", "--fast and --flood exclude each other", ExitUsage);
     row("--driver|Lectra E92|--split|25", "--split is 25, but at most 25 bytes are sent at once",
         ExitUsage);
     row("--driver|Lectra E92|--script|@/none", "'@/none' cannot be read: No such file or directory",
@@ -497,6 +500,36 @@ void SimulationTest::theProgramTracesAPiece()
     QVERIFY(process.waitForFinished(20000));
     QCOMPARE(process.exitCode(), 0);
     QVERIFY(!QFileInfo(link).isSymLink());
+}
+
+void SimulationTest::aFloodArrivesWhole()
+{
+    constexpr int rounds = 400; // far more than the system keeps for a program that does not read
+    const TestHost host;
+    QProcess process;
+    prepare(process, host,
+            {QStringLiteral("--driver"), QStringLiteral("Lectra E92"), QStringLiteral("--flood"),
+             QStringLiteral("--repeat"), QString::number(rounds)});
+    QTRY_VERIFY(process.bytesAvailable() > 0);
+    QSerialPort port(QString::fromUtf8(process.readAllStandardOutput()).trimmed());
+    port.setReadBufferSize(1); // the rest stays at the system
+    QVERIFY(port.open(QIODevice::ReadWrite));
+    const auto waiting = [&] {
+        int bytes = 0;
+        return ioctl(port.handle(), FIONREAD, &bytes) == 0 ? bytes : -1;
+    };
+    QTRY_VERIFY2(waiting() > 4000, qPrintable(QString::number(waiting())));
+    port.setReadBufferSize(0);
+    QByteArray sent;
+    for (const Press& press : bodiceFront(2, false))
+        sent += encodeLectraE92Report(press).bytes;
+    sent = sent.repeated(rounds);
+    QByteArray arrived;
+    QTRY_VERIFY2_WITH_TIMEOUT((arrived += port.readAll()).size() >= sent.size(),
+                              qPrintable(QString::number(arrived.size())), 20000);
+    QVERIFY(arrived == sent);
+    QVERIFY(process.waitForFinished(20000));
+    QCOMPARE(process.exitCode(), 0);
 }
 
 QTEST_GUILESS_MAIN(SimulationTest)

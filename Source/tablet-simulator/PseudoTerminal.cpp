@@ -30,7 +30,7 @@ void makeRaw(int port)
 
 PseudoTerminal::PseudoTerminal()
 {
-    m_master = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+    m_master = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC | O_NONBLOCK);
     char path[128];
     if (m_master < 0 || grantpt(m_master) != 0 || unlockpt(m_master) != 0 ||
         ptsname_r(m_master, path, sizeof path) != 0 ||
@@ -60,10 +60,28 @@ bool PseudoTerminal::waitForOpen(int timeoutMilliseconds)
 
 bool PseudoTerminal::write(const QByteArray& bytes)
 {
+    for (int done = 0; done < bytes.size();) {
+        const int written = writeSome(bytes.mid(done), -1);
+        if (written < 0)
+            return false;
+        done += written;
+    }
+    return true;
+}
+
+int PseudoTerminal::writeSome(const QByteArray& bytes, int timeoutMilliseconds)
+{
     takeUses();
     m_wasRead = false;
     m_sinceWrite.start();
-    return ::write(m_master, bytes.constData(), size_t(bytes.size())) == bytes.size();
+    ssize_t written = ::write(m_master, bytes.constData(), size_t(bytes.size()));
+    if (written < 0 && errno == EAGAIN) {
+        pollfd state = {m_master, POLLOUT, 0};
+        if (poll(&state, 1, timeoutMilliseconds) <= 0)
+            return 0;
+        written = ::write(m_master, bytes.constData(), size_t(bytes.size()));
+    }
+    return written < 0 && errno == EAGAIN ? 0 : int(written);
 }
 
 QByteArray PseudoTerminal::read(int timeoutMilliseconds)

@@ -32,8 +32,14 @@ public:
     /// it open.
     bool waitForOpen(int timeoutMilliseconds);
 
-    /// Writes all of \a bytes in one write and returns whether that worked.
+    /// Writes all of \a bytes, at once if the line takes them, and returns whether that worked.
+    /// Waits while the line is full.
     bool write(const QByteArray& bytes);
+
+    /// Writes as many of \a bytes as the line takes at once; waits up to \a timeoutMilliseconds, or
+    /// for ever with -1, until it takes any. Returns their number, 0 when it takes none or a signal
+    /// came, or -1 with errno when the line has failed.
+    int writeSome(const QByteArray& bytes, int timeoutMilliseconds);
 
     /// Returns what arrived from the port; waits up to \a timeoutMilliseconds for the first byte.
     QByteArray read(int timeoutMilliseconds = 0);

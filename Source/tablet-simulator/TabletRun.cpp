@@ -50,6 +50,16 @@ bool waitUntilTaken(PseudoTerminal& tablet)
     return true;
 }
 
+// What the system keeps on the way reaches the port's queue within the lingering.
+bool waitUntilAllTaken(PseudoTerminal& tablet)
+{
+    do {
+        if (!waitUntilTaken(tablet) && !tablet.taken())
+            return false;
+    } while (listen(tablet, lingering) && !tablet.drained());
+    return tablet.drained();
+}
+
 bool waitUntilOpened(PseudoTerminal& tablet, int delayMilliseconds)
 {
     QElapsedTimer open;
@@ -66,12 +76,33 @@ bool waitUntilOpened(PseudoTerminal& tablet, int delayMilliseconds)
     return false;
 }
 
-bool write(PseudoTerminal& tablet, const QByteArray& bytes)
+bool waitForTurn(PseudoTerminal& tablet, Pace pace, qint64 pauseMicroseconds)
 {
-    const bool written = tablet.write(bytes);
-    if (!written && !s_stopped)
-        printError(QStringLiteral("the line takes no more: %1").arg(qt_error_string()));
-    return written;
+    switch (pace) {
+    case Pace::Timed:
+        return listen(tablet, pauseMicroseconds);
+    case Pace::Taken:
+        return waitUntilTaken(tablet);
+    case Pace::Flood:
+        break;
+    }
+    return !s_stopped;
+}
+
+// All of it, however long the line is full.
+bool write(PseudoTerminal& tablet, QByteArray bytes)
+{
+    while (!bytes.isEmpty() && !s_stopped) {
+        const int written = tablet.writeSome(bytes, slice);
+        if (written < 0) {
+            printError(QStringLiteral("the line takes no more: %1").arg(qt_error_string()));
+            return false;
+        }
+        bytes.remove(0, written);
+        if (!bytes.isEmpty())
+            printArrived(tablet.read());
+    }
+    return bytes.isEmpty();
 }
 
 } // namespace
@@ -82,14 +113,12 @@ bool runTablet(PseudoTerminal& tablet, const QVector<Transmission>& writes,
     if (!waitUntilOpened(tablet, options.openDelayMilliseconds))
         return false;
     for (const Transmission& next : writes) {
-        if (!(options.fast ? waitUntilTaken(tablet) : listen(tablet, next.pauseMicroseconds)))
-            return false;
-        if (!write(tablet, next.bytes))
+        if (!waitForTurn(tablet, options.pace, next.pauseMicroseconds) ||
+            !write(tablet, next.bytes))
             return false;
     }
-    if (!waitUntilTaken(tablet) && !tablet.taken())
+    if (!waitUntilAllTaken(tablet))
         return false;
-    listen(tablet, lingering);
     while (options.stay && listen(tablet, 1000000)) {
     }
     return true;

@@ -7,13 +7,20 @@
 
 #include <QVector>
 
+/// When each write of a run goes to the line.
+enum class Pace {
+    Timed, ///< after its pause
+    Taken, ///< when the one before has been taken
+    Flood, ///< as soon as the line takes it, whatever the program does
+};
+
 /// How the writes of a run reach the line.
 struct RunOptions
 {
     /// A program has the port open for so long before the first write: many discard what arrives
     /// while they open it, and some open it twice, first to see whether it is there.
     int openDelayMilliseconds = 300;
-    bool fast = false; ///< no pauses; the next write when the last has been taken
+    Pace pace = Pace::Timed;
     bool stay = false; ///< keep the line at the end until stopped
 };
 

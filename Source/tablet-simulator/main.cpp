@@ -150,14 +150,22 @@ QVector<Transmission> chosenReports(const QCommandLineParser& parser)
 void refuseContradictions(const QCommandLineParser& parser)
 {
     constexpr const char* contradictions[][2] = {
-        {"description", "driver"}, {"replay", "driver"}, {"replay", "description"},
-        {"replay", "script"},      {"fast", "rate"},     {"hangup-after", "stay"}};
+        {"description", "driver"}, {"replay", "driver"},    {"replay", "description"},
+        {"replay", "script"},      {"fast", "rate"},        {"fast", "flood"},
+        {"flood", "rate"},         {"hangup-after", "stay"}};
     for (const auto& [one, other] : contradictions) {
         if (parser.isSet(QLatin1String(one)) && parser.isSet(QLatin1String(other)))
             throw CommandError(QStringLiteral("--%1 and --%2 exclude each other")
                                    .arg(QLatin1String(one), QLatin1String(other)),
                                ExitUsage);
     }
+}
+
+Pace chosenPace(const QCommandLineParser& parser)
+{
+    if (parser.isSet(QStringLiteral("flood")))
+        return Pace::Flood;
+    return parser.isSet(QStringLiteral("fast")) ? Pace::Taken : Pace::Timed;
 }
 
 void stopOnSignals()
@@ -176,7 +184,7 @@ int run(const QCommandLineParser& parser)
     RunOptions options;
     options.openDelayMilliseconds =
         numberValue(parser, QStringLiteral("delay"), 0, 60000, options.openDelayMilliseconds);
-    options.fast = parser.isSet(QStringLiteral("fast"));
+    options.pace = chosenPace(parser);
     options.stay = parser.isSet(QStringLiteral("stay"));
 
     PseudoTerminal tablet;
@@ -208,13 +216,17 @@ Program simulatorProgram()
                "FILE"),
         option(
             "replay",
-            "Send a recorded session, in its own time unless --rate or --fast is given; it needs "
-            "no tablet.",
+            "Send a recorded session, in its own time unless --rate, --fast or --flood is given; "
+            "it needs no tablet.",
             "FILE"),
         option("link", "Make a symbolic link to the port; it is removed at the end.", "PATH"),
         option("rate",
                "Send so many reports a second. Default: as many as the line's speed allows.", "N"),
         option("fast", "Send each report as soon as the one before has been taken."),
+        option(
+            "flood",
+            "Send everything as fast as the line takes it, whether the program reads or not, and "
+            "wait while the line is full. Reports then arrive merged and in pieces."),
         option("repeat", "Send everything so often.", "N"),
         option("delay",
                "Wait until the port has been open for so many milliseconds (default 300); a driver "
