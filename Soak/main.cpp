@@ -1,5 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
+#include "NumberedPenFile.h"
+#include "NumberedReport.h"
+#include "PenSoak.h"
 #include "ReferenceHost/CommandLine.h"
 #include "ReferenceHost/Console.h"
 #include "ReferenceHost/OptionValues.h"
@@ -40,11 +43,29 @@ Command serialCommand()
     };
     command.run = [](const QCommandLineParser& parser) -> int {
         SerialSoakOptions options;
-        options.reports = numberValue(parser, QStringLiteral("reports"), 1, 5000000, 100000);
+        options.reports =
+            numberValue(parser, QStringLiteral("reports"), 1, NumberedReport::largest, 100000);
         options.checkedReading = !parser.isSet(QStringLiteral("plain"));
         options.damageOneIn = numberValue(parser, QStringLiteral("damage"), 1, 1000000, 0);
         options.seed = seedOf(parser);
         return soakSerial(options) ? ExitSuccess : ExitFailure;
+    };
+    return command;
+}
+
+Command pensCommand()
+{
+    Command command;
+    command.name = QStringLiteral("pens");
+    command.summary = QStringLiteral("write pen files to the directory of a host that stalls");
+    command.options = {
+        option("files", "Write N files (default 10000), half of them slowly.", "N"),
+        option("seed", "Seed of the stalls and of the writes (default: a random one).", "N"),
+    };
+    command.run = [](const QCommandLineParser& parser) -> int {
+        const int files =
+            numberValue(parser, QStringLiteral("files"), 1, NumberedPenFile::largest, 10000);
+        return soakPens(files, seedOf(parser)) ? ExitSuccess : ExitFailure;
     };
     return command;
 }
@@ -58,6 +79,6 @@ int main(int argc, char** argv)
     program.name = QStringLiteral("soak");
     program.version = QStringLiteral(DIGITIZER_VERSION);
     program.summary = QStringLiteral("the driver under load for as long as one likes");
-    program.commands = {serialCommand()};
+    program.commands = {serialCommand(), pensCommand()};
     return runProgram(program, application.arguments());
 }
