@@ -41,7 +41,7 @@ bool soakPens(int files, unsigned seed)
     const QString directory = testHost.path(QStringLiteral("pens"));
     PenTally tally(files);
     PenWriter writer(directory, files, seed, tally);
-    StallingHost host(seed, files * NumberedPenFile::points,
+    StallingHost host(seed, 2500, files * NumberedPenFile::points,
                       [&](const DigitalReport& report) { tally.take(report); });
     openPens(directory);
     writer.start();

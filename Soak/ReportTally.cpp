@@ -10,8 +10,17 @@
 using MavSystem::DigitalReport;
 
 ReportTally::ReportTally(int sent, QMap<int, QByteArray> damaged)
-    : m_sent(sent), m_damaged(std::move(damaged))
-{}
+    : m_sent(sent), m_damaged(std::move(damaged)), m_lastCertain(sent - 1)
+{
+    while (m_lastCertain >= 0 && !mustCome(m_lastCertain))
+        --m_lastCertain;
+}
+
+// Where a damaged report has lost its line end, the report behind it is in the same line.
+bool ReportTally::mustCome(int number) const
+{
+    return !m_damaged.contains(number) && !m_damaged.contains(number - 1);
+}
 
 void ReportTally::take(const DigitalReport& report)
 {
@@ -63,13 +72,11 @@ bool ReportTally::takeDamaged(const DigitalReport& report)
 void ReportTally::skipTo(int number)
 {
     for (; m_next < number; ++m_next) {
-        if (m_damaged.contains(m_next)) {
-            ++m_damagedMissing;
-        } else if (m_damaged.contains(m_next - 1)) {
-            ++m_missingBehindDamage;
-        } else {
+        if (mustCome(m_next)) {
             ++m_missing;
             noteFault(QStringLiteral("missing: %1").arg(m_next));
+        } else {
+            ++(m_damaged.contains(m_next) ? m_damagedMissing : m_missingBehindDamage);
         }
     }
 }

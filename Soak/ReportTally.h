@@ -23,8 +23,8 @@ public:
     /// Counts what has not come, once nothing more comes.
     void finish();
 
-    int sent() const { return m_sent; }
-    int handedOver() const { return m_handedOver; }
+    /// Returns whether the last report that has to come has come.
+    bool isComplete() const { return m_next > m_lastCertain; }
 
     /// Returns whether all is as promised for checked reading.
     bool isAsPromised() const;
@@ -33,6 +33,7 @@ public:
     QString summary() const;
 
 private:
+    bool mustCome(int number) const;
     void takeNumber(int number);
     bool takeDamaged(const MavSystem::DigitalReport& report);
     void skipTo(int number);
@@ -40,7 +41,8 @@ private:
 
     const int m_sent;
     const QMap<int, QByteArray> m_damaged;
-    int m_next = 0; ///< number of the report that is due
+    int m_lastCertain; ///< number of the last one that has to come
+    int m_next = 0;    ///< number of the report that is due
     int m_handedOver = 0;
     int m_right = 0;
     int m_doubled = 0;

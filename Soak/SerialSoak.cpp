@@ -20,20 +20,20 @@ using namespace MavSystem;
 
 namespace {
 
+constexpr unsigned splitOffsets = 17; // the shortest report, one that has lost a byte, has 18
+
 /// The program tablet-simulator, which sends a session and keeps the line until it is stopped.
 class Tablet : public QProcess
 {
 public:
-    Tablet(const TestHost& host, const QString& session)
+    Tablet(const TestHost& host, const QStringList& arguments)
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         for (const char* variable : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"})
             environment.insert(QLatin1String(variable), host.path(QStringLiteral("home")));
         setProcessEnvironment(environment);
         setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        start(QStringLiteral(PROGRAM_DIRECTORY "/tablet-simulator"),
-              {QStringLiteral("--replay"), session, QStringLiteral("--flood"),
-               QStringLiteral("--stay")});
+        start(QStringLiteral(PROGRAM_DIRECTORY "/tablet-simulator"), arguments);
     }
 
     QString waitForPort()
@@ -78,6 +78,16 @@ QString writeSession(const TestHost& host, int reports, const QMap<int, QByteArr
     return path;
 }
 
+QStringList tabletArguments(const QString& session, const SerialSoakOptions& options)
+{
+    const QStringList arguments = {QStringLiteral("--replay"), session, QStringLiteral("--stay"),
+                                   QStringLiteral("--split"),
+                                   QString::number(1 + options.seed % splitOffsets)};
+    return arguments + (options.lineSpeed
+                            ? QStringList{QStringLiteral("--rate"), QStringLiteral("100")}
+                            : QStringList{QStringLiteral("--flood")});
+}
+
 void openTablet(const QString& port, bool checkedReading)
 {
     const auto digitizer = Digitizer::instance();
@@ -95,11 +105,12 @@ bool soakSerial(const SerialSoakOptions& options)
     TestHost testHost;
     testHost.writeDescription(QStringLiteral("soak.xml"), NumberedReport::description);
     const QMap<int, QByteArray> damaged = chosenDamage(options);
-    Tablet tablet(testHost, writeSession(testHost, options.reports, damaged));
+    Tablet tablet(testHost,
+                  tabletArguments(writeSession(testHost, options.reports, damaged), options));
     const QString port = tablet.waitForPort();
 
     ReportTally tally(options.reports, damaged);
-    StallingHost host(options.seed, options.reports,
+    StallingHost host(options.seed, options.lineSpeed ? 25 : 2500, options.reports,
                       [&](const DigitalReport& report) { tally.take(report); });
     qint64 passedOver = 0;
     qint64 unread = 0;
@@ -111,7 +122,7 @@ bool soakSerial(const SerialSoakOptions& options)
         host.stop();
     });
     openTablet(port, options.checkedReading);
-    host.run([&] { return tally.handedOver() == tally.sent(); });
+    host.run([&] { return tally.isComplete(); });
     const QString hostSummary = host.summary();
     const bool allTaken = tablet.stop();
     tally.finish();

@@ -29,8 +29,9 @@ qint64 residentKibibytes()
 
 } // namespace
 
-StallingHost::StallingHost(unsigned seed, int expected, Take take)
+StallingHost::StallingHost(unsigned seed, int sleepOneIn, int expected, Take take)
     : m_random(seed),
+      m_sleepOneIn(sleepOneIn),
       m_tenth(expected / 10),
       m_take(std::move(take)),
       m_startMemory(residentKibibytes())
@@ -54,16 +55,23 @@ void StallingHost::handle(const DigitalReport& report)
     stall();
 }
 
+// Half of the time outside of the handler, as a host does that is busy with work of its own.
 void StallingHost::stall()
 {
-    if (happens(2500)) {
-        const int milliseconds = upTo(500);
-        ++m_sleeps;
-        m_slept += milliseconds;
-        QThread::msleep(static_cast<unsigned long>(milliseconds));
-    }
+    if (happens(2 * m_sleepOneIn))
+        sleep();
+    if (happens(2 * m_sleepOneIn))
+        QTimer::singleShot(upTo(20), &m_loop, [this] { sleep(); });
     if (m_depth < 3 && happens(1000))
         nest();
+}
+
+void StallingHost::sleep()
+{
+    const int milliseconds = upTo(500);
+    ++m_sleeps;
+    m_slept += milliseconds;
+    QThread::msleep(static_cast<unsigned long>(milliseconds));
 }
 
 void StallingHost::nest()

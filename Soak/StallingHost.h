@@ -11,16 +11,16 @@
 #include <functional>
 #include <random>
 
-/// A busy host: its handler now and then sleeps for up to half a second, or runs a nested event
-/// loop. One at a time, since a process has one handler.
+/// A busy host: now and then it sleeps for up to half a second, in its handler or outside of it, or
+/// runs a nested event loop in its handler. One at a time, since a process has one handler.
 class StallingHost
 {
 public:
     using Take = std::function<void(const MavSystem::DigitalReport&)>;
 
-    /// \a take gets each report before the host stalls. The memory is looked at after a tenth of
-    /// \a expected reports.
-    StallingHost(unsigned seed, int expected, Take take);
+    /// \a take gets each report before the host stalls. It sleeps at one report in \a sleepOneIn.
+    /// The memory is looked at after a tenth of \a expected reports.
+    StallingHost(unsigned seed, int sleepOneIn, int expected, Take take);
     ~StallingHost();
 
     /// Runs the event loop until \a isComplete and nothing has been handed over for two seconds, or
@@ -35,11 +35,13 @@ public:
 private:
     void handle(const MavSystem::DigitalReport& report);
     void stall();
+    void sleep();
     void nest();
     bool happens(int oneIn);
     int upTo(int milliseconds);
 
     std::mt19937 m_random;
+    const int m_sleepOneIn;
     const int m_tenth;
     const Take m_take;
     QEventLoop m_loop;

@@ -37,6 +37,9 @@ Command serialCommand()
     command.summary = QStringLiteral("send numbered reports to a host that stalls");
     command.options = {
         option("reports", "Send N reports (default 100000).", "N"),
+        option("line-speed",
+               "Send them at the speed of a tablet, in pieces, and not as fast as the line takes "
+               "them; the host sleeps more often."),
         option("plain", "Without checked reading; what is lost then is told and is no failure."),
         option("damage", "Damage one report in N: a byte changed, lost or added.", "N"),
         option("seed", "Seed of the stalls and of the damage (default: a random one).", "N"),
@@ -47,6 +50,7 @@ Command serialCommand()
             numberValue(parser, QStringLiteral("reports"), 1, NumberedReport::largest, 100000);
         options.checkedReading = !parser.isSet(QStringLiteral("plain"));
         options.damageOneIn = numberValue(parser, QStringLiteral("damage"), 1, 1000000, 0);
+        options.lineSpeed = parser.isSet(QStringLiteral("line-speed"));
         options.seed = seedOf(parser);
         return soakSerial(options) ? ExitSuccess : ExitFailure;
     };
