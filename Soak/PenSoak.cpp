@@ -59,8 +59,9 @@ bool soakPens(int files, unsigned seed)
                     .arg(left.imported())
                     .arg(left.waiting()) +
                 host.summary());
-    if (writer.longestPause() >= settleTime)
+    const bool asPromised = tally.isAsPromised() && left.imported() == files && left.waiting() == 0;
+    if (!asPromised && writer.longestPause() >= settleTime)
         printOutput(QStringLiteral("The machine was too busy: a file was left alone for longer "
-                                   "than the settle time, and may be cut short rightly.\n"));
-    return tally.isAsPromised() && left.imported() == files && left.waiting() == 0;
+                                   "than the settle time and may be cut short rightly.\n"));
+    return asPromised;
 }

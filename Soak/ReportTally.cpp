@@ -89,7 +89,8 @@ void ReportTally::finish()
 void ReportTally::noteFault(const QString& fault)
 {
     if (m_faults.size() < 5)
-        m_faults << QStringLiteral("  %1, as number %2 handed over").arg(fault).arg(m_handedOver);
+        m_faults
+            << QStringLiteral("  %1, when %2 had been handed over").arg(fault).arg(m_handedOver);
 }
 
 bool ReportTally::isAsPromised() const

@@ -120,6 +120,6 @@ QString StallingHost::summary() const
         .arg(double(m_slept) / 1000, 0, 'f', 1)
         .arg(m_nested)
         .arg(m_startMemory)
-        .arg(m_tenthMemory)
+        .arg(m_tenthMemory < 0 ? QStringLiteral("(not reached)") : QString::number(m_tenthMemory))
         .arg(residentKibibytes());
 }

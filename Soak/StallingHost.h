@@ -52,6 +52,6 @@ private:
     qint64 m_slept = 0; ///< milliseconds
     int m_nested = 0;
     int m_depth = 0;
-    qint64 m_startMemory; ///< KiB, as the others
-    qint64 m_tenthMemory = 0;
+    qint64 m_startMemory;      ///< KiB, as the others
+    qint64 m_tenthMemory = -1; ///< -1 when it was not reached
 };
