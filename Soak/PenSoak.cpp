@@ -1,15 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
-#include "PenSoak.h"
-
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
-#include "NumberedPenFile.h"
-#include "NumberedReport.h"
 #include "PenTally.h"
 #include "PenWriter.h"
 #include "ReferenceHost/Command.h"
-#include "ReferenceHost/Console.h"
 #include "ReferenceHost/PenDirectory.h"
+#include "Soak.h"
 #include "StallingHost.h"
 #include "support/TestHost.h"
 
@@ -34,34 +30,33 @@ void openPens(const QString& directory)
 
 } // namespace
 
-bool soakPens(int files, unsigned seed)
+bool soakPens(const SoakOptions& options)
 {
     TestHost testHost;
     testHost.writeDescription(QStringLiteral("soak.xml"), NumberedReport::description);
     const QString directory = testHost.path(QStringLiteral("pens"));
-    PenTally tally(files);
-    PenWriter writer(directory, files, seed, tally);
-    StallingHost host(seed, 2500, files * NumberedPenFile::points,
+    PenTally tally(options.files);
+    PenWriter writer(directory, options.files, options.seed, tally);
+    StallingHost host(options.seed, 2500, options.files * PenTally::points,
                       [&](const DigitalReport& report) { tally.take(report); });
     openPens(directory);
     writer.start();
     host.run([&] {
-        return writer.isFinished() && tally.wholeFiles() >= files &&
+        return writer.isFinished() && tally.wholeFiles() >= options.files &&
                Digitizer::instance()->unsettledPenFiles() == 0;
     });
-    writer.requestInterruption();
-    writer.wait();
+    writer.stop();
     Digitizer::instance()->close();
 
     const PenDirectory left(directory);
-    printOutput(tally.summary() + writer.summary() +
-                QStringLiteral("renamed to .txt %1, left as .dat %2\n")
-                    .arg(left.imported())
-                    .arg(left.waiting()) +
-                host.summary());
-    const bool asPromised = tally.isAsPromised() && left.imported() == files && left.waiting() == 0;
+    std::printf("written %d, half of them slowly, up to %d at a time, longest pause in a file %d "
+                "ms, failed writes %d; renamed to .txt %d, left as .dat %d\n",
+                writer.begun(), writer.mostAtOnce(), writer.longestPause(), writer.failedWrites(),
+                left.imported(), left.waiting());
+    const bool asPromised =
+        tally.finish() && left.imported() == options.files && left.waiting() == 0;
     if (!asPromised && writer.longestPause() >= settleTime)
-        printOutput(QStringLiteral("The machine was too busy: a file was left alone for longer "
-                                   "than the settle time and may be cut short rightly.\n"));
+        std::printf("The machine was too busy: a file was left alone for longer than the settle "
+                    "time and may be cut short rightly.\n");
     return asPromised;
 }

@@ -1,98 +1,68 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
-#include "SerialSoak.h"
-
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/InputEvents.h"
-#include "NumberedReport.h"
 #include "ReferenceHost/Command.h"
-#include "ReferenceHost/Console.h"
 #include "ReferenceHost/RecordedSession.h"
 #include "ReportTally.h"
+#include "Soak.h"
 #include "StallingHost.h"
 #include "support/TestHost.h"
 
 #include <QProcess>
 
-#include <random>
-
 using namespace MavSystem;
 
 namespace {
 
-constexpr unsigned splitOffsets = 17; // the shortest report, one that has lost a byte, has 18
-
-/// The program tablet-simulator, which sends a session and keeps the line until it is stopped.
-class Tablet : public QProcess
-{
-public:
-    Tablet(const TestHost& host, const QStringList& arguments)
-    {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        for (const char* variable : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"})
-            environment.insert(QLatin1String(variable), host.path(QStringLiteral("home")));
-        setProcessEnvironment(environment);
-        setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        start(QStringLiteral(PROGRAM_DIRECTORY "/tablet-simulator"), arguments);
-    }
-
-    QString waitForPort()
-    {
-        while (!canReadLine() && waitForReadyRead(60000)) {
-        }
-        return QString::fromLocal8Bit(readLine()).trimmed();
-    }
-
-    /// Returns whether the host has taken everything.
-    bool stop()
-    {
-        terminate();
-        return waitForFinished() && exitStatus() == NormalExit && exitCode() == ExitSuccess;
-    }
-};
-
-QMap<int, QByteArray> chosenDamage(const SerialSoakOptions& options)
+QMap<int, QByteArray> chosenDamage(const SoakOptions& options)
 {
     QMap<int, QByteArray> damaged;
     std::mt19937 random(options.seed);
     for (int number = 0; options.damageOneIn > 0 && number < options.reports; ++number) {
         if (random() % unsigned(options.damageOneIn) == 0)
-            damaged.insert(number,
-                           NumberedReport::damaged(NumberedReport::bytesOf(number), random));
+            damaged[number] = NumberedReport::damaged(NumberedReport::bytesOf(number), random);
     }
     return damaged;
 }
 
-QString writeSession(const TestHost& host, int reports, const QMap<int, QByteArray>& damaged)
+void writeSession(const QString& path, int reports, const QMap<int, QByteArray>& damaged)
 {
-    const QString path = host.path(QStringLiteral("session.log"));
     SessionWriter writer(path, {});
-    for (int number = 0; number < reports && writer.errorString().isEmpty(); ++number) {
-        const auto become = damaged.constFind(number);
+    for (int number = 0; number < reports && writer.errorString().isEmpty(); ++number)
         writer.append(
-            {0, become == damaged.constEnd() ? NumberedReport::bytesOf(number) : become.value()});
-    }
+            {0, damaged.contains(number) ? damaged[number] : NumberedReport::bytesOf(number)});
     if (!writer.errorString().isEmpty())
-        throw CommandError(
-            QStringLiteral("'%1' cannot be written: %2").arg(path, writer.errorString()));
-    return path;
+        throw CommandError(path + QStringLiteral(": ") + writer.errorString());
 }
 
-QStringList tabletArguments(const QString& session, const SerialSoakOptions& options)
+// Each report is sent in two writes; it keeps the line until it is stopped.
+QString startSimulator(QProcess& simulator, const QString& session, const SoakOptions& options)
 {
-    const QStringList arguments = {QStringLiteral("--replay"), session, QStringLiteral("--stay"),
-                                   QStringLiteral("--split"),
-                                   QString::number(1 + options.seed % splitOffsets)};
-    return arguments + (options.lineSpeed
-                            ? QStringList{QStringLiteral("--rate"), QStringLiteral("100")}
-                            : QStringList{QStringLiteral("--flood")});
+    QStringList arguments = {QStringLiteral("--replay"), session, QStringLiteral("--stay"),
+                             QStringLiteral("--split"), QString::number(1 + options.seed % 17)};
+    arguments += options.lineSpeed ? QStringList{QStringLiteral("--rate"), QStringLiteral("100")}
+                                   : QStringList{QStringLiteral("--flood")};
+    simulator.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    simulator.start(QStringLiteral(PROGRAM_DIRECTORY "/tablet-simulator"), arguments);
+    while (!simulator.canReadLine() && simulator.waitForReadyRead(60000)) {
+    }
+    return QString::fromLocal8Bit(simulator.readLine()).trimmed();
 }
 
-void openTablet(const QString& port, bool checkedReading)
+// Returns whether the host has taken everything that was to be sent.
+bool stopSimulator(QProcess& simulator)
+{
+    simulator.terminate();
+    return simulator.waitForFinished() && simulator.exitStatus() == QProcess::NormalExit &&
+           simulator.exitCode() == ExitSuccess;
+}
+
+void openTablet(const QString& port, const SoakOptions& options)
 {
     const auto digitizer = Digitizer::instance();
     digitizer->selectDevice(QStringLiteral("Soak"), port);
-    digitizer->setCheckedReading(checkedReading);
+    digitizer->setCheckedReading(!options.plain);
     if (!digitizer->open())
         throw CommandError(QStringLiteral("the port '%1' does not open").arg(port));
     digitizer->readReport();
@@ -100,41 +70,38 @@ void openTablet(const QString& port, bool checkedReading)
 
 } // namespace
 
-bool soakSerial(const SerialSoakOptions& options)
+bool soakSerial(const SoakOptions& options)
 {
     TestHost testHost;
     testHost.writeDescription(QStringLiteral("soak.xml"), NumberedReport::description);
+    for (const char* variable : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"}) // of the simulator
+        qputenv(variable, QFile::encodeName(testHost.path(QStringLiteral("home"))));
     const QMap<int, QByteArray> damaged = chosenDamage(options);
-    Tablet tablet(testHost,
-                  tabletArguments(writeSession(testHost, options.reports, damaged), options));
-    const QString port = tablet.waitForPort();
+    const QString session = testHost.path(QStringLiteral("session.log"));
+    writeSession(session, options.reports, damaged);
+    QProcess simulator;
+    const QString port = startSimulator(simulator, session, options);
 
     ReportTally tally(options.reports, damaged);
     StallingHost host(options.seed, options.lineSpeed ? 25 : 2500, options.reports,
                       [&](const DigitalReport& report) { tally.take(report); });
     qint64 passedOver = 0;
     qint64 unread = 0;
-    InputEvents* const events = Digitizer::instance()->inputEvents();
-    QObject::connect(events, &InputEvents::bytesPassedOver, &tablet,
+    const InputEvents* const events = Digitizer::instance()->inputEvents();
+    QObject::connect(events, &InputEvents::bytesPassedOver, &simulator,
                      [&](const QByteArray& bytes) { passedOver += bytes.size(); });
-    QObject::connect(events, &InputEvents::inputUnread, &tablet, [&](qint64 bytes) {
+    QObject::connect(events, &InputEvents::inputUnread, &simulator, [&](qint64 bytes) {
         unread = bytes;
         host.stop();
     });
-    openTablet(port, options.checkedReading);
+    openTablet(port, options);
     host.run([&] { return tally.isComplete(); });
-    const QString hostSummary = host.summary();
-    const bool allTaken = tablet.stop();
-    tally.finish();
+    const bool allTaken = stopSimulator(simulator);
     DigitalReport::unregisterHandle();
     Digitizer::instance()->close();
 
-    printOutput(tally.summary() +
-                QStringLiteral("bytes passed over %1, unread %2; the line has taken %3\n")
-                    .arg(passedOver)
-                    .arg(unread)
-                    .arg(QLatin1String(allTaken ? "everything" : "a part only")) +
-                hostSummary);
-    return !options.checkedReading ||
-           (allTaken && tally.isAsPromised() && (options.damageOneIn > 0 || passedOver == 0));
+    std::printf("bytes passed over %lld, unread %lld; the line took %s\n", passedOver, unread,
+                allTaken ? "everything" : "a part only");
+    const bool asPromised = tally.finish() && (options.damageOneIn > 0 || passedOver == 0);
+    return options.plain || (asPromised && allTaken);
 }

@@ -1,17 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
-#include "NumberedPenFile.h"
 #include "NumberedReport.h"
-#include "PenSoak.h"
+#include "PenTally.h"
 #include "ReferenceHost/CommandLine.h"
-#include "ReferenceHost/Console.h"
 #include "ReferenceHost/OptionValues.h"
-#include "SerialSoak.h"
+#include "Soak.h"
 
 #include <QCoreApplication>
 
+#include <algorithm>
+#include <cstdio>
 #include <limits>
-#include <random>
 
 namespace {
 
@@ -21,68 +20,51 @@ QCommandLineOption option(const char* name, const char* explanation, const char*
                               QString::fromLatin1(value));
 }
 
-unsigned seedOf(const QCommandLineParser& parser)
+int run(const QCommandLineParser& parser)
 {
-    const auto largest = std::numeric_limits<int>::max();
-    const int random = int(std::random_device()() & unsigned(largest));
-    const int seed = numberValue(parser, QStringLiteral("seed"), 0, largest, random);
-    printOutput(QStringLiteral("seed %1\n").arg(seed));
-    return unsigned(seed);
-}
-
-Command serialCommand()
-{
-    Command command;
-    command.name = QStringLiteral("serial");
-    command.summary = QStringLiteral("send numbered reports to a host that stalls");
-    command.options = {
-        option("reports", "Send N reports (default 100000).", "N"),
-        option("line-speed",
-               "Send them at the speed of a tablet, in pieces, and not as fast as the line takes "
-               "them; the host sleeps more often."),
-        option("plain", "Without checked reading; what is lost then is told and is no failure."),
-        option("damage", "Damage one report in N: a byte changed, lost or added.", "N"),
-        option("seed", "Seed of the stalls and of the damage (default: a random one).", "N"),
+    for (const char* serial : {"reports", "line-speed", "damage", "plain"}) {
+        if (parser.isSet(QStringLiteral("files")) && parser.isSet(QLatin1String(serial)))
+            throw CommandError(
+                QStringLiteral("--files and --%1 exclude each other").arg(QLatin1String(serial)),
+                ExitUsage);
+    }
+    constexpr int largest = std::numeric_limits<int>::max();
+    const auto number = [&](const char* name, int most, int absent) {
+        return numberValue(parser, QLatin1String(name), 1, most, absent);
     };
-    command.run = [](const QCommandLineParser& parser) -> int {
-        SerialSoakOptions options;
-        options.reports =
-            numberValue(parser, QStringLiteral("reports"), 1, NumberedReport::largest, 100000);
-        options.checkedReading = !parser.isSet(QStringLiteral("plain"));
-        options.damageOneIn = numberValue(parser, QStringLiteral("damage"), 1, 1000000, 0);
-        options.lineSpeed = parser.isSet(QStringLiteral("line-speed"));
-        options.seed = seedOf(parser);
-        return soakSerial(options) ? ExitSuccess : ExitFailure;
-    };
-    return command;
-}
-
-Command pensCommand()
-{
-    Command command;
-    command.name = QStringLiteral("pens");
-    command.summary = QStringLiteral("write pen files to the directory of a host that stalls");
-    command.options = {
-        option("files", "Write N files (default 10000), half of them slowly.", "N"),
-        option("seed", "Seed of the stalls and of the writes (default: a random one).", "N"),
-    };
-    command.run = [](const QCommandLineParser& parser) -> int {
-        const int files =
-            numberValue(parser, QStringLiteral("files"), 1, NumberedPenFile::largest, 10000);
-        return soakPens(files, seedOf(parser)) ? ExitSuccess : ExitFailure;
-    };
-    return command;
+    SoakOptions options;
+    options.reports = number("reports", NumberedReport::largest, options.reports);
+    options.files = number("files", PenTally::largestFile, options.files);
+    options.plain = parser.isSet(QStringLiteral("plain"));
+    options.lineSpeed = parser.isSet(QStringLiteral("line-speed"));
+    options.damageOneIn = number("damage", largest, options.damageOneIn);
+    options.seed = unsigned(number("seed", largest, std::max(1, int(std::random_device()() / 2))));
+    std::printf("seed %u\n", options.seed);
+    const bool right = options.files > 0 ? soakPens(options) : soakSerial(options);
+    return right ? ExitSuccess : ExitFailure;
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
+    std::setvbuf(stdout, nullptr, _IOLBF, 0);
     const QCoreApplication application(argc, argv);
+    Command command;
+    command.options = {
+        option("reports", "Send N numbered reports (default 100000) over a pseudo-terminal.", "N"),
+        option("line-speed", "Send them at the speed of a tablet, in pieces with pauses, to a host "
+                             "that sleeps more often; else as fast as the line takes them."),
+        option("damage", "Damage one report in N: a byte changed, lost or added.", "N"),
+        option("plain", "Without checked reading; what is lost then is told and is no failure."),
+        option("files", "Write N pen files instead, half of them slowly.", "N"),
+        option("seed", "Seed of all that is random (default: a random one).", "N"),
+    };
+    command.run = run;
     Program program;
     program.name = QStringLiteral("soak");
     program.version = QStringLiteral(DIGITIZER_VERSION);
-    program.summary = QStringLiteral("the driver under load for as long as one likes");
-    program.commands = {serialCommand(), pensCommand()};
+    program.summary = QStringLiteral("a host that stalls, under load, with every value compared");
+    program.commands = {command};
     return runProgram(program, application.arguments());
 }
