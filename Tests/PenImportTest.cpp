@@ -1,88 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
-#include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/File_Digital/DigipenFileDigitalization.h"
-#include "support/DescriptionBuilder.h"
+#include "support/PenRoad.h"
 #include "support/RecordedMessages.h"
-#include "support/TestHost.h"
+#include "support/Unprivileged.h"
 
 #include <QTranslator>
 #include <QtTest>
 
-#include <set>
-#include <unistd.h>
-
 using namespace MavSystem;
 
 namespace {
-
-/// An open road from a pen directory, with real files and a real watcher, to recorded reports.
-struct PenRoad
-{
-    PenRoad()
-    {
-        host.writeDescription(QStringLiteral("a.xml"),
-                              DescriptionBuilder().resolution(1, "LPMM").xml());
-        host.writeDescription(QStringLiteral("b.xml"),
-                              DescriptionBuilder("B").resolution(10, "LPMM").xml());
-        QDir().mkpath(folder);
-        QSettings().setValue(QStringLiteral("digitizer_file_directory"), folder);
-        digitizer->selectDevice(QStringLiteral("A"), QStringLiteral("File:"));
-        digitizer->setExtended4Buttons(false);
-        digitizer->m_host_mode = 0;
-        host.answer = 0;
-        DigitalReport::registerHandle([this](const DigitalReport& report) {
-            // In the pen's own units, which is what the description "A" gives tenfold.
-            const GeoPoint2D point = report.coordinate();
-            reports << QStringLiteral("%1:%2,%3")
-                           .arg(report.m_button_number)
-                           .arg(point.x() * 10)
-                           .arg(point.y() * 10);
-            atReport(reports.size());
-        });
-    }
-    ~PenRoad()
-    {
-        DigitalReport::unregisterHandle();
-        digitizer->close();
-    }
-
-    /// Makes "name=content" a file, where | is a line feed and @ a zero byte; "name/" a folder;
-    /// "name->target" a link.
-    void put(const QString& entry)
-    {
-        if (entry.endsWith(QLatin1Char('/'))) {
-            QVERIFY(QDir(folder).mkdir(entry.chopped(1)));
-        } else if (entry.contains(QLatin1String("->"))) {
-            QVERIFY(QFile::link(entry.section(QLatin1String("->"), 1),
-                                pathOf(entry.section(QLatin1String("->"), 0, 0))));
-        } else {
-            const QString name = entry.section(QLatin1Char('='), 0, 0);
-            QByteArray content = entry.section(QLatin1Char('='), 1).toLatin1();
-            content.replace('|', '\n').replace('@', '\0');
-            // Complete files only, as pen software has to deliver them.
-            host.write(QStringLiteral("outside/") + name, content);
-            QVERIFY(QFile::rename(host.path(QStringLiteral("outside/") + name), pathOf(name)));
-        }
-    }
-
-    QString pathOf(const QString& name) const { return folder + QLatin1Char('/') + name; }
-
-    QString names() const
-    {
-        return QDir(folder)
-            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot)
-            .join(QLatin1Char(' '));
-    }
-
-    QString delivered() const { return reports.join(QLatin1Char(' ')); }
-
-    TestHost host;
-    QString folder = host.path(QStringLiteral("pen"));
-    boost::shared_ptr<Digitizer> digitizer = Digitizer::instance();
-    QStringList reports; ///< "button:x,y"
-    std::function<void(int number)> atReport = [](int /*number*/) {};
-};
 
 struct NotOfTheStandardFamily
 {};
@@ -413,17 +341,18 @@ void PenImportTest::filesThatArriveDuringAnErrorBoxWaitForTheEnd()
 
 void PenImportTest::aHostMayDoAnythingInItsHandler_data()
 {
-    QTest::addColumn<QString>("action"); // at the first report
-    QTest::addColumn<bool>("watched");   // the import was started by the watcher, else by open()
-    QTest::addColumn<bool>("active");    // afterwards
+    QTest::addColumn<QString>("action");  // at the first report
+    QTest::addColumn<QString>("starter"); // of the import
+    QTest::addColumn<bool>("active");     // afterwards
     QTest::addColumn<QString>("reports");
     const char all[] = "1:1,1 1:2,2 4:3,3 1:4,4 4:5,5";
-    for (const bool watched : {false, true}) {
+    for (const char* starter : {"open()", "the watcher", "the timer"}) {
         const auto row = [&](const char* action, bool active, const char* reports) {
-            QTest::addRow("%s, import started by %s", action, watched ? "the watcher" : "open()")
-                << QString::fromLatin1(action) << watched << active << QString::fromLatin1(reports);
+            QTest::addRow("%s, import started by %s", action, starter)
+                << QString::fromLatin1(action) << QString::fromLatin1(starter) << active
+                << QString::fromLatin1(reports);
         };
-        row("close", !watched, all);
+        row("close", QByteArray(starter) == "open()", all);
         row("open", true, all);
         row("close, open", true, all);
         row("open, answered cancel", false, all);
@@ -440,8 +369,9 @@ void PenImportTest::aHostMayDoAnythingInItsHandler_data()
 void PenImportTest::aHostMayDoAnythingInItsHandler()
 {
     QFETCH(QString, action);
-    QFETCH(bool, watched);
+    QFETCH(QString, starter);
     PenRoad road;
+    road.digitizer->setPenFileSettleTime(starter == QLatin1String("the timer") ? 50 : 0);
     const QStringList files = {QStringLiteral("b.dat=X:4:4|A- 4|X:5:5|"),
                                QStringLiteral("a.dat=X:1:1|X:2:2|A- 4|X:3:3|")};
     road.atReport = [&](int number) {
@@ -469,7 +399,7 @@ void PenImportTest::aHostMayDoAnythingInItsHandler()
         if (action == QLatin1String("throw"))
             throw std::runtime_error("thrown");
     };
-    if (watched) {
+    if (starter != QLatin1String("open()")) {
         QVERIFY(road.digitizer->open());
         // Both before the first notification.
         for (const QString& file : files)
@@ -521,11 +451,10 @@ void PenImportTest::anUnreadableFileIsPassedOver()
         QVERIFY(QFile::setPermissions(folder, QFile::Permissions(0x7777)));
     // Without open(), whose settings only their owner reads.
     DigipenFileDigitalization importer(road.digitizer.get(), false);
-    const uid_t nobody = 65534;
-    const bool root = geteuid() == 0;
-    QVERIFY(!root || seteuid(nobody) == 0);
-    importer.analyzerDigitPenFile(road.folder);
-    QVERIFY(!root || seteuid(0) == 0);
+    {
+        const Unprivileged user;
+        importer.analyzerDigitPenFile(road.folder);
+    }
     QCOMPARE(road.delivered(), QStringLiteral("4:2,2"));
     QCOMPARE(road.names(), QStringLiteral("a.txt b.txt"));
     QVERIFY(road.host.errors.isEmpty());
@@ -545,12 +474,15 @@ void PenImportTest::exportedOperations()
     ButtonValue button{{' ', ' ', '\0'}};
     QMap<int, char> x;
     QMap<int, char> y;
+    QVERIFY(QDir::setCurrent(road.host.path(QString())));
     road.atReport = [&](int number) {
         if (number == 1)
             QVERIFY(importer.readingDigitizingCommand(button, x, y));
+        QDir::setCurrent(QDir::rootPath());
     };
     road.put(QStringLiteral("a.dat=X:1:1|X:23:45|A- 4|X:3:3|"));
-    QVERIFY(meta.method(meta.methodOffset()).invoke(&importer, Q_ARG(QString, road.folder)));
+    QVERIFY(
+        meta.method(meta.methodOffset()).invoke(&importer, Q_ARG(QString, QStringLiteral("pen"))));
     QCOMPARE(road.delivered(), QStringLiteral("1:1,1 4:3,3"));
     QCOMPARE(button.m_code[0], '1');
     QCOMPARE(x, (QMap<int, char>{{1, '2'}, {2, '3'}}));
@@ -561,6 +493,7 @@ void PenImportTest::exportedOperations()
         road.put(QString::fromLatin1(name));
     DigipenFileDigitalization::removeAllFileFromDirectory(
         road.folder, {QStringLiteral("*.one"), QStringLiteral("*.two")});
+    DigipenFileDigitalization::removeAllFileFromDirectory(road.folder, {});
     QCOMPARE(road.names(), QStringLiteral(".e.one a.txt d.three f.one"));
 }
 

@@ -16,6 +16,7 @@
 
 #include <boost/make_shared.hpp>
 
+#include <algorithm>
 #include <limits>
 
 namespace MavSystem {
@@ -109,6 +110,21 @@ bool Digitizer::extended4Buttons() const
 void Digitizer::setExtended4Buttons(bool on)
 {
     m_extended_4_buttons = on;
+}
+
+void Digitizer::setPenFileSettleTime(int milliseconds)
+{
+    m_pen_file_settle_time = std::max(milliseconds, 0);
+}
+
+int Digitizer::penFileSettleTime() const
+{
+    return m_pen_file_settle_time;
+}
+
+int Digitizer::unsettledPenFiles() const
+{
+    return m_pen_file ? m_pen_file->unsettledFiles() : 0;
 }
 
 bool Digitizer::dgitizePiecesView() const

@@ -68,6 +68,19 @@ public:
     bool extended4Buttons() const;
     void setExtended4Buttons(bool on);
 
+    /// Milliseconds for which a pen file must stand still, in size and time of change, before it is
+    /// imported; for pen software that does not move its files in whole. By default 0: a file is
+    /// imported as soon as it is there. A negative value counts as 0. Taken at the next open(); not
+    /// saved.
+    ///
+    /// The directory is then looked at by a timer, at least once a second, as long as it is open.
+    void setPenFileSettleTime(int milliseconds);
+    int penFileSettleTime() const;
+
+    /// Returns how many pen files of the last look at the directory are still to be imported, for
+    /// hosts that import what is there and then end; 0 without a settle time.
+    int unsettledPenFiles() const;
+
     // The three options below are kept and saved for the host; the library does not use them.
     bool dgitizePiecesView() const;
     void setDgitizePiecesView(bool on);
@@ -109,8 +122,9 @@ public:
     /// open already is replaced without being closed first.
     ///
     /// With the device "File:" it may ask the user about waiting pen files and imports them before
-    /// it returns; false then means that the directory is not there or that the user chose not to
-    /// import.
+    /// it returns; false then means that the directory is not there or cannot be watched, or that
+    /// the user chose not to import. With a settle time it can always be watched, and files that do
+    /// not stand still yet are imported later.
     bool open();
 
     /// Starts the delivery of a serial port's reports. To be called once after each open(); without
@@ -204,6 +218,7 @@ private:
     boost::scoped_ptr<CheckedInput> m_checked; // of m_port, when it was opened with checked reading
     boost::scoped_ptr<InputEvents> m_events;   // when the host has asked for them
     boost::scoped_ptr<QTimer> m_unread;        // runs while input is unread
+    int m_pen_file_settle_time = 0;            // milliseconds
 };
 
 } // namespace MavSystem

@@ -6,6 +6,7 @@
 #include "DigitizerGeneric/Digitizer/DigitalReport.h"
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/FieldDecoding.h"
+#include "DigitizerGeneric/Digitizer/RegularFile.h"
 #include "DigitizerGeneric/File_Digital/ConvertedCommandFields.h"
 #include "DigitizerGeneric/File_Digital/ConvertedCommandInterpreter.h"
 #include "DigitizerGeneric/File_Digital/DigipenDataConverter.h"
@@ -13,7 +14,9 @@
 #include "DigitizerGeneric/File_Digital/DigipenStringAnalyzer.h"
 #include "DigitizerGeneric/File_Digital/ImportTurns.h"
 #include "DigitizerGeneric/File_Digital/InternalMode.h"
+#include "DigitizerGeneric/File_Digital/PenFileSettling.h"
 #include "DigitizerGeneric/File_Digital/PenLineReader.h"
+#include "DigitizerGeneric/File_Digital/RenameWithoutReplacing.h"
 #include "MavCore/MavApplication.h"
 
 #include <QCoreApplication>
@@ -24,6 +27,7 @@
 #include <QVector>
 
 #include <algorithm>
+#include <cerrno>
 #include <exception>
 
 namespace MavSystem {
@@ -36,6 +40,17 @@ enum ReadingState {
     ReadingLines = 1,
     CommandsPending = 2,
 };
+
+// Answers to the question about waiting files; any other is "Cancel".
+enum Answer {
+    Import = 0,
+    Delete = 1,
+    Cancel = 2,
+};
+
+// Milliseconds between two looks at the directory, whatever the settle time.
+constexpr int shortestInterval = 50;
+constexpr int longestInterval = 1000;
 
 QStringList penFilePatterns()
 {
@@ -62,17 +77,55 @@ void forEachFile(const QString& directory, const QStringList& patterns, Action a
         action(name.toString());
 }
 
-QString penDirectory()
+// Joined as they are. Qt's own ways take a name that begins with a colon for a resource and resolve
+// ".." in the path itself, which behind a link leads to another directory.
+QString joined(const QString& directory, const QString& name)
 {
-    return QSettings()
-        .value(QStringLiteral("digitizer_file_directory"), QDir::rootPath())
-        .toString();
+    return directory.endsWith(QLatin1Char('/')) ? directory + name
+                                                : directory + QLatin1Char('/') + name;
 }
 
+QString absolute(const QString& directory)
+{
+    const bool relative = QDir::isRelativePath(directory) || directory.startsWith(QLatin1Char(':'));
+    return relative && !directory.isEmpty() ? joined(QDir::currentPath(), directory) : directory;
+}
+
+QString penDirectory()
+{
+    return absolute(
+        QSettings().value(QStringLiteral("digitizer_file_directory"), QDir::rootPath()).toString());
+}
+
+// Whatever the host's box throws, the import that it tells about goes on.
 void showError(const QString& text)
 {
     qCDebug(lcPen).noquote() << "error shown:" << text;
-    MavApplication::instance()->displayError(text, QString(), nullptr);
+    try {
+        MavApplication::instance()->displayError(text, QString(), nullptr);
+    } catch (...) {
+        qCDebug(lcPen) << "the error display threw an exception";
+    }
+}
+
+QString whyNotWatched(int error)
+{
+    return error == ENOSPC ? QStringLiteral("the limit of watches of this user is reached")
+                           : qt_error_string(error);
+}
+
+// Looks at the pen files of the directory; returns those that have stood still.
+QVector<PenFileSettling::File> look(const QString& directory, PenFileSettling& settling,
+                                    const QElapsedTimer& clock)
+{
+    const qint64 begun = clock.elapsed();
+    QVector<PenFileSettling::File> files;
+    forEachFile(directory, penFilePatterns(), [&](const QString& name) {
+        const PenFileStamp stamp = PenFileStamp::of(joined(directory, name));
+        if (stamp.exists())
+            files.push_back({name, stamp});
+    });
+    return settling.look(files, begun, clock.elapsed());
 }
 
 } // namespace
@@ -104,7 +157,9 @@ DigipenFileDigitalization::DigipenFileDigitalization(Digitizer* digitizer, bool 
                                                  ? t_DigipenStringAnalyzer::CONVERSION_4EX
                                                  : t_DigipenStringAnalyzer::CONVERSION_STANDARD)),
       m_digitizer(digitizer),
-      m_reader(new PenLineReader(m_file))
+      m_reader(new PenLineReader(m_file)),
+      m_settling(new PenFileSettling),
+      m_stamp(new PenFileStamp)
 {}
 
 DigipenFileDigitalization::~DigipenFileDigitalization() = default;
@@ -121,33 +176,60 @@ void DigipenFileDigitalization::release()
 bool DigipenFileDigitalization::open()
 {
     const InUse inUse(*this);
-    const QString directory = penDirectory();
-    if (!QFileInfo::exists(directory)) {
-        qCDebug(lcPen).noquote() << "there is no pen directory" << directory;
+    m_directory = penDirectory();
+    if (!QFileInfo::exists(m_directory)) {
+        qCDebug(lcPen).noquote() << "there is no pen directory" << m_directory;
         return false;
     }
-    if (QDirIterator(directory, penFilePatterns()).hasNext()) {
-        qCDebug(lcPen).noquote() << "entries are waiting in" << directory;
-        const MavApplication* const host = MavApplication::instance();
-        switch (host->confirmContinue(tr("Digitizer files are ready to be imported."), tr("Import"),
-                                      tr("Import"), tr("Delete"), tr("Cancel"),
-                                      host->mainWindow())) {
-        case 0:
-            analyzerDigitPenFile(directory);
-            break;
-        case 1:
-            removeAllFileFromDirectory(directory, penFilePatterns());
-            return false;
-        default:
+    m_settling->setSettleTime(m_digitizer->penFileSettleTime());
+    if (m_settling->settleTime() > 0) {
+        m_clock.start();
+        look(m_directory, *m_settling, m_clock);
+    }
+    if (QDirIterator(m_directory, penFilePatterns()).hasNext()) {
+        const int answer = askAboutWaitingFiles();
+        if (answer == Delete)
+            removeAllFileFromDirectory(m_directory, penFilePatterns());
+        if (answer != Import) {
+            m_settling->clear();
             return false;
         }
+        analyzerDigitPenFile(m_directory);
     }
     // Replaced while it asked or imported: the directory is its successor's.
-    if (m_released)
+    return !m_released && startWatching();
+}
+
+// A box that throws has not been answered.
+int DigipenFileDigitalization::askAboutWaitingFiles() const
+{
+    qCDebug(lcPen).noquote() << "entries are waiting in" << m_directory;
+    try {
+        const MavApplication* const host = MavApplication::instance();
+        return host->confirmContinue(tr("Digitizer files are ready to be imported."), tr("Import"),
+                                     tr("Import"), tr("Delete"), tr("Cancel"), host->mainWindow());
+    } catch (...) {
+        qCDebug(lcPen) << "the question threw an exception, which counts as Cancel";
+        return Cancel;
+    }
+}
+
+// The system's announcements tell neither of a file's growth nor of what happens on a server, so
+// they are not used together with a settle time.
+bool DigipenFileDigitalization::startWatching()
+{
+    const int settleTime = m_settling->settleTime();
+    if (settleTime > 0) {
+        connect(&m_timer, &QTimer::timeout, this, [this] { analyzerDigitPenFile(m_directory); });
+        m_timer.setTimerType(Qt::PreciseTimer);
+        m_timer.start(qBound(shortestInterval, settleTime, longestInterval));
+    } else if (errno = 0; m_watcher.addPath(m_directory)) {
+        connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this,
+                &DigipenFileDigitalization::analyzerDigitPenFile);
+    } else {
+        qCDebug(lcPen).noquote() << m_directory << "cannot be watched:" << whyNotWatched(errno);
         return false;
-    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this,
-            &DigipenFileDigitalization::analyzerDigitPenFile);
-    m_watcher.addPath(directory);
+    }
     m_active = true;
     return true;
 }
@@ -159,6 +241,8 @@ bool DigipenFileDigitalization::close()
         m_watcher.removePaths(watched);
     disconnect(&m_watcher, &QFileSystemWatcher::directoryChanged, this,
                &DigipenFileDigitalization::analyzerDigitPenFile);
+    m_timer.stop();
+    m_settling->clear();
     if (m_active)
         ImportTurns::instance().forget(this);
     m_active = false;
@@ -170,12 +254,19 @@ bool DigipenFileDigitalization::active() const
     return m_active;
 }
 
+int DigipenFileDigitalization::unsettledFiles() const
+{
+    return m_settling->waiting();
+}
+
 void DigipenFileDigitalization::removeAllFileFromDirectory(QString directory, QStringList patterns)
 {
-    QDir dir(directory);
+    if (patterns.isEmpty())
+        return; // it would match everything
     forEachFile(directory, patterns, [&](const QString& name) {
-        if (!dir.remove(name))
-            qCDebug(lcPen).noquote() << dir.filePath(name) << "cannot be removed";
+        const QString path = joined(directory, name);
+        if (!QFile::remove(path))
+            qCDebug(lcPen).noquote() << path << "cannot be removed";
     });
 }
 
@@ -184,11 +275,14 @@ void DigipenFileDigitalization::analyzerDigitPenFile(const QString& strPath)
     const InUse inUse(*this);
     ImportTurns& turns = ImportTurns::instance();
     if (turns.running()) {
+        // Answered only after it was replaced; it goes before its turn would come.
+        if (m_released)
+            return;
         qCDebug(lcPen).noquote() << "an import is under way;" << strPath << "waits for its end";
         turns.defer(this, strPath);
         return;
     }
-    // A host's error display may throw out of an import; that must not block all later ones.
+    // Whatever leaves an import early must not block all later ones.
     struct Running
     {
         Running() { ImportTurns::instance().setRunning(true); }
@@ -203,9 +297,33 @@ void DigipenFileDigitalization::analyzerDigitPenFile(const QString& strPath)
 
 void DigipenFileDigitalization::importDirectory(const QString& path)
 {
-    const QDir directory(QDir(path).absolutePath());
-    forEachFile(path, penFilePatterns(),
-                [&](const QString& name) { importFile(directory.filePath(name)); });
+    const QString directory = absolute(path);
+    if (m_settling->settleTime() > 0)
+        importSettled(directory);
+    else
+        forEachFile(directory, penFilePatterns(),
+                    [&](const QString& name) { importFile(joined(directory, name)); });
+}
+
+void DigipenFileDigitalization::importSettled(const QString& directory)
+{
+    const auto settled = look(directory, *m_settling, m_clock);
+    // The interval counts from here: begun any earlier, the next look would come too early for what
+    // this one saw first.
+    if (m_timer.isActive())
+        m_timer.start();
+    for (const PenFileSettling::File& file : settled) {
+        const QString path = joined(directory, file.name);
+        // The files before it may have taken their time.
+        if (!PenFileStamp::of(path).sameContent(file.stamp))
+            continue;
+        importFile(path);
+        const bool keepsName = m_file.fileName() == path && !replaced();
+        if (keepsName)
+            m_settling->setImported(file);
+        else
+            m_settling->forget(file.name);
+    }
 }
 
 void DigipenFileDigitalization::importFile(const QString& path)
@@ -276,12 +394,8 @@ bool DigipenFileDigitalization::advance(TakeCommand takeCommand)
 bool DigipenFileDigitalization::fillLine()
 {
     if (m_reading_state == NoFile) {
-        m_file.setFileName(m_file_name);
-        if (!m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-            qCDebug(lcPen).noquote() << m_file_name << "cannot be opened:" << m_file.errorString();
+        if (!openFile())
             return false;
-        }
-        m_reader->start();
         m_reading_state = ReadingLines;
     }
     if (readNextLine(m_line)) {
@@ -292,6 +406,27 @@ bool DigipenFileDigitalization::fillLine()
         return true;
     finishFile();
     return false;
+}
+
+bool DigipenFileDigitalization::openFile()
+{
+    m_file.setFileName(m_file_name);
+    *m_stamp = {};
+    const QString problem = openRegularFile(m_file, QIODevice::Unbuffered);
+    if (!problem.isEmpty()) {
+        qCDebug(lcPen).noquote() << m_file_name << "cannot be opened:" << problem;
+        return false;
+    }
+    if (m_settling->settleTime() > 0)
+        *m_stamp = PenFileStamp::of(m_file);
+    m_reader->start();
+    return true;
+}
+
+// Whether the name of the file that has been read now belongs to another one.
+bool DigipenFileDigitalization::replaced() const
+{
+    return m_stamp->exists() && !PenFileStamp::of(m_file_name).sameFile(*m_stamp);
 }
 
 void DigipenFileDigitalization::finishFile()
@@ -308,15 +443,21 @@ bool DigipenFileDigitalization::readNextLine(std::string& line)
 
 void DigipenFileDigitalization::closeAndModifyFileExtentionToTxt()
 {
-    const QFileInfo file(m_file.fileName());
-    m_file.close();
-    const QFileInfo target(file.absolutePath() + QLatin1Char('/') + file.completeBaseName() +
-                           QLatin1String(".txt"));
-    if (target.filePath() == file.filePath())
+    if (m_file.isOpen()) {
+        m_file.close();
+        m_file.setFileName(m_file_name); // lost by opening a descriptor
+    }
+    const QString name = m_file.fileName();
+    const QString target = name.left(name.lastIndexOf(QLatin1Char('/')) + 1) +
+                           QFileInfo(name).completeBaseName() + QLatin1String(".txt");
+    if (target == name)
         return; // imported and renamed already
-    // QFile::rename() would copy through a dangling link and report success.
-    if (target.exists() || target.isSymLink() || !m_file.rename(target.filePath()))
-        qCDebug(lcPen).noquote() << file.filePath() << "does not become" << target.filePath();
+    const QString problem = replaced() ? QStringLiteral("it has been replaced by another file")
+                                       : renameWithoutReplacing(name, target);
+    if (problem.isEmpty())
+        m_file.setFileName(target);
+    else
+        qCDebug(lcPen).noquote() << name << "does not become" << target << "-" << problem;
 }
 
 } // namespace MavSystem

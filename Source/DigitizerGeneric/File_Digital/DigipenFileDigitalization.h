@@ -5,12 +5,14 @@
 #include "DigitizerGeneric/Digitizer/DigitizerArgument.h"
 #include "DigitizerGeneric/DigitizerGenericExport.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileSystemWatcher>
 #include <QMap>
 #include <QObject>
 #include <QString>
 #include <QStringList>
+#include <QTimer>
 
 #include <boost/scoped_ptr.hpp>
 
@@ -20,7 +22,9 @@ namespace MavSystem {
 
 class DigitalReport;
 class Digitizer;
+class PenFileSettling;
 class PenLineReader;
+struct PenFileStamp;
 class t_DigipenStringAnalyzer;
 
 /// Imports the "*.dat" files that a digital pen leaves in a directory, and watches for new ones.
@@ -28,6 +32,10 @@ class t_DigipenStringAnalyzer;
 /// The directory is the host's setting "digitizer_file_directory"; without it the root directory of
 /// the file system. A file that has been imported carries the extension ".txt"; if that name is
 /// taken, it keeps its own and is imported again at the next change of the directory.
+///
+/// With the driver's settle time, taken at open(), a file is imported once it stands still, and the
+/// directory is looked at by a timer instead of being watched by the system. Each change of a file
+/// that keeps its name then imports that one again, and nothing else does.
 ///
 /// Only one import runs at a time in the process: what asks for one meanwhile (a change of the
 /// directory while an error is shown, a host that opens again inside its report handler) has its
@@ -44,8 +52,11 @@ public:
 
     /// Returns true if the directory is now watched. Asks the user when files are waiting: after
     /// "Import" they are imported before it returns; after "Delete" they are removed and it returns
-    /// false, as it does after "Cancel" and, without a question, when there is no such directory.
-    /// To be called once on each object.
+    /// false, as it does after "Cancel" and, without a question, when there is no such directory or
+    /// the system cannot watch it. To be called once on each object.
+    ///
+    /// With a settle time, those that have stood still for it while the question was shown are
+    /// imported before it returns, the others later.
     bool open();
 
     /// Stops watching; an import under way goes on to its end. Always returns true.
@@ -54,11 +65,16 @@ public:
     /// Returns whether the directory is watched.
     bool active() const;
 
+    /// Returns how many files of the last look wait until they stand still or are imported; 0
+    /// without a settle time.
+    int unsettledFiles() const;
+
     /// Deletes this object, or has it deleted at the end of the import or question under way.
     void release();
 
     /// Removes the files of \a directory whose names match one of \a patterns, without regard to
-    /// case; no hidden files, no subdirectories. What cannot be removed is left, silently.
+    /// case; no hidden files, no subdirectories. Without a pattern nothing is removed. What cannot
+    /// be removed is left, silently.
     static void removeAllFileFromDirectory(QString directory, QStringList patterns);
 
     /// One step of reading the current file; fills \a button, \a x and \a y and returns true if it
@@ -69,24 +85,30 @@ public:
     /// not empty.
     bool readNextLine(std::string& line);
 
-    /// Closes the current file and gives it the extension ".txt", unless that name is taken.
+    /// Closes the current file and gives it the extension ".txt", unless that name is taken or,
+    /// with a settle time, the file's own name now belongs to another file.
     void closeAndModifyFileExtentionToTxt();
 
 public slots:
     /// Imports every pen file of the directory \a strPath, in the order of their names. Errors are
-    /// shown to the user, and the import goes on.
+    /// shown to the user, and the import goes on, whatever the host's error display throws.
     void analyzerDigitPenFile(const QString& strPath);
 
 private:
     class InUse;
 
+    int askAboutWaitingFiles() const;
+    bool startWatching();
     void importDirectory(const QString& path);
+    void importSettled(const QString& directory);
     void importFile(const QString& path);
     void importStep(ButtonValue& button, DigitalReport& report);
     bool deliverStep(ButtonValue& button, DigitalReport& report);
     template <class TakeCommand>
     bool advance(TakeCommand takeCommand);
     bool fillLine();
+    bool openFile();
+    bool replaced() const;
     void finishFile();
 
     std::string m_line;
@@ -100,6 +122,11 @@ private:
     boost::scoped_ptr<PenLineReader> m_reader; // of m_file
     int m_uses = 0;                            // operations of this object that are under way
     bool m_released = false;
+    QString m_directory; // absolute; set by open()
+    boost::scoped_ptr<PenFileSettling> m_settling;
+    boost::scoped_ptr<PenFileStamp> m_stamp; // of m_file when it was opened, with a settle time
+    QElapsedTimer m_clock;                   // of the looks, which m_timer asks for
+    QTimer m_timer;
 };
 
 } // namespace MavSystem
