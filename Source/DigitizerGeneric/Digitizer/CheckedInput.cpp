@@ -26,6 +26,7 @@ void CheckedInput::start()
     askForTurn();
 }
 
+// Only when the stream has nothing more to give: what the host is slow to take stays at the port.
 void CheckedInput::read()
 {
     if (m_port.bytesAvailable() == 0)
@@ -45,13 +46,16 @@ std::optional<StreamItem> CheckedInput::next()
     m_turnAsked = false;
     if (!m_started)
         return std::nullopt;
-    read();
     std::optional<StreamItem> item = m_stream.next();
+    if (!item) {
+        read();
+        item = m_stream.next();
+    }
     if (!item && m_ended && m_stream.needsPause()) {
         m_stream.pause();
         item = m_stream.next();
     }
-    if (item && (m_stream.needsPause() || m_ended))
+    if (item && (m_stream.needsPause() || m_port.bytesAvailable() > 0 || m_ended))
         askForTurn();
     else if (m_stream.needsPause())
         waitForPause();

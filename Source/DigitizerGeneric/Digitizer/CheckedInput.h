@@ -30,9 +30,6 @@ public:
     /// From here on items are handed out; what has arrived waits until then.
     void start();
 
-    /// Takes what waits at the port.
-    void read();
-
     /// Says that the port has ended.
     void end();
 
@@ -43,6 +40,7 @@ public:
     bool takeEnd();
 
 private:
+    void read();
     void askForTurn();
     void waitForPause();
     void lookForPause();
