@@ -72,4 +72,13 @@ std::optional<PortSettings> parse(const QString& text)
     return line;
 }
 
+void apply(const PortSettings& settings, QextSerialPort& port)
+{
+    port.setBaudRate(settings.BaudRate);
+    port.setFlowControl(settings.FlowControl);
+    port.setParity(settings.Parity);
+    port.setStopBits(settings.StopBits);
+    port.setDataBits(settings.DataBits);
+}
+
 } // namespace LineSettings

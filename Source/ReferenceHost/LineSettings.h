@@ -27,4 +27,7 @@ const QVector<Setting>& settings();
 /// out. Returns nothing when a text is missing or not accepted.
 std::optional<PortSettings> parse(const QString& text);
 
+/// Gives \a settings to \a port, which is to be opened after it.
+void apply(const PortSettings& settings, QextSerialPort& port);
+
 } // namespace LineSettings

@@ -5,6 +5,7 @@
 #include "QextSerialPort/qextserialport.h"
 #include "ReferenceHost/Command.h"
 #include "ReferenceHost/DescriptionTexts.h"
+#include "ReferenceHost/LineSettings.h"
 
 #include <QSocketNotifier>
 
@@ -22,15 +23,6 @@ RecordedSession headerOf(const Driver& driver)
     return session;
 }
 
-void apply(const PortSettings& settings, QextSerialPort& port)
-{
-    port.setBaudRate(settings.BaudRate);
-    port.setFlowControl(settings.FlowControl);
-    port.setParity(settings.Parity);
-    port.setStopBits(settings.StopBits);
-    port.setDataBits(settings.DataBits);
-}
-
 } // namespace
 
 LineTap::LineTap(const Driver& driver, const QString& device, const QString& path)
@@ -44,7 +36,7 @@ LineTap::LineTap(const Driver& driver, const QString& device, const QString& pat
         throw CommandError(
             QStringLiteral("there is no pseudo-terminal: %1").arg(m_terminal.errorString()));
     m_port->setPortName(device);
-    apply(driver.description.m_portSettings, *m_port);
+    LineSettings::apply(driver.description.m_portSettings, *m_port);
     if (!m_port->open(QIODevice::ReadWrite))
         throw CommandError(
             QStringLiteral("%1 cannot be used: %2").arg(device, m_port->errorString()));

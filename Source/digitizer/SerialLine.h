@@ -5,7 +5,6 @@
 #include "QextSerialPort/qextserialport.h"
 
 #include <QElapsedTimer>
-#include <QSerialPort>
 
 /// A serial port as it is, without the driver: every byte, with its time.
 class SerialLine : public QObject
@@ -29,8 +28,6 @@ signals:
     void ended();
 
 private:
-    void end();
-
-    QSerialPort m_port;
+    QextSerialPort m_port;
     QElapsedTimer m_clock;
 };
