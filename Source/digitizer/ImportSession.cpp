@@ -23,7 +23,8 @@ using namespace MavSystem;
 namespace {
 
 constexpr int progressMilliseconds = 300;
-constexpr int lookMilliseconds = 500;
+constexpr int settledMilliseconds = 100;   // between two looks whether files wait
+constexpr int directoryMilliseconds = 500; // between two looks at a watched directory
 constexpr int namesListed = 20;
 
 QString counted(int number, const char* thing)
@@ -119,8 +120,8 @@ void ImportSession::clearProgress()
     m_progressPossible = m_progressShown = false;
 }
 
-// Asks \a isDone twice a second.
-void ImportSession::runUntilStopped(const std::function<bool()>& isDone)
+// Asks \a isDone again and again.
+void ImportSession::runUntilStopped(int intervalMilliseconds, const std::function<bool()>& isDone)
 {
     const StopSignals stopSignals;
     QEventLoop loop;
@@ -130,7 +131,7 @@ void ImportSession::runUntilStopped(const std::function<bool()>& isDone)
         if (isDone())
             loop.quit();
     });
-    timer.start(lookMilliseconds);
+    timer.start(intervalMilliseconds);
     loop.exec();
 }
 
@@ -139,7 +140,7 @@ void ImportSession::waitUntilSettled()
     const auto digitizer = Digitizer::instance();
     if (digitizer->unsettledPenFiles() == 0)
         return;
-    runUntilStopped([&] {
+    runUntilStopped(settledMilliseconds, [&] {
         const bool done = digitizer->unsettledPenFiles() == 0;
         if (!done && m_progressPossible) {
             std::fprintf(stderr, "\r\033[Kwaiting for %s to be complete",
@@ -153,7 +154,7 @@ void ImportSession::waitUntilSettled()
 void ImportSession::watch()
 {
     printError(QStringLiteral("watching %1; Ctrl-C ends").arg(m_options.directory));
-    runUntilStopped([this] { return lookAfterDirectory(); });
+    runUntilStopped(directoryMilliseconds, [this] { return lookAfterDirectory(); });
 }
 
 // Returns whether watching ends.

@@ -44,7 +44,7 @@ private:
     void receive(const MavSystem::DigitalReport& report);
     void showProgress();
     void clearProgress();
-    void runUntilStopped(const std::function<bool()>& isDone);
+    void runUntilStopped(int intervalMilliseconds, const std::function<bool()>& isDone);
     void waitUntilSettled();
     void watch();
     bool lookAfterDirectory();
