@@ -24,6 +24,7 @@ private slots:
     void aPictureIsDrawn();
     void aDirectoryIsWatchedUntilTheEnd_data();
     void aDirectoryIsWatchedUntilTheEnd();
+    void aFileIsWaitedFor();
     void nothingIsLostWhenTheOutputFails();
     void progressIsShownAtATerminal();
     void reasonsForFilesThatStay();
@@ -148,6 +149,8 @@ void ImportCommandTest::aWrongCommandLineChangesNothing_data()
     row("DIR --driver Other", 1, "with \"Other\" the pen's button 3 has the number 4");
     row("DIR --driver Unscaled", 1, "\"Unscaled\" has no resolution");
     row("DIR --driver Pen --answer imp", 2, "--answer is 'imp', but must be one of import");
+    row("DIR --driver Pen --settle 60001", 2,
+        "--settle is '60001', but must be a number from 0 to");
     row("DIR --driver Pen --mode -1", 2, "--mode is '-1', but must be a number from 0");
     row("DIR --driver Pen --picture a.jpg", 2, "must end in .svg or .png");
 }
@@ -206,19 +209,26 @@ void ImportCommandTest::aPictureIsDrawn()
 
 void ImportCommandTest::aDirectoryIsWatchedUntilTheEnd_data()
 {
-    QTest::addColumn<bool>("removed"); // the directory, else a signal ends it
-    QTest::newRow("signal") << false;
-    QTest::newRow("directory removed") << true;
+    QTest::addColumn<bool>("removed"); // the directory
+    QTest::addColumn<QString>("settle");
+    QTest::addColumn<int>("exitStatus");
+    QTest::newRow("signal") << false << QStringLiteral("500") << 0;
+    QTest::newRow("directory removed") << true << QStringLiteral("0") << 1;
+    QTest::newRow("directory comes back") << true << QStringLiteral("500") << 0;
 }
 
 void ImportCommandTest::aDirectoryIsWatchedUntilTheEnd()
 {
     QFETCH(bool, removed);
+    QFETCH(QString, settle);
+    const bool comesBack = removed && settle != QLatin1String("0");
     Import import;
     import.host.write(QStringLiteral("pen/a.dat"), "A- 4\nX:0:0\n");
     DigitizerProcess& process = import.process;
     process.setArguments(
-        import.arguments(QStringLiteral("DIR --driver Pen --answer import --watch --format csv")));
+        import.arguments(QStringLiteral("DIR --driver Pen --answer import --watch --format csv "
+                                        "--settle ") +
+                         settle));
     process.start();
     QByteArray errors;
     QTRY_VERIFY2_WITH_TIMEOUT((errors += process.readAllStandardError()).contains("watching"),
@@ -231,13 +241,45 @@ void ImportCommandTest::aDirectoryIsWatchedUntilTheEnd()
     QTRY_COMPARE(import.names(), QStringLiteral("a.txt b.txt"));
     if (removed)
         QVERIFY(QDir(import.directory).removeRecursively());
-    else
+    if (comesBack) {
+        QTRY_VERIFY2((errors += process.readAllStandardError()).contains("is gone; waiting"),
+                     errors.constData());
+        import.host.write(QStringLiteral("pen/c.dat"), piece);
+        QTRY_VERIFY2((errors += process.readAllStandardError()).contains("is back\n"),
+                     errors.constData());
+        QTRY_COMPARE(import.names(), QStringLiteral("c.txt"));
+    }
+    if (!removed || comesBack)
         ::kill(pid_t(process.processId()), SIGINT);
     const auto result = process.end();
-    QCOMPARE(result.exitStatus, removed ? 1 : 0);
-    QVERIFY2(
-        result.errors.contains(QLatin1String(removed ? "is gone\n" : "2 files imported, 3 points")),
-        qPrintable(result.errors));
+    QTEST(result.exitStatus, "exitStatus");
+    errors += result.errors.toUtf8();
+    QVERIFY2(errors.contains(comesBack ? ", 5 points" : ", 3 points"), errors.constData());
+    QCOMPARE(errors.contains("is gone\n"), removed && !comesBack);
+}
+
+void ImportCommandTest::aFileIsWaitedFor()
+{
+    Import import;
+    QFile file(import.host.write(QStringLiteral("pen/a.dat"), "A- 1\n"));
+    PseudoTerminal terminal;
+    import.process.setStandardErrorFile(terminal.path());
+    import.process.setStandardOutputFile(import.host.path(QStringLiteral("out")));
+    import.process.setArguments(import.arguments(
+        QStringLiteral("DIR --driver Pen --answer import --format csv --settle 2000")));
+    import.process.start();
+    QByteArray shown;
+    QTRY_VERIFY2_WITH_TIMEOUT((shown += terminal.read()).contains("waiting for a.dat to be"),
+                              shown.constData(), 20000);
+    QVERIFY(file.open(QIODevice::Append) && file.write("X:100:200\nA- 4\nX:1:1\n") > 0);
+    file.close();
+    QTRY_VERIFY2_WITH_TIMEOUT((shown += terminal.read()).contains("1 file imported, 2 points"),
+                              shown.constData(), 20000);
+    QTRY_COMPARE(import.process.state(), QProcess::NotRunning);
+    QCOMPARE(import.process.exitCode(), 0);
+    QFile out(import.host.path(QStringLiteral("out")));
+    QVERIFY(out.open(QIODevice::ReadOnly));
+    QCOMPARE(out.readAll(), QByteArray(pieceReports));
 }
 
 void ImportCommandTest::nothingIsLostWhenTheOutputFails()
@@ -263,13 +305,14 @@ void ImportCommandTest::progressIsShownAtATerminal()
     import.process.setStandardErrorFile(terminal.path());
     import.process.setStandardOutputFile(QProcess::nullDevice());
     import.process.setArguments(
-        import.arguments(QStringLiteral("DIR --driver Pen --answer import")));
+        import.arguments(QStringLiteral("DIR --driver Pen --answer import --settle 0")));
     import.process.start();
     QByteArray shown;
     QTRY_VERIFY2_WITH_TIMEOUT((shown += terminal.read()).contains("imported,"), shown.constData(),
                               60000);
-    const QRegularExpression lines(QStringLiteral("^\r0 of 1 files, \\d+ points(.*)\r\x1b\\[K"
-                                                  "digitizer: 1 file imported, 500001 points"));
+    const QRegularExpression lines(
+        QStringLiteral("^\r\x1b\\[K0 of 1 files, \\d+ points(.*)\r\x1b\\[K"
+                       "digitizer: 1 file imported, 500001 points"));
     QVERIFY2(lines.match(QString::fromLatin1(shown)).hasMatch(), shown.constData());
     QTRY_COMPARE(import.process.state(), QProcess::NotRunning);
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/PenDirectory.h"
 
+#include <QDateTime>
 #include <QDirIterator>
 #include <QFileInfo>
 
@@ -37,7 +38,7 @@ QString reasonToStay(const QFileInfo& file)
     if (!QFileInfo(file.path()).isWritable())
         return QStringLiteral("its points are imported, but files in the folder cannot be renamed; "
                               "the next import delivers them again");
-    return QStringLiteral("it arrived during the import");
+    return QStringLiteral("it arrived during the import, or was not complete");
 }
 
 } // namespace
@@ -45,6 +46,16 @@ QString reasonToStay(const QFileInfo& file)
 int PenDirectory::waiting() const
 {
     return count(m_path, waitingFiles);
+}
+
+QString PenDirectory::lastChanged() const
+{
+    QFileInfo last;
+    forEachFile(m_path, waitingFiles, [&](const QFileInfo& file) {
+        if (last.fileName().isEmpty() || file.lastModified() > last.lastModified())
+            last = file;
+    });
+    return last.fileName();
 }
 
 int PenDirectory::imported() const

@@ -16,6 +16,9 @@ public:
     /// Returns the number of files that wait to be imported.
     int waiting() const;
 
+    /// Returns the waiting file that changed last, or an empty text.
+    QString lastChanged() const;
+
     /// Returns the number of files that carry the extension of an imported one.
     int imported() const;
 

@@ -19,6 +19,7 @@ const QString driverOption = QStringLiteral("driver");
 const QString answerOption = QStringLiteral("answer");
 const QString watchOption = QStringLiteral("watch");
 const QString extendedOption = QStringLiteral("extended");
+const QString settleOption = QStringLiteral("settle");
 const QString modeOption = QStringLiteral("mode");
 
 // A description for a pen needs no report, but a scale and the codes of the converted commands.
@@ -83,6 +84,8 @@ ImportOptions parseOptions(const QCommandLineParser& parser)
     ImportOptions options;
     options.format = formatValue(parser);
     options.mode = numberValue(parser, modeOption, 0, std::numeric_limits<int>::max(), 0);
+    options.settleMilliseconds =
+        numberValue(parser, settleOption, 0, 60000, options.settleMilliseconds);
     options.answer = givenAnswer(parser);
     options.watch = parser.isSet(watchOption);
     options.extendedButtons = parser.isSet(extendedOption);
@@ -116,8 +119,10 @@ Command importCommand()
                        "time. When files are waiting, the driver asks whether to import or to "
                        "delete them; the question appears at the terminal, and without a terminal "
                        "nothing is done. A summary follows on the error stream."),
-        QStringLiteral("Pen software has to move its files into DIR when they are complete: what "
-                       "is written into a file after it was read is lost."),
+        QStringLiteral(
+            "A file is imported when it has not changed for half a second (--settle), so "
+            "pen software may write into DIR. A writer that pauses for longer has to move "
+            "its files into DIR when they are complete."),
         QStringLiteral("DIR is remembered in the settings of this program.")};
     command.arguments = {
         {QStringLiteral("DIR"), QStringLiteral("The directory of the pen files.")}};
@@ -131,7 +136,14 @@ Command importCommand()
          QStringLiteral("Answers the driver's question: import, delete or cancel. \"delete\" "
                         "removes the waiting files for good."),
          QStringLiteral("ANSWER")},
-        {watchOption, QStringLiteral("Goes on to import what arrives, until Ctrl-C.")},
+        {watchOption, QStringLiteral("Goes on to import what arrives, until Ctrl-C, and waits for "
+                                     "DIR to come back when it is removed.")},
+        {settleOption,
+         QStringLiteral(
+             "A file has not changed for so many milliseconds before it is imported, 0 to "
+             "60000. Default: 500. With 0 a file is imported as soon as it is there, and "
+             "the end of DIR ends --watch."),
+         QStringLiteral("MS")},
         {extendedOption, QStringLiteral("The pen's button 3 is a prefix to the next button.")},
         {modeOption,
          QStringLiteral("The host's mode code; 50 to 59 put the driver into its internal mode. "

@@ -13,6 +13,7 @@
 #include <QSettings>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <unistd.h>
@@ -22,7 +23,8 @@ using namespace MavSystem;
 namespace {
 
 constexpr int progressMilliseconds = 300;
-constexpr int directoryCheckMilliseconds = 500;
+constexpr int settledMilliseconds = 100;   // between two looks whether files wait
+constexpr int directoryMilliseconds = 500; // between two looks at a watched directory
 constexpr int namesListed = 20;
 
 QString counted(int number, const char* thing)
@@ -68,18 +70,19 @@ int ImportSession::run()
     const auto digitizer = Digitizer::instance();
     digitizer->selectDevice(m_options.driver.name, QStringLiteral("File:"));
     digitizer->setExtended4Buttons(m_options.extendedButtons);
+    digitizer->setPenFileSettleTime(m_options.settleMilliseconds);
     digitizer->m_host_mode = m_options.mode;
     if (!printOutput(m_writer.header()))
         throw CommandError(QStringLiteral("cannot write to the standard output"));
     const bool open = digitizer->open();
+    if (open && !m_options.watch)
+        waitUntilSettled();
     clearProgress();
-    const QString problem = open && m_options.watch ? watch() : QString();
+    if (open && m_options.watch)
+        watch();
     digitizer->close();
     const int status = sumUp(open, host.answered() == ImportHost::Delete);
-    if (problem.isEmpty())
-        return status;
-    printError(problem);
-    return ExitFailure;
+    return m_gone ? ExitFailure : status;
 }
 
 void ImportSession::receive(const DigitalReport& report)
@@ -105,7 +108,7 @@ void ImportSession::receive(const DigitalReport& report)
 void ImportSession::showProgress()
 {
     const int done = m_waitingBefore - m_directory.waiting();
-    std::fprintf(stderr, "\r%d of %d files, %d points", done, m_waitingBefore, m_reports);
+    std::fprintf(stderr, "\r\033[K%d of %d files, %d points", done, m_waitingBefore, m_reports);
     m_progressShown = true;
     m_sinceProgress.restart();
 }
@@ -117,29 +120,71 @@ void ImportSession::clearProgress()
     m_progressPossible = m_progressShown = false;
 }
 
-// Returns an empty text when the user ended it, or why it cannot go on.
-QString ImportSession::watch() const
+// Asks \a isDone again and again.
+void ImportSession::runUntilStopped(int intervalMilliseconds, const std::function<bool()>& isDone)
 {
     const StopSignals stopSignals;
     QEventLoop loop;
-    QString problem;
     QObject::connect(&stopSignals, &StopSignals::stopRequested, &loop, &QEventLoop::quit);
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &loop, [&] {
-        // The library is not told when its directory goes.
-        if (QFileInfo(m_options.directory).isDir())
-            return;
-        problem = QStringLiteral("%1 is gone").arg(m_options.directory);
-        loop.quit();
+        if (isDone())
+            loop.quit();
     });
-    timer.start(directoryCheckMilliseconds);
-    printError(QStringLiteral("watching %1; Ctrl-C ends").arg(m_options.directory));
+    timer.start(intervalMilliseconds);
     loop.exec();
-    return problem;
+}
+
+void ImportSession::waitUntilSettled()
+{
+    const auto digitizer = Digitizer::instance();
+    if (digitizer->unsettledPenFiles() == 0)
+        return;
+    runUntilStopped(settledMilliseconds, [&] {
+        const bool done = digitizer->unsettledPenFiles() == 0;
+        if (!done && m_progressPossible) {
+            std::fprintf(stderr, "\r\033[Kwaiting for %s to be complete",
+                         qUtf8Printable(m_directory.lastChanged()));
+            m_progressShown = true;
+        }
+        return done;
+    });
+}
+
+void ImportSession::watch()
+{
+    printError(QStringLiteral("watching %1; Ctrl-C ends").arg(m_options.directory));
+    runUntilStopped(directoryMilliseconds, [this] { return lookAfterDirectory(); });
+}
+
+// Returns whether watching ends.
+bool ImportSession::lookAfterDirectory()
+{
+    countImported();
+    const bool gone = !QFileInfo(m_options.directory).isDir();
+    if (gone == m_gone)
+        return false;
+    m_gone = gone;
+    // Without a settle time the library does not notice when it comes back.
+    const bool ends = gone && m_options.settleMilliseconds == 0;
+    printError(QStringLiteral("%1 is %2")
+                   .arg(m_options.directory,
+                        QLatin1String(ends   ? "gone"
+                                      : gone ? "gone; waiting for it to come back; Ctrl-C ends"
+                                             : "back")));
+    return ends;
+}
+
+void ImportSession::countImported()
+{
+    const int imported = m_directory.imported();
+    m_imported += std::max(0, imported - m_importedBefore);
+    m_importedBefore = imported;
 }
 
 int ImportSession::sumUp(bool imported, bool deleted)
 {
+    countImported();
     const QVector<PenDirectory::Left> left = m_directory.left();
     if (deleted) {
         printError(
@@ -155,8 +200,8 @@ int ImportSession::sumUp(bool imported, bool deleted)
     for (auto kind = m_points.cbegin(); kind != m_points.cend(); ++kind)
         kinds << QStringLiteral("%1 %2").arg(QString::number(kind.value()), roleName(kind.key()));
     printError(QStringLiteral("%1 imported, %2%3%4")
-                   .arg(counted(m_directory.imported() - m_importedBefore, "file"),
-                        counted(m_reports, "point"), QLatin1String(kinds.isEmpty() ? "" : ": "),
+                   .arg(counted(m_imported, "file"), counted(m_reports, "point"),
+                        QLatin1String(kinds.isEmpty() ? "" : ": "),
                         kinds.join(QStringLiteral(", "))));
     QStringList lines;
     for (const QString& name : m_unreadable)

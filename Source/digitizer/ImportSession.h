@@ -10,6 +10,7 @@
 #include <QElapsedTimer>
 #include <QMap>
 
+#include <functional>
 #include <optional>
 
 /// What the user asked for.
@@ -19,6 +20,7 @@ struct ImportOptions
     QString directory; ///< absolute
     std::optional<int> answer;
     bool watch = false;
+    int settleMilliseconds = 500; ///< a file has stood still that long before it is imported
     bool extendedButtons = false;
     int mode = 0;
     ReportWriter::Format format = ReportWriter::Text;
@@ -42,7 +44,11 @@ private:
     void receive(const MavSystem::DigitalReport& report);
     void showProgress();
     void clearProgress();
-    QString watch() const;
+    void runUntilStopped(int intervalMilliseconds, const std::function<bool()>& isDone);
+    void waitUntilSettled();
+    void watch();
+    bool lookAfterDirectory();
+    void countImported();
     int sumUp(bool imported, bool deleted);
 
     ImportOptions m_options;
@@ -53,7 +59,9 @@ private:
     QMap<PointRole, int> m_points;
     int m_reports = 0;
     int m_waitingBefore;
-    int m_importedBefore;
+    int m_importedBefore; // files that were there at the last look
+    int m_imported = 0;
+    bool m_gone = false; // the directory
     QStringList m_unreadable;
     QElapsedTimer m_sinceProgress;
     bool m_progressPossible;
