@@ -192,11 +192,15 @@ int ReportStream::firstCandidate() const
     return offset;
 }
 
-// A damaged line is told whole, not byte by byte as it arrives.
-bool ReportStream::lineGoesOn(int candidate) const
+// Of the bytes in front of a candidate, those that come out as one item: up to a line end, since a
+// damaged line is told whole and by itself. None while that line is still arriving.
+int ReportStream::strayBefore(int candidate) const
 {
-    return m_hasLineEnds && candidate == visible() && visible() < strayBytesAtOnce && !m_pauseAt &&
-           m_lineEnd != m_bytes.back();
+    const int lineEnd = m_lineEnd ? m_bytes.indexOf(*m_lineEnd, m_begin) - m_begin : -1;
+    if (lineEnd >= 0 && lineEnd < candidate)
+        return std::min(lineEnd + 1, strayBytesAtOnce);
+    const bool goesOn = m_hasLineEnds && candidate == visible() && !m_pauseAt;
+    return goesOn && candidate < strayBytesAtOnce ? 0 : std::min(candidate, strayBytesAtOnce);
 }
 
 std::optional<StreamItem> ReportStream::find()
@@ -208,7 +212,8 @@ std::optional<StreamItem> ReportStream::find()
     const int candidate = firstCandidate();
     if (candidate > 0) {
         m_lost = true;
-        return lineGoesOn(candidate) ? std::nullopt : std::optional(takeStray(candidate));
+        const int stray = strayBefore(candidate);
+        return stray > 0 ? std::optional(takeStray(stray)) : std::nullopt;
     }
     if (matchAt(0) == Match::SoFar)
         return std::nullopt;

@@ -76,7 +76,7 @@ private:
     bool mayBeginAt(int offset) const;
     Match matchAt(int offset) const;
     int firstCandidate() const;
-    bool lineGoesOn(int candidate) const;
+    int strayBefore(int candidate) const;
     bool hasRival() const;
     bool isWholeReports() const;
     std::optional<StreamItem> find();
