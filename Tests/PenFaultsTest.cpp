@@ -1,10 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/File_Digital/RenameWithoutReplacing.h"
+#include "DigitizerGeneric/File_Digital/WatcherReads.h"
 #include "support/PenRoad.h"
 #include "support/RecordedMessages.h"
 #include "support/Unprivileged.h"
 
+#include <QSocketNotifier>
 #include <QtTest>
 
 #include <cerrno>
@@ -182,6 +184,7 @@ private slots:
     void boxesMayThrow_data();
     void boxesMayThrow();
     void aReplacedImporterQueuesNothing();
+    void aNestedLoopMayReadTheChangeFirst();
     void renamingReplacesNothing_data();
     void renamingReplacesNothing();
 };
@@ -353,6 +356,18 @@ void PenFaultsTest::aReplacedImporterQueuesNothing()
     QVERIFY(!road.digitizer->open());
     QCOMPARE(road.delivered(), QStringLiteral("1:1,1 1:2,2 4:3,3"));
     QCOMPARE(road.names(), QStringLiteral("a.txt b.dat"));
+}
+
+// What a loop does that was about to read and comes second.
+void PenFaultsTest::aNestedLoopMayReadTheChangeFirst()
+{
+    const PenRoad road;
+    const QFileSystemWatcher watcher({road.folder});
+    neverWaitForChanges(watcher);
+    const auto notifiers = watcher.findChildren<QSocketNotifier*>();
+    QCOMPARE(notifiers.size(), 1);
+    QEvent activation(QEvent::SockAct);
+    QVERIFY(QCoreApplication::sendEvent(notifiers.first(), &activation));
 }
 
 void PenFaultsTest::renamingReplacesNothing_data()

@@ -17,6 +17,7 @@
 #include "DigitizerGeneric/File_Digital/PenFileSettling.h"
 #include "DigitizerGeneric/File_Digital/PenLineReader.h"
 #include "DigitizerGeneric/File_Digital/RenameWithoutReplacing.h"
+#include "DigitizerGeneric/File_Digital/WatcherReads.h"
 #include "MavCore/MavApplication.h"
 
 #include <QCoreApplication>
@@ -224,6 +225,7 @@ bool DigipenFileDigitalization::startWatching()
         m_timer.setTimerType(Qt::PreciseTimer);
         m_timer.start(qBound(shortestInterval, settleTime, longestInterval));
     } else if (errno = 0; m_watcher.addPath(m_directory)) {
+        neverWaitForChanges(m_watcher);
         connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this,
                 &DigipenFileDigitalization::analyzerDigitPenFile);
     } else {
