@@ -151,7 +151,8 @@ void PresenceTest::anInstallationHasWholeFilesOnly()
     std::unique_ptr<SmallDisk> disk;
     if (kilobytes > 0) {
         disk = std::make_unique<SmallDisk>(host.path(QStringLiteral("data")), kilobytes);
-        QVERIFY2(disk->problem().isEmpty(), qPrintable(disk->problem()));
+        if (!disk->problem().isEmpty())
+            QSKIP(qPrintable(disk->problem()));
     }
     const QDir folder(host.path(QStringLiteral("data/generated")));
     QVERIFY(folder.mkpath(folder.path()));

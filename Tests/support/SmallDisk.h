@@ -11,8 +11,8 @@
 
 #include <sys/mount.h>
 
-/// A file system of \a kilobytes in memory at a directory, which is made. Mounting takes the rights
-/// of root; problem() says so when they are missing, for a test that then fails.
+/// A file system of \a kilobytes in memory at a directory, which is made. Mounting takes rights that
+/// an ordinary user and many a container do not have; problem() then says so, and a test is skipped.
 class SmallDisk
 {
 public:
