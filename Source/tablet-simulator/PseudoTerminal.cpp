@@ -109,9 +109,11 @@ bool PseudoTerminal::taken()
 
 void PseudoTerminal::takeUses()
 {
-    inotify_event events[16]; // none carries a name, since what is watched is no directory
+    // None carries a name, since what is watched is no directory.
+    alignas(inotify_event) char bytes[16 * sizeof(inotify_event)];
+    const auto* const events = reinterpret_cast<const inotify_event*>(bytes);
     ssize_t size;
-    while ((size = ::read(m_uses, events, sizeof events)) > 0) {
+    while ((size = ::read(m_uses, bytes, sizeof bytes)) > 0) {
         for (const inotify_event* event = events; event < events + size / ssize_t(sizeof *event);
              ++event) {
             m_wasRead = m_wasRead || (event->mask & IN_ACCESS);

@@ -1,0 +1,149 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "DigitizerGeneric/Digitizer/Digitizer.h"
+#include "DigitizerGeneric/File_Digital/DigipenDataConverter.h"
+#include "DigitizerGeneric/File_Digital/DigipenFileDigitalization.h"
+#include "DigitizerGeneric/File_Digital/DigipenState_4ex.h"
+#include "DigitizerGeneric/File_Digital/DigipenStringAnalyzer.h"
+#include "Fuzzing/FuzzTarget.h"
+#include "Fuzzing/PenModel.h"
+#include "support/DescriptionBuilder.h"
+#include "support/TestHost.h"
+
+#include <tuple>
+#include <vector>
+
+using namespace MavSystem;
+
+namespace {
+
+using Report = std::tuple<int, double, double>;
+
+/// An input: a byte for the family, then files parted by 0xff, each with a byte for the mode first.
+struct Input
+{
+    explicit Input(const QByteArray& bytes)
+        : extended(!bytes.isEmpty() && bytes.at(0) & 1), files(bytes.mid(1).split('\xff').mid(0, 4))
+    {}
+    bool isInternal(int file) const
+    {
+        return !files.at(file).isEmpty() && files.at(file).at(0) & 1;
+    }
+    bool extended;
+    QList<QByteArray> files;
+};
+
+std::vector<std::string> linesOf(const QByteArray& file)
+{
+    std::vector<std::string> lines;
+    for (int begin = 1, end; begin < file.size(); begin = end) {
+        const int lineFeed = file.indexOf('\n', begin);
+        end = lineFeed < 0 ? file.size() : lineFeed + 1;
+        const QByteArray line = file.mid(begin, end - begin);
+        lines.emplace_back(line.constData(), qstrnlen(line.constData(), uint(line.size())));
+    }
+    return lines;
+}
+
+double centimetres(const std::string& number)
+{
+    return number[0] == '-' ? 0 : std::stoi(number) / 10.0;
+}
+
+/// Appends the reports of whole commands, at one line per millimetre.
+void appendReports(std::vector<Report>& reports, const std::string& commands)
+{
+    for (std::size_t begin = 0; begin < commands.size();) {
+        const std::size_t end = commands.find('\r', begin);
+        const std::size_t blank = commands.find(' ', begin);
+        require(end != std::string::npos && end - begin < 16, "a whole command");
+        reports.emplace_back(commands[begin] - '0',
+                             centimetres(commands.substr(begin + 1, blank - begin - 1)),
+                             centimetres(commands.substr(blank + 1, end - blank - 1)));
+        begin = end + 1;
+    }
+}
+
+// The commands of a line, or of the end of a piece where it is empty.
+std::string nextCommands(PenModel& model, t_DigipenStringAnalyzer& analyzer, std::string line)
+{
+    const bool isLine = !line.empty();
+    const std::string commands = isLine ? model.convert(line) : model.end();
+    if (isLine)
+        analyzer.convert(line);
+    else
+        analyzer.generateEndOfPieceInstructions(line);
+    require(line == commands, "the analyzer");
+    return commands;
+}
+
+std::vector<Report> byModel(const Input& input)
+{
+    std::vector<Report> reports;
+    PenModel model(input.extended);
+    t_DigipenStringAnalyzer analyzer(input.extended ? t_DigipenStringAnalyzer::CONVERSION_4EX
+                                                    : t_DigipenStringAnalyzer::CONVERSION_STANDARD);
+    t_DigipenState_4ex::m_curve = false;
+    for (int file = 0; file < input.files.size(); ++file) {
+        const std::vector<std::string> lines = linesOf(input.files.at(file));
+        model.internal = t_DigipenState::m_internal_mode = input.isInternal(file);
+        Digitizer::instance()->m_host_mode = model.internal ? 59 : 60;
+        bool done = false;
+        for (std::size_t index = 0; !done; ++index) {
+            const std::string line = index < lines.size() ? lines[index] : std::string();
+            const std::string commands = nextCommands(model, analyzer, line);
+            appendReports(reports, commands);
+            done = line.empty() && commands.empty();
+        }
+        model.startFile();
+        analyzer.m_converter->reset();
+    }
+    return reports;
+}
+
+Report reportOf(const GeoPoint2D& point, int button)
+{
+    return {button, point.x(), point.y()};
+}
+
+// Every second command by the step with field maps, when that is wanted.
+std::vector<Report> byImport(const Input& input, bool withMaps, TestHost& host)
+{
+    std::vector<Report> reports;
+    Digitizer& digitizer = *Digitizer::instance();
+    DigipenFileDigitalization importer(&digitizer, input.extended);
+    ButtonValue button{{' ', ' ', '\0'}};
+    DigitalReport::registerHandle([&](const DigitalReport& report) {
+        reports.push_back(reportOf(report.coordinate(), report.m_button_number));
+        QMap<int, char> x;
+        QMap<int, char> y;
+        if (withMaps && importer.readingDigitizingCommand(button, x, y))
+            reports.push_back(reportOf(
+                digitizer.getCoordinate(x, y, {}, short(x.size() - 1), short(y.size() - 1)),
+                digitizer.compareButtonNumber(button)));
+    });
+    t_DigipenState_4ex::m_curve = false;
+    for (int file = 0; file < input.files.size(); ++file) {
+        digitizer.m_host_mode = input.isInternal(file) ? 50 : 49;
+        host.write(QStringLiteral("pen/a.dat"), input.files.at(file).mid(1));
+        importer.analyzerDigitPenFile(host.path(QStringLiteral("pen")));
+        require(QFile::remove(host.path(QStringLiteral("pen/a.txt"))), "imported");
+    }
+    DigitalReport::unregisterHandle();
+    require(host.errors.isEmpty(), "no errors");
+    return reports;
+}
+
+} // namespace
+
+// The lines of pen files: the import, with both of its steps, gives what a simple model gives.
+void fuzz(const QByteArray& input)
+{
+    static TestHost host;
+    host.writeDescription(QStringLiteral("a"), DescriptionBuilder().resolution(1, "LPMM").xml());
+    Digitizer::instance()->selectDevice(QStringLiteral("A"), QStringLiteral("File:"));
+    const Input read(input);
+    const std::vector<Report> expected = byModel(read);
+    require(byImport(read, false, host) == expected, "the import");
+    require(byImport(read, true, host) == expected, "the step with field maps");
+}
