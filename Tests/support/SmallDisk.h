@@ -11,8 +11,9 @@
 
 #include <sys/mount.h>
 
-/// A file system of \a kilobytes in memory at a directory, which is made. Mounting takes rights that
-/// an ordinary user and many a container do not have; problem() then says so, and a test is skipped.
+/// A file system of \a kilobytes in memory at a directory, which is made. Mounting takes rights
+/// that an ordinary user and many a container do not have; problem() then says so, and a test is
+/// skipped.
 class SmallDisk
 {
 public:
