@@ -59,7 +59,7 @@ void ReentryTest::keptHosts()
 void ReentryTest::randomHosts()
 {
     const QStringList range =
-        qEnvironmentVariable("REENTRY_SEEDS", QStringLiteral("1-60")).split(QLatin1Char('-'));
+        qEnvironmentVariable("REENTRY_SEEDS", QStringLiteral("1-30")).split(QLatin1Char('-'));
     QStringList failed;
     for (int seed = range.first().toInt(); seed <= range.last().toInt(); ++seed) {
         if (!runAlone(ReentrantHost::randomDecisions(quint32(seed))))
