@@ -248,6 +248,9 @@ void DescriptionTest::theSearchAgreesWithParsingEveryFile_data()
     row("<?xml version='1.0' encoding='ISO-8859-1'?><d name='\xe9'/>", "\xc3\xa9");
     QTest::newRow("UTF-16") << QByteArray("\xff\xfe<\0d\0 \0n\0a\0m\0e\0=\0'\0A\0'\0/\0>\0", 28)
                             << QStringLiteral("A");
+    QTest::newRow("the largest file with a declaration")
+        << QByteArray("<!DOCTYPE d [<!ENTITY n 'A'>]><d name='&n;'/>").leftJustified(16 * 1024)
+        << QStringLiteral("A");
     // What looks like markup, in a file large enough that declarations are refused.
     const QByteArray lookalikes =
         "<!ENTITY <!ELEMENT <!ATTLIST [" + QByteArray("a=\"b\" ").repeated(3000);

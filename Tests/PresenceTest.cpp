@@ -162,6 +162,7 @@ void PresenceTest::anInstallationHasWholeFilesOnly()
         QVERIFY(QFile::setPermissions(folder.path(),
                                       QFile::Permissions(kilobytes == 0 ? 0x5555 : 0x7755)));
         const Unprivileged user(kilobytes == 0);
+        const RecordedMessages messages(true);
         const QString answer = atStart
                                    ? installShippedDescriptions(
                                          host.path(QStringLiteral("plugins/digitizer/generated")),
@@ -171,6 +172,8 @@ void PresenceTest::anInstallationHasWholeFilesOnly()
                                  : kilobytes > 0 ? QStringLiteral("No Error has occurred")
                                                  : QStringLiteral("Digitizer Not Present...");
         QVERIFY2(answer.startsWith(expected), qPrintable(answer));
+        const int told = RecordedMessages::texts().filter(QStringLiteral("not installed")).size();
+        QCOMPARE(told, atStart ? 0 : 20 - folder.entryList(QDir::Files).size());
     }
     QVERIFY(QFile::setPermissions(folder.path(), QFile::Permissions(0x7755))); // to be removed
     const QStringList files = folder.entryList(QDir::Files | QDir::Hidden);

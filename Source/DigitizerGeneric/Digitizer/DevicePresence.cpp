@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/DescriptionFiles.h"
+#include "DigitizerGeneric/Digitizer/Diagnostics.h"
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/RegularFile.h"
 #include "MavCore/MavApplication.h"
@@ -17,9 +18,12 @@ void installShippedDescriptions(const QDir& installed)
     QDir shipped = MavApplication::instance()->pluginsDir();
     if (!shipped.cd(QStringLiteral("digitizer/generated")))
         return;
-    for (const QFileInfo& file : DescriptionFiles::candidates(shipped))
-        copyRegularFile(file.absoluteFilePath(),
-                        installed.absolutePath() + QLatin1Char('/') + file.fileName());
+    for (const QFileInfo& file : DescriptionFiles::candidates(shipped)) {
+        const QString target = installed.absolutePath() + QLatin1Char('/') + file.fileName();
+        if (!copyRegularFile(file.absoluteFilePath(), target))
+            qCDebug(lcDescriptions).noquote()
+                << target << "is not installed: the shipped file could not be copied";
+    }
 }
 
 bool driverIsDescribed(const QString& driver)
