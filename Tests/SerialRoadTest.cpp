@@ -504,6 +504,7 @@ const LineRow lineRows[] = {
     {"damaged", "lines", "send 12?41$56782$", "over:12?41$ 5.6,7.8,2"},
     {"garbage in front", "lines", "send #12341$56782$", "over:#12341$ 5.6,7.8,2"},
     {"never completed", "lines", "send 12; await 1; send 56782$", "over:12 5.6,7.8,2"},
+    {"a busy host makes no pause", "lines", "send 123; taken; stall 41$", "1.2,3.4,1"},
     {"an unknown button", "lines", "send 1234Z$", "1.2,3.4,0"},
     {"without line ends, at a pause", "free", "send 1234156782", "1.2,3.4,1 5.6,7.8,2"},
     {"without line ends, two would fit", "free", "send 912341; await 1; send 56782",
@@ -569,7 +570,10 @@ void SerialRoadTest::take(const QString& step)
         step.section(QLatin1Char(' '), 1).replace(QLatin1Char('$'), QLatin1Char('\r'));
     if (step.startsWith(QLatin1String("send")))
         QVERIFY(m_tablet->write(what.toLatin1()));
-    else if (step.startsWith(QLatin1String("await")))
+    else if (step.startsWith(QLatin1String("stall"))) {
+        QVERIFY(m_tablet->write(what.toLatin1()));
+        QThread::msleep(300); // the rest is there, and the time of a pause over, at the next turn
+    } else if (step.startsWith(QLatin1String("await")))
         QVERIFY2(arrived(what.toInt()), qPrintable(m_reports.join(QLatin1Char(' '))));
     else if (step.startsWith(QLatin1String("deed")))
         m_deed = what;
