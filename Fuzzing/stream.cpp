@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/ReportStream.h"
 #include "Fuzzing/FuzzTarget.h"
+#include "support/DescribedTemplate.h"
 
 #include <QByteArrayList>
 
@@ -24,10 +25,7 @@ struct Input
     }
     DigitizerArgument description() const
     {
-        DigitizerArgument description;
-        for (const char role : roles)
-            description.m_reportFormat.push_back(
-                ReportFormatValues(1 + QByteArray("BXYU.SCL").indexOf(role)));
+        DigitizerArgument description = describedTemplate(roles);
         description.m_buttons = {{{'1', ' ', ' '}}, {{'\x07', '\xe4', ' '}}};
         return description;
     }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/FieldDecoding.h"
 #include "ReferenceHost/LineMonitor.h"
+#include "support/DescribedTemplate.h"
 #include "support/TestHost.h"
 #include "tablet-simulator/PseudoTerminal.h"
 
@@ -28,11 +29,7 @@ namespace {
 
 DigitizerArgument describe(const QByteArray& letters)
 {
-    DigitizerArgument description;
-    for (const char letter : letters)
-        description.m_reportFormat.push_back(
-            ReportFormatValues(QByteArray("?BXYU.SCL").indexOf(letter)));
-    description.m_reportLength = std::uint64_t(letters.size());
+    DigitizerArgument description = describedTemplate(letters);
     description.m_resolution = 10;
     description.m_fourButtons = true;
     description.m_buttonCodeLength = 1;

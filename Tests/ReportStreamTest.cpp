@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/ReportStream.h"
+#include "support/DescribedTemplate.h"
 
 #include <QtTest>
 
@@ -15,11 +16,7 @@ namespace {
 
 DigitizerArgument describe(const QByteArray& letters)
 {
-    DigitizerArgument description;
-    for (const char letter : letters)
-        description.m_reportFormat.push_back(
-            ReportFormatValues(QByteArray("?BXYU.SCL").indexOf(letter)));
-    description.m_reportLength = std::uint64_t(letters.size());
+    DigitizerArgument description = describedTemplate(letters);
     description.m_buttons = {{{'1', ' ', ' '}}, {{'\x07', '\xe4', ' '}}};
     return description;
 }
