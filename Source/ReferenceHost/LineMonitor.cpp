@@ -58,7 +58,7 @@ QString strayText(int count)
 
 LineMonitor::LineMonitor() : LineMonitor(DigitizerArgument(), {})
 {
-    m_pauseMilliseconds = 500; // between two characters at 150 baud lies less
+    m_pauseMilliseconds = 500; // longer than the time of a character at 150 baud
 }
 
 LineMonitor::LineMonitor(const DigitizerArgument& description, Decoder decoder)
