@@ -8,9 +8,15 @@
 #include <QStringList>
 #include <QVector>
 
-/// Whether a description must have something. What tells of the report is not needed when the
-/// driver has a layout of its own.
-enum class Presence { Optional, Advisable, OfReport, Required };
+/// Whether a description must have something.
+enum class Presence {
+    Optional,
+    Advisable,
+    OfReport,   ///< needed unless the driver has a layout of its own
+    OfPort,     ///< needed for a tablet, not for a pen
+    OfTemplate, ///< needed where both of these are
+    Required,
+};
 
 /// What is known of one attribute of a description.
 struct KnownAttribute

@@ -124,6 +124,7 @@ private:
     QVector<LintFinding> m_findings;
     int m_buttonPositions = 0;   // of the template, as far as it has a meaning
     bool m_hasOwnLayout = false; // the driver of this name does not use the template
+    bool m_isPen = false;        // it has neither a serial line nor a report
 };
 
 QVector<LintFinding> Lint::run()
@@ -137,6 +138,8 @@ QVector<LintFinding> Lint::run()
                              : QStringLiteral("well-formed XML within the limits"));
     if (m_outline.root) {
         const XmlElement& root = *m_outline.root;
+        m_isPen = !root.child(QStringLiteral("ioPort")) &&
+                  !root.child(QStringLiteral("reportFormat"));
         checkName(root);
         checkElement(root, knownDescription());
         if (const XmlElement* resolution = root.child(QStringLiteral("resolution")))
@@ -166,7 +169,11 @@ void Lint::checkElement(const XmlElement& element, const KnownElement& known)
 void Lint::checkPresence(const XmlElement& parent, const QString& missing, Presence presence,
                          const QString& accepted)
 {
-    if (presence == Presence::Optional || (presence == Presence::OfReport && m_hasOwnLayout))
+    const bool isNotNeeded =
+        presence == Presence::Optional || (presence == Presence::OfPort && m_isPen) ||
+        (presence == Presence::OfReport && m_hasOwnLayout) ||
+        (presence == Presence::OfTemplate && (m_hasOwnLayout || m_isPen));
+    if (isNotNeeded)
         return;
     add(parent.offset, presence == Presence::Advisable ? LintFinding::Warning : LintFinding::Error,
         missing + QLatin1String(" is missing"), QStringLiteral("none"), accepted);
