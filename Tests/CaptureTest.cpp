@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
+#include "DigitizerGeneric/Digitizer/PortRights.h"
 #include "ReferenceHost/PieceDrawing.h"
-#include "ReferenceHost/PortAccess.h"
 #include "ReferenceHost/RecordedSession.h"
 #include "support/ProgramRun.h"
 #include "tablet-simulator/PseudoTerminal.h"
@@ -36,10 +36,13 @@ public:
         if (!output.isEmpty())
             m_process.setStandardOutputFile(output);
         plugIn();
-        m_process.start(QStringLiteral(PROGRAM_DIRECTORY "/digitizer"),
-                        QStringList{QStringLiteral("capture"), QStringLiteral("--driver"), driver,
-                                    QStringLiteral("--device"), device()} +
-                            arguments);
+        const QStringList tablet = arguments.contains(QLatin1String("--description"))
+                                       ? QStringList()
+                                       : QStringList{QStringLiteral("--driver"), driver};
+        m_process.start(
+            QStringLiteral(PROGRAM_DIRECTORY "/digitizer"),
+            QStringList{QStringLiteral("capture"), QStringLiteral("--device"), device()} + tablet +
+                arguments);
     }
 
     ~Capture()
@@ -160,7 +163,8 @@ void CaptureTest::reportsAreWrittenInEachFormat_data()
                      "     2     2.5397     1.2698       2  curve\n"
                      "     3     5.0794     5.0794       0  other\n"
                      "     4          -          -      14  closing\n");
-    row("--count 3 --format csv --buttons 1=notch,0=hole,2=end",
+    row("--description " SOURCE_DIRECTORY "/Plugins/digitizer/generated/summagraphics-uiof16.xml "
+        "--count 3 --format csv --buttons 1=notch,0=hole,2=end",
         "number,x_cm,y_cm,button,kind\n1,0,0,1,notch\n"
         "2,2.5396825396825,1.26984126984125,2,end\n3,5.079365079365,5.079365079365,0,hole\n"
         "4,2.2250738585072014e-308,2.2250738585072014e-308,14,closing\n");
@@ -418,7 +422,7 @@ void CaptureTest::missingRightsAreExplained_data()
     QTest::addColumn<QString>("advice");
     QTest::newRow("group may") << QStringLiteral("uucp") << 0660U
                                << QStringLiteral("it belongs to the group uucp; join it with 'sudo "
-                                                 "usermod -aG uucp ann' and log in again");
+                                                 "usermod -aG uucp $USER' and log in again");
     const QString owner =
         QStringLiteral("only its owner root may (rights %1); let an administrator "
                        "give it to a group, such as dialout, with read and write "
@@ -434,9 +438,9 @@ void CaptureTest::missingRightsAreExplained()
     QFETCH(QString, group);
     QFETCH(unsigned, mode);
     QFETCH(QString, advice);
-    QCOMPARE(rightsAdvice({QStringLiteral("/dev/ttyS0"), QStringLiteral("root"), group, mode},
-                          QStringLiteral("ann")),
-             QStringLiteral("ann may not use /dev/ttyS0: ") + advice);
+    QCOMPARE(MavSystem::rightsAdvice(
+                 {QStringLiteral("/dev/ttyS0"), QStringLiteral("root"), group, mode}),
+             QStringLiteral("you may not use /dev/ttyS0: ") + advice);
 }
 
 void CaptureTest::picturesShowTheTracedPiece_data()

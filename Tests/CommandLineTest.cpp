@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/CommandLine.h"
 #include "ReferenceHost/NearestNames.h"
-#include "ReferenceHost/ShippedDescriptions.h"
 #include "support/ProgramRun.h"
 
 #include <QtTest>
@@ -18,8 +17,6 @@ private slots:
     void theManualPageNamesEveryCommandAndOption();
     void nearestNamesAreFound_data();
     void nearestNamesAreFound();
-    void shippedDescriptionsAreKeptUpToDate_data();
-    void shippedDescriptionsAreKeptUpToDate();
 };
 
 void CommandLineTest::aWrongCommandLineIsOneClearLine_data()
@@ -98,39 +95,6 @@ void CommandLineTest::nearestNamesAreFound()
                                QStringLiteral("Summagraphics Bit Pad Two (CR LF)"),
                                QStringLiteral("Summagraphics Bit Pad Two (CR)")}),
           "nearest");
-}
-
-void CommandLineTest::shippedDescriptionsAreKeptUpToDate_data()
-{
-    QTest::addColumn<QByteArray>("installed"); // null: no such file
-    QTest::addColumn<QByteArray>("afterwards");
-    QTest::newRow("as the last release installed it") << QByteArray("old") << QByteArray("new");
-    QTest::newRow("removed") << QByteArray() << QByteArray("new");
-    QTest::newRow("changed by the user") << QByteArray("mine") << QByteArray("mine");
-}
-
-void CommandLineTest::shippedDescriptionsAreKeptUpToDate()
-{
-    QFETCH(QByteArray, installed);
-    TestHost host;
-    const QDir shipped(host.path(QStringLiteral("shipped")));
-    const QDir data(host.path(QStringLiteral("data")));
-    const QString file = data.filePath(QStringLiteral("generated/a.xml"));
-    host.write(QStringLiteral("shipped/a.xml"), "old");
-    QCOMPARE(installShippedDescriptions(shipped, data), QString());
-    host.write(QStringLiteral("data/generated/own.xml"), "own");
-
-    QVERIFY(QFile::remove(file));
-    if (!installed.isNull())
-        host.write(QStringLiteral("data/generated/a.xml"), installed);
-    host.write(QStringLiteral("shipped/a.xml"), "new");
-    QCOMPARE(installShippedDescriptions(shipped, data), QString());
-    QFile result(file);
-    QVERIFY(result.open(QIODevice::ReadOnly));
-    QTEST(result.readAll(), "afterwards");
-    QCOMPARE(data.entryList(QDir::Files).size() +
-                 QDir(data.filePath(QStringLiteral("generated"))).entryList(QDir::Files).size(),
-             3);
 }
 
 QTEST_GUILESS_MAIN(CommandLineTest)

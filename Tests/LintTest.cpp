@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/BoundedXmlReader.h"
 #include "DigitizerGeneric/Digitizer/DescriptionFiles.h"
+#include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/SerialSettings.h"
 #include "ReferenceHost/DescriptionKeys.h"
 #include "ReferenceHost/DescriptionLint.h"
-#include "ReferenceHost/ShippedDescriptions.h"
 #include "support/ProgramRun.h"
 #include "support/TestHost.h"
 #include "support/WatchedPipe.h"
@@ -282,7 +282,7 @@ void LintTest::nobodyWaitsForAPipe_data()
         "digitizer|lint|" SOURCE_DIRECTORY "/Examples/descriptions/annotated.xml", "");
     row("home/DigitizerGeneric/generated/generic-5-5-1.xml", "digitizer|drivers", "");
     row("plugins/digitizer/generated/file", "deviceExist", "");
-    row("plugins/digitizer/generated/file", "installShippedDescriptions", "");
+    row("plugins/digitizer/generated/file", "prepare", "");
 }
 
 void LintTest::nobodyWaitsForAPipe()
@@ -298,11 +298,8 @@ void LintTest::nobodyWaitsForAPipe()
     QVERIFY(QFile::link(host.path(QStringLiteral("pipe")), host.path(link)));
     if (command == QLatin1String("deviceExist")) {
         MavSystem::Digitizer::deviceExist();
-    } else if (command == QLatin1String("installShippedDescriptions")) {
-        QCOMPARE(
-            installShippedDescriptions(host.path(QStringLiteral("plugins/digitizer/generated")),
-                                       host.appDataLocation()),
-            QString());
+    } else if (command == QLatin1String("prepare")) {
+        QCOMPARE(MavSystem::DescriptionFolder::prepare(), QString());
     } else {
         DigitizerProcess process(host);
         QStringList arguments =

@@ -116,15 +116,22 @@ void MonitorTest::theSummaryCounts()
 void MonitorTest::aLineIsShownUntilItEnds_data()
 {
     QTest::addColumn<bool>("cablePulled");
-    QTest::newRow("stopped") << false;
-    QTest::newRow("cable pulled") << true;
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QString>("tablet");
+    QTest::newRow("stopped") << false << QStringLiteral("--driver")
+                             << QStringLiteral("Genius NewSketch MM (500 LPI)");
+    QTest::newRow("cable pulled") << true << QStringLiteral("--description")
+                                  << QStringLiteral(SOURCE_DIRECTORY "/Plugins/digitizer/generated/"
+                                                                     "genius-newsketch-mm.xml");
 }
 
 void MonitorTest::aLineIsShownUntilItEnds()
 {
     QFETCH(bool, cablePulled);
+    QFETCH(QString, option);
+    QFETCH(QString, tablet);
     TestHost host;
-    PseudoTerminal tablet;
+    PseudoTerminal terminal;
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("XDG_DATA_HOME"), host.path(QStringLiteral("home")));
@@ -133,16 +140,16 @@ void MonitorTest::aLineIsShownUntilItEnds()
     QByteArray output;
     connect(&process, &QProcess::readyReadStandardOutput, this,
             [&] { output += process.readAllStandardOutput(); });
-    process.start(QStringLiteral(PROGRAM_DIRECTORY "/digitizer"),
-                  {QStringLiteral("monitor"), QStringLiteral("--device"), tablet.path(),
-                   QStringLiteral("--driver"), QStringLiteral("Genius NewSketch MM (500 LPI)")});
+    process.start(
+        QStringLiteral(PROGRAM_DIRECTORY "/digitizer"),
+        {QStringLiteral("monitor"), QStringLiteral("--device"), terminal.path(), option, tablet});
     process.write("\n"); // once the port is open, the summary shows it
     QTRY_VERIFY2(output.contains("0 bytes"), qPrintable(process.errorString()));
-    QVERIFY(tablet.write("?,\n1234,0567,2\r\n12"));
+    QVERIFY(terminal.write("?,\n1234,0567,2\r\n12"));
     QTRY_VERIFY2(output.contains("2 stray bytes"), output.constData()); // after a pause
     QVERIFY2(output.contains("button 2 at 6.2679, 2.8800 cm"), output.constData());
     if (cablePulled)
-        tablet.hangUp();
+        terminal.hangUp();
     else
         process.terminate();
     QVERIFY(process.waitForFinished());

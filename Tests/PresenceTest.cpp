@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
+#include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
-#include "ReferenceHost/ShippedDescriptions.h"
 #include "support/DescriptionBuilder.h"
 #include "support/RecordedMessages.h"
 #include "support/SmallDisk.h"
@@ -163,11 +163,7 @@ void PresenceTest::anInstallationHasWholeFilesOnly()
                                       QFile::Permissions(kilobytes == 0 ? 0x5555 : 0x7755)));
         const Unprivileged user(kilobytes == 0);
         const RecordedMessages messages(true);
-        const QString answer = atStart
-                                   ? installShippedDescriptions(
-                                         host.path(QStringLiteral("plugins/digitizer/generated")),
-                                         host.appDataLocation())
-                                   : Digitizer::deviceExist();
+        const QString answer = atStart ? DescriptionFolder::prepare() : Digitizer::deviceExist();
         const QString expected = atStart         ? QStringLiteral("cannot write the description ")
                                  : kilobytes > 0 ? QStringLiteral("No Error has occurred")
                                                  : QStringLiteral("Digitizer Not Present...");

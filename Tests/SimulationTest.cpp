@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/FieldDecoding.h"
 #include "ReferenceHost/Command.h"
-#include "ReferenceHost/DriverList.h"
+#include "ReferenceHost/DriverOptions.h"
 #include "ReferenceHost/RecordedSession.h"
 #include "support/DescriptionBuilder.h"
 #include "support/TestHost.h"
@@ -228,7 +228,7 @@ void SimulationTest::reportsFollowTheTemplate()
             .report(layout)
             .buttons(QByteArray::number(buttons.size()), codeLength, buttons)
             .xml();
-    const Driver driver = driverFromFile(host.write(QStringLiteral("a.xml"), content));
+    const DescribedDriver driver = driverFromFile(host.write(QStringLiteral("a.xml"), content));
     const EncodedReport report = encodeReport(driver.description, press);
     QTEST(report.error.isEmpty() ? QString::fromLatin1(quotedBytes(report.bytes)) : report.error,
           "outcome");

@@ -23,6 +23,8 @@ private slots:
     void beepReachesTheTablet();
     void holdersAreFound();
     void portsAreListed();
+    void descriptionsAreInstalled_data();
+    void descriptionsAreInstalled();
     void lintEndsWithItsStatus_data();
     void lintEndsWithItsStatus();
     void privateNamesAreTakenOut_data();
@@ -59,7 +61,7 @@ void TechnicianTest::checkSaysWhatToDo_data()
         QTest::newRow(title) << QString::fromLatin1(command) << QString::fromLatin1(driver)
                              << QString::fromLatin1(device) << status << messages;
     };
-    const QString absent = QStringLiteral("Digitizer Not Present...: ");
+    const QString absent = QStringLiteral("no installed description has the name \"");
     row("usable", "check", "Beeping", "PORT", 0, {});
     row("digital pen", "check", "Beeping", "File:", 0, {});
     row("nearest name", "check", "beping", "PORT", 1,
@@ -67,9 +69,9 @@ void TechnicianTest::checkSaysWhatToDo_data()
     row("digital pen without a driver", "check", "wacom", "File:", 1,
         {absent, QStringLiteral("\"Wacom II-S ASCII (SD-510C, ArtPad)\"")});
     row("broken template", "check", "Broken", "PORT", 1,
-        {QStringLiteral("broken.xml is broken ('digitizer lint ")});
+        {QStringLiteral("broken.xml has no usable report template ('digitizer lint ")});
     row("no such port", "check", "Beeping", "/dev/ttyNONE", 1,
-        {QStringLiteral("The /dev/ttyNONE file doesn't exists: "),
+        {QStringLiteral("there is no port /dev/ttyNONE "),
          QStringLiteral("'digitizer ports' lists the ports")});
     row("no serial port", "check", "Beeping", "/dev/null", 1,
         {QStringLiteral("/dev/null is not a serial port")});
@@ -166,6 +168,50 @@ void TechnicianTest::portsAreListed()
         QVERIFY2(QFile::exists(port.value(QLatin1String("port")).toString()), qPrintable(line));
         QCOMPARE(port.size(), 8);
     }
+}
+
+void TechnicianTest::descriptionsAreInstalled_data()
+{
+    QTest::addColumn<QString>("arguments"); // "@" is the folder of the files
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QString>("message"); // a part of what is said
+    const auto row = [](const char* arguments, int status, const char* message) {
+        QTest::newRow(arguments) << QString::fromLatin1(arguments) << status
+                                 << QString::fromLatin1(message);
+    };
+    row("install|@new.xml", 0, "\"New\" is installed: @home/DigitizerGeneric/generated/new.xml\n");
+    row("install|" SOURCE_DIRECTORY "/Examples/pen/example-pen.xml", 0, "\"Example Pen\" is");
+    row("install|@beeping.xml", 1, "beeping.xml is there already, with another content");
+    row("install|--force|@beeping.xml", 0, "\"Beeping\" is installed");
+    row("install|@broken.xml|@new.xml", 1, "broken.xml is not installed: correct the errors above");
+    row("install|@none.xml", 1, "none.xml cannot be read: No such file");
+    row("install", 2, "FILE... is missing");
+    row("check|--device|PORT|--description|@new.xml", 0, "No Error has occurred");
+    row("check|--device|PORT|--description|@broken.xml", 1, "template does not fit");
+    row("check|--device|PORT|--description|@new.xml|--driver|New", 2, "exclude each other");
+}
+
+void TechnicianTest::descriptionsAreInstalled()
+{
+    QFETCH(QString, arguments);
+    QFETCH(QString, message);
+    TestHost host;
+    install(host, QStringLiteral("beeping.xml"), beeping());
+    host.write(QStringLiteral("beeping.xml"), DescriptionBuilder("Beeping").xml());
+    host.write(QStringLiteral("new.xml"), DescriptionBuilder("New").xml());
+    host.write(QStringLiteral("broken.xml"), DescriptionBuilder("Broken").report("XxY").xml());
+    const PseudoTerminal terminal;
+    arguments.replace(QLatin1String("PORT"), terminal.path());
+    for (QString* text : {&arguments, &message})
+        text->replace(QLatin1Char('@'), host.path(QString()) + QLatin1Char('/'));
+    const ProgramRun run = runDigitizer(host, arguments.split(QLatin1Char('|')));
+    QTEST(run.exitStatus, "status");
+    const QString said = run.output + run.errors;
+    QVERIFY2(said.contains(message), qPrintable(said));
+    const bool installs = run.output.contains(QLatin1String("\"New\" is installed"));
+    QCOMPARE(
+        runDigitizer(host, {QStringLiteral("drivers")}).output.contains(QStringLiteral("\nNew\n")),
+        installs);
 }
 
 void TechnicianTest::lintEndsWithItsStatus_data()

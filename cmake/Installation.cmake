@@ -5,10 +5,13 @@ include(CMakePackageConfigHelpers)
 set(public_headers
   DigitizerGeneric/ConvertedCommand.h
   DigitizerGeneric/DigitizerGenericExport.h
+  DigitizerGeneric/Digitizer/DescribedDriver.h
+  DigitizerGeneric/Digitizer/DescriptionFolder.h
   DigitizerGeneric/Digitizer/DigitalReport.h
   DigitizerGeneric/Digitizer/Digitizer.h
   DigitizerGeneric/Digitizer/DigitizerArgument.h
   DigitizerGeneric/Digitizer/InputEvents.h
+  DigitizerGeneric/Digitizer/SelectedDevice.h
   DigitizerGeneric/Digitizer/SerialSettings.h
   DigitizerGeneric/File_Digital/ConvertedCommandInterpreter.h
   DigitizerGeneric/File_Digital/DigipenDataConverter.h

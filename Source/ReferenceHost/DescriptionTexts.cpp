@@ -45,13 +45,6 @@ QString layoutText(const DigitizerArgument& description)
     return letters;
 }
 
-QString resolutionText(const DigitizerArgument& description)
-{
-    return QStringLiteral("%1 %2").arg(
-        QString::number(description.m_resolution),
-        QLatin1String(description.m_resolutionUnit == LPI ? "LPI" : "LPMM"));
-}
-
 QString buttonCodeText(const DigitizerArgument& description, const ButtonValue& button)
 {
     const auto characters =

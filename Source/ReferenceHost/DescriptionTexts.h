@@ -19,9 +19,6 @@ QString lineSettingsText(const PortSettings& settings);
 /// Returns the report template: "XXXXUYYYYUBC".
 QString layoutText(const MavSystem::DigitizerArgument& description);
 
-/// Returns the resolution: "1000 LPI".
-QString resolutionText(const MavSystem::DigitizerArgument& description);
-
 /// Returns the characters of a button code that count: "01".
 QString buttonCodeText(const MavSystem::DigitizerArgument& description,
                        const MavSystem::ButtonValue& button);

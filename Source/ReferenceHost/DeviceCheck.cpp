@@ -3,42 +3,24 @@
 #include "ReferenceHost/DeviceCheck.h"
 
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
-#include "ReferenceHost/Command.h"
-#include "ReferenceHost/DriverList.h"
+#include "DigitizerGeneric/Digitizer/PortRights.h"
+#include "DigitizerGeneric/Digitizer/SelectedDevice.h"
 #include "ReferenceHost/PortAccess.h"
 #include "ReferenceHost/PortHolders.h"
 
-namespace {
+using namespace MavSystem;
 
-// The library finds a description by its name alone, however broken its template is.
-QString driverAdvice(const QString& name)
+QString deviceProblem(const QString& driver, const QString& device)
 {
-    try {
-        usableDriver(name);
-        return QString();
-    } catch (const CommandError& error) {
-        return QString::fromUtf8(error.what());
-    }
-}
-
-// The library's port is also locked against programs that only agree to lock; an open alone does
-// not tell of these.
-QString portAdvice(const QString& device)
-{
-    const QString problem = portProblem(device);
-    const QString holders = holdersText(portHolders(portPath(device)));
-    return problem.isEmpty()
-               ? QStringLiteral("another program may use %1; held by: %2").arg(device, holders)
-               : problem;
-}
-
-} // namespace
-
-DeviceCheck checkDevice(const QString& driver, const QString& device)
-{
-    MavSystem::Digitizer::instance()->selectDevice(driver, device);
-    DeviceCheck check = {MavSystem::Digitizer::deviceExist(), driverAdvice(driver)};
-    if (check.advice.isEmpty() && check.answer != QLatin1String("No Error has occurred"))
-        check.advice = portAdvice(device);
-    return check;
+    Digitizer::instance()->selectDevice(driver, device);
+    const QString problem = SelectedDevice::problem();
+    if (problem.isEmpty() || device == QLatin1String("File:"))
+        return problem;
+    const QString moreOnPort = portProblem(device);
+    if (!moreOnPort.isEmpty())
+        return moreOnPort;
+    // The library's port is also locked against programs that only agree to lock; an open alone
+    // does not tell of these.
+    return QStringLiteral("%1; held by: %2")
+        .arg(problem, holdersText(portHolders(portPath(device))));
 }

@@ -4,15 +4,6 @@
 
 #include <QString>
 
-/// The library's answer on a device, and what to do about it.
-struct DeviceCheck
-{
-    QString answer; ///< of Digitizer::deviceExist()
-    QString advice; ///< empty when the device can be used
-
-    bool isUsable() const { return advice.isEmpty(); }
-};
-
-/// Selects the driver and the device, a serial port or "File:", and asks the library whether they
-/// can be used. A port is opened for a moment.
-DeviceCheck checkDevice(const QString& driver, const QString& device);
+/// Selects the driver and the device, a serial port or "File:", and returns why they cannot be used
+/// and what to do; an empty text when they can. A port is opened for a moment.
+QString deviceProblem(const QString& driver, const QString& device);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/PieceDrawing.h"
 
-#include "ReferenceHost/FileReplacement.h"
+#include "DigitizerGeneric/Digitizer/RegularFile.h"
 #include "ReferenceHost/PieceGeometry.h"
 
 #include <QBuffer>
@@ -129,7 +129,7 @@ void drawPiece(QPainter& painter, const Piece& piece, int number)
 
 QString writePicture(const QString& path, const QByteArray& picture)
 {
-    const QString problem = replaceFile(path, picture);
+    const QString problem = MavSystem::replaceFile(path, picture);
     return problem.isEmpty() ? problem : QStringLiteral("cannot write %1: %2").arg(path, problem);
 }
 

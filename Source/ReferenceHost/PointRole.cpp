@@ -2,14 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/PointRole.h"
 
+#include "DigitizerGeneric/Digitizer/DescribedDriver.h"
 #include "DigitizerGeneric/Digitizer/DigitalReport.h"
 #include "ReferenceHost/Command.h"
-#include "ReferenceHost/DriverList.h"
 #include "ReferenceHost/NearestNames.h"
 
 #include <algorithm>
 #include <iterator>
-#include <limits>
 
 namespace {
 
@@ -40,7 +39,7 @@ QString roleName(PointRole role)
     return QLatin1String(names[int(role)]);
 }
 
-ButtonRoles standardButtonRoles(const Driver& driver)
+ButtonRoles standardButtonRoles(const MavSystem::DescribedDriver& driver)
 {
     const bool lectraE92 = driver.isLectraE92();
     const int first = lectraE92 ? 2 : 1;
@@ -76,8 +75,7 @@ ButtonRoles parseButtonRoles(const QString& text)
 
 PointRole roleOf(const MavSystem::DigitalReport& report, const ButtonRoles& roles)
 {
-    constexpr double closing = std::numeric_limits<double>::min();
-    if (report.coordinate().x() == closing && report.coordinate().y() == closing)
+    if (report.isClosing())
         return PointRole::Closing;
     if (report.m_button_number < 0)
         return PointRole::Rejected;

@@ -6,9 +6,9 @@
 #include <QString>
 
 namespace MavSystem {
+class DescribedDriver;
 class DigitalReport;
-}
-struct Driver;
+} // namespace MavSystem
 
 /// What a report means to the hosts. The library knows button numbers only.
 enum class PointRole {
@@ -31,7 +31,7 @@ QString roleName(PointRole role);
 /// Returns the meaning of the buttons of \a driver: 1 corner, 2 curve, 3 hole, 4 end. A table with
 /// sixteen buttons has 5 for a notch too; the others, 0 among them, have none, since 0 is also what
 /// an unknown code arrives as. "Lectra E92" numbers its four buttons from 2 to 5.
-ButtonRoles standardButtonRoles(const Driver& driver);
+ButtonRoles standardButtonRoles(const MavSystem::DescribedDriver& driver);
 
 /// Returns the map that \a text gives in the manner "1=corner,2=curve,3=hole,4=end,5=notch".
 /// Throws a CommandError with ExitUsage that names the wrong part.

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/PortList.h"
 
-#include "ReferenceHost/PortAccess.h"
+#include "DigitizerGeneric/Digitizer/PortRights.h"
 
 #include <QJsonArray>
 #include <QSerialPortInfo>
@@ -23,7 +23,7 @@ PortEntry entryOf(const QSerialPortInfo& info)
     if (info.hasVendorIdentifier() && info.hasProductIdentifier())
         port.identifier = hexadecimal(info.vendorIdentifier()) + QLatin1Char(':') +
                           hexadecimal(info.productIdentifier());
-    port.rightsProblem = rightsProblem(port.path);
+    port.rightsProblem = MavSystem::rightsProblem(port.path);
     port.holders = portHolders(port.path);
     return port;
 }

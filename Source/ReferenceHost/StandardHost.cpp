@@ -3,14 +3,20 @@
 #include "ReferenceHost/StandardHost.h"
 
 #include "ReferenceHost/Console.h"
-#include "ReferenceHost/ShippedDescriptions.h"
 
 #include <QCoreApplication>
 #include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include <memory>
+
+using namespace MavSystem;
 
 namespace {
 
 const char organization[] = "DigitizerGeneric";
+
+std::unique_ptr<QTemporaryDir> s_onlyData; // see useOnly()
 
 void showLine(const QString& text, const QString& details)
 {
@@ -24,21 +30,23 @@ StandardHost::StandardHost(const QString& programName)
     QCoreApplication::setOrganizationName(QLatin1String(organization));
     QCoreApplication::setApplicationName(programName);
     setInstance(this);
-    const QString problem = installShippedDescriptions(
-        StandardHost::pluginsDir().filePath(QStringLiteral("digitizer/generated")),
-        StandardHost::appDataLocation());
+    const QString problem = DescriptionFolder::prepare();
     if (!problem.isEmpty())
         printError(problem);
 }
 
-QDir StandardHost::pluginsDir() const
+DescriptionFolder::Result StandardHost::useOnly(const QString& file)
 {
-    return QDir(QCoreApplication::applicationDirPath() +
-                QStringLiteral("/../share/DigitizerGeneric/Plugins"));
+    s_onlyData = std::make_unique<QTemporaryDir>();
+    DescriptionFolder::Result only = DescriptionFolder::install(file);
+    only.driver.file = file;
+    return only;
 }
 
 QDir StandardHost::appDataLocation() const
 {
+    if (s_onlyData)
+        return QDir(s_onlyData->path());
     return QDir(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
                 QLatin1Char('/') + QLatin1String(organization));
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
 #include "MavCore/MavApplication.h"
 
 /// What the programs of this project are to the driver library: where descriptions are, and how
@@ -10,8 +11,8 @@
 /// Settings and data are the project's own, never those of another program:
 ///   settings           ~/.config/DigitizerGeneric/PROGRAM.conf
 ///   data               ~/.local/share/DigitizerGeneric, shared by the programs
-///   installed          "generated" in the data folder, see ShippedDescriptions.h
-///   shipped            ../share/DigitizerGeneric/Plugins, from the folder of the executable
+///   installed          "generated" in the data folder; those of the library come there at the
+///   start
 /// XDG_CONFIG_HOME and XDG_DATA_HOME move the first two as everywhere.
 class StandardHost : public MavSystem::MavApplication
 {
@@ -20,7 +21,10 @@ public:
     /// installed descriptions up to date. To be made once, after the QCoreApplication.
     explicit StandardHost(const QString& programName);
 
-    QDir pluginsDir() const override;
+    /// Makes the description \a file the only one of this process, in a data folder of its own that
+    /// goes with the process. Returns its driver, or why it stays as it was.
+    static MavSystem::DescriptionFolder::Result useOnly(const QString& file);
+
     QDir appDataLocation() const override;
 
     /// Each is one line on the standard error stream.

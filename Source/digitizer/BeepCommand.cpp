@@ -5,7 +5,7 @@
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/RegularFile.h"
 #include "ReferenceHost/DeviceCheck.h"
-#include "ReferenceHost/DriverList.h"
+#include "ReferenceHost/DriverOptions.h"
 #include "ReferenceHost/OptionValues.h"
 #include "ReferenceHost/XmlOutline.h"
 
@@ -13,7 +13,7 @@
 
 namespace {
 
-bool hasBeep(const Driver& driver)
+bool hasBeep(const MavSystem::DescribedDriver& driver)
 {
     QFile file(driver.file);
     if (!MavSystem::openRegularFile(file).isEmpty())
@@ -26,7 +26,7 @@ bool hasBeep(const Driver& driver)
 
 void requireBeep(const QString& driver)
 {
-    const Driver described = requiredDriver(driver);
+    const auto described = requiredDriver(driver);
     if (!hasBeep(described))
         throw CommandError(
             QStringLiteral("the description %1 has no beep (an element \"beepString\")")
@@ -43,9 +43,9 @@ int run(const QCommandLineParser& parser)
         throw CommandError(QStringLiteral("--device is File:, but a digital pen cannot beep"),
                            ExitUsage);
     requireBeep(driver);
-    const DeviceCheck check = checkDevice(driver, device);
-    if (!check.isUsable())
-        throw CommandError(QStringLiteral("%1: %2").arg(check.answer, check.advice));
+    const QString problem = deviceProblem(driver, device);
+    if (!problem.isEmpty())
+        throw CommandError(problem);
     const auto digitizer = MavSystem::Digitizer::instance();
     if (!digitizer->open())
         return ExitFailure; // the library has shown why

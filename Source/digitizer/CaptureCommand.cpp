@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "digitizer/CaptureCommand.h"
 
+#include "DigitizerGeneric/Digitizer/PortRights.h"
 #include "ReferenceHost/Console.h"
+#include "ReferenceHost/DriverOptions.h"
 #include "ReferenceHost/OptionValues.h"
 #include "ReferenceHost/OutputOptions.h"
 #include "ReferenceHost/PortAccess.h"
@@ -16,7 +18,6 @@
 
 namespace {
 
-const QString driverOption = QStringLiteral("driver");
 const QString deviceOption = QStringLiteral("device");
 const QString countOption = QStringLiteral("count");
 const QString buttonsOption = QStringLiteral("buttons");
@@ -26,12 +27,6 @@ const QString noReconnectOption = QStringLiteral("no-reconnect");
 
 // Longer than the pause after which the driver has handed over whatever the tap passed on to it.
 constexpr int handOverMilliseconds = 500;
-
-Driver chosenDriver(const QCommandLineParser& parser)
-{
-    return usableDriver(
-        requiredValue(parser, driverOption, QStringLiteral("'digitizer drivers' lists the names")));
-}
 
 QString usablePort(const QCommandLineParser& parser)
 {
@@ -44,7 +39,7 @@ QString usablePort(const QCommandLineParser& parser)
     const QString problem = portProblem(device);
     if (!problem.isEmpty())
         throw CommandError(problem);
-    return portPath(device);
+    return MavSystem::portPath(device);
 }
 
 CaptureOptions parseOptions(const QCommandLineParser& parser)
@@ -56,7 +51,7 @@ CaptureOptions parseOptions(const QCommandLineParser& parser)
     options.reconnect = !parser.isSet(noReconnectOption);
     if (parser.isSet(buttonsOption))
         options.roles = parseButtonRoles(parser.value(buttonsOption));
-    options.driver = chosenDriver(parser);
+    options.driver = requireReports(DriverOptions::chosen(parser));
     if (!parser.isSet(buttonsOption))
         options.roles = standardButtonRoles(options.driver);
     options.device = usablePort(parser);
@@ -116,8 +111,8 @@ Command captureCommand()
                        "tablets with sixteen buttons 5 is a notch. With \"Lectra E92\" the same "
                        "four begin at button 2.")};
     command.options = {
-        {driverOption, QStringLiteral("The description to use; 'digitizer drivers' lists them."),
-         QStringLiteral("NAME")},
+        DriverOptions::driver(),
+        DriverOptions::description(),
         {deviceOption, QStringLiteral("The serial port, such as /dev/ttyUSB0."),
          QStringLiteral("PORT")},
         {countOption, QStringLiteral("Ends after N reports."), QStringLiteral("N")},

@@ -17,7 +17,7 @@ constexpr int retryMilliseconds = 500;
 
 const char usable[] = "No Error has occurred";
 
-QString unreadAdvice(const Driver& driver)
+QString unreadAdvice(const DescribedDriver& driver)
 {
     return QStringLiteral("the tablet sends, but not one whole report of %1 characters at a time, "
                           "so nothing is read any more: end with Ctrl-C and start again while the "

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ReferenceHost/DriverList.h"
+#include "DigitizerGeneric/Digitizer/DescribedDriver.h"
 #include "ReferenceHost/PieceRecorder.h"
 #include "ReferenceHost/ReportWriter.h"
 #include "ReferenceHost/StopSignals.h"
@@ -15,7 +15,7 @@
 /// What the user asked for.
 struct CaptureOptions
 {
-    Driver driver;
+    MavSystem::DescribedDriver driver;
     QString device;
     int count = 0; ///< reports after which capturing ends; 0 for no limit
     ReportWriter::Format format = ReportWriter::Text;

@@ -2,22 +2,27 @@
 // SPDX-License-Identifier: MIT
 #include "digitizer/CheckCommand.h"
 
+#include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "ReferenceHost/Console.h"
 #include "ReferenceHost/DeviceCheck.h"
+#include "ReferenceHost/DriverOptions.h"
 #include "ReferenceHost/OptionValues.h"
+
+using namespace MavSystem;
 
 namespace {
 
 int run(const QCommandLineParser& parser)
 {
-    const QString driver = requiredValue(parser, QStringLiteral("driver"),
-                                         QStringLiteral("'digitizer drivers' lists the names"));
+    const DescribedDriver driver = DriverOptions::chosen(parser);
     const QString device = requiredValue(parser, QStringLiteral("device"),
                                          QStringLiteral("'digitizer ports' lists the ports"));
-    const DeviceCheck check = checkDevice(driver, device);
-    if (!check.isUsable())
-        throw CommandError(QStringLiteral("%1: %2").arg(check.answer, check.advice));
-    return printOutput(check.answer + QLatin1Char('\n')) ? ExitSuccess : ExitFailure;
+    if (device != QLatin1String("File:"))
+        requireReports(driver);
+    const QString problem = deviceProblem(driver.name, device);
+    if (!problem.isEmpty())
+        throw CommandError(problem);
+    return printOutput(Digitizer::deviceExist() + QLatin1Char('\n')) ? ExitSuccess : ExitFailure;
 }
 
 } // namespace
@@ -27,15 +32,14 @@ Command checkCommand()
     Command command;
     command.name = QStringLiteral("check");
     command.summary = QStringLiteral("say whether a tablet can be used, and if not what to do");
-    command.description = QStringList{QStringLiteral(
-        "Asks the driver whether it can use the device: an installed description "
-        "has the name, and the port opens. Prints the driver's answer; when the "
-        "device cannot be used, also what to do next. Nothing is sent to the tablet, "
-        "so one that is switched off passes.")};
+    command.description = QStringList{
+        QStringLiteral("Asks the driver whether it can use the device: an installed description "
+                       "has the name, and the port opens. Prints the driver's answer, or why the "
+                       "device cannot be used and what to do next. Nothing is sent to the tablet, "
+                       "so one that is switched off passes.")};
     command.options = {
-        {QStringLiteral("driver"),
-         QStringLiteral("The description to use; 'digitizer drivers' lists them."),
-         QStringLiteral("NAME")},
+        DriverOptions::driver(),
+        DriverOptions::description(),
         {QStringLiteral("device"),
          QStringLiteral("The serial port, such as /dev/ttyUSB0, or File: for the digital pen."),
          QStringLiteral("PORT")}};

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "digitizer/DescribeCommand.h"
 
+#include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
 #include "DigitizerGeneric/Digitizer/RegularFile.h"
 #include "ReferenceHost/Console.h"
 #include "ReferenceHost/DescriptionLint.h"
 #include "ReferenceHost/DescriptionProposal.h"
 #include "ReferenceHost/DescriptionTexts.h"
-#include "ReferenceHost/DriverList.h"
 #include "ReferenceHost/LineSettings.h"
 #include "ReferenceHost/PressProtocol.h"
 #include "digitizer/LineOptions.h"
@@ -127,7 +127,7 @@ QString describe(const Observation& observation)
 void lint(const QByteArray& description)
 {
     QMap<QString, QString> installed;
-    for (const Driver& driver : installedDrivers())
+    for (const auto& driver : MavSystem::DescriptionFolder::drivers())
         installed.insert(driver.name, driver.file);
     for (const LintFinding& finding : lintDescription(description, installed))
         printError(textOf(QStringLiteral("proposal"), finding));

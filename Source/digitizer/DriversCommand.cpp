@@ -2,30 +2,32 @@
 // SPDX-License-Identifier: MIT
 #include "digitizer/DriversCommand.h"
 
+#include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
 #include "ReferenceHost/Console.h"
 #include "ReferenceHost/DescriptionTexts.h"
-#include "ReferenceHost/DriverList.h"
 #include "ReferenceHost/OptionValues.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
+using namespace MavSystem;
+
 namespace {
 
-QStringList buttonCodes(const Driver& driver)
+QStringList buttonCodes(const DescribedDriver& driver)
 {
     QStringList codes;
-    for (const MavSystem::ButtonValue& button : driver.description.m_buttons)
+    for (const ButtonValue& button : driver.description.m_buttons)
         codes << buttonCodeText(driver.description, button);
     return codes;
 }
 
-QString entryOf(const Driver& driver)
+QString entryOf(const DescribedDriver& driver)
 {
     const QString support =
         driver.support.isEmpty() ? QStringLiteral("not stated") : driver.support;
-    const QString layout = driver.isUsable()
+    const QString layout = driver.takesReports()
                                ? layoutText(driver.description)
                                : QStringLiteral("not usable ('digitizer lint FILE' says why)");
     return QStringLiteral("%1\n"
@@ -36,21 +38,20 @@ QString entryOf(const Driver& driver)
                           "  buttons     %6\n"
                           "  support     %7\n")
         .arg(driver.name, driver.file, lineSettingsText(driver.description.m_portSettings),
-             resolutionText(driver.description), layout, buttonCodes(driver).join(QLatin1Char(' ')),
-             support);
+             driver.resolutionText(), layout, buttonCodes(driver).join(QLatin1Char(' ')), support);
 }
 
-QString objectOf(const Driver& driver)
+QString objectOf(const DescribedDriver& driver)
 {
     const QJsonObject object = {
         {QStringLiteral("name"), driver.name},
         {QStringLiteral("file"), driver.file},
         {QStringLiteral("line"), lineSettingsText(driver.description.m_portSettings)},
-        {QStringLiteral("resolution"), resolutionText(driver.description)},
+        {QStringLiteral("resolution"), driver.resolutionText()},
         {QStringLiteral("layout"), layoutText(driver.description)},
         {QStringLiteral("buttons"), QJsonArray::fromStringList(buttonCodes(driver))},
         {QStringLiteral("support"), driver.support},
-        {QStringLiteral("usable"), driver.isUsable()}};
+        {QStringLiteral("usable"), driver.takesReports()}};
     return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)) +
            QLatin1Char('\n');
 }
@@ -59,7 +60,7 @@ int run(const QCommandLineParser& parser)
 {
     const bool json = wantsJson(parser);
     QStringList entries;
-    for (const Driver& driver : installedDrivers())
+    for (const DescribedDriver& driver : DescriptionFolder::drivers())
         entries << (json ? objectOf(driver) : entryOf(driver));
     if (entries.isEmpty())
         throw CommandError(QStringLiteral("no description is installed"));

@@ -3,6 +3,7 @@
 #include "digitizer/ImportCommand.h"
 
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
+#include "ReferenceHost/DriverOptions.h"
 #include "ReferenceHost/OptionValues.h"
 #include "ReferenceHost/OutputOptions.h"
 #include "digitizer/ImportHost.h"
@@ -23,7 +24,7 @@ const QString settleOption = QStringLiteral("settle");
 const QString modeOption = QStringLiteral("mode");
 
 // A description for a pen needs no report, but a scale and the codes of the converted commands.
-void requirePenDescription(const Driver& driver)
+void requirePenDescription(const MavSystem::DescribedDriver& driver)
 {
     if (driver.description.m_resolution == 0.0)
         throw CommandError(
@@ -43,11 +44,11 @@ void requirePenDescription(const Driver& driver)
     }
 }
 
-Driver penDriver(const QCommandLineParser& parser)
+MavSystem::DescribedDriver penDriver(const QCommandLineParser& parser)
 {
     // The driver library has read the program's settings, where a driver may be named.
     const QString saved = MavSystem::Digitizer::instance()->driver();
-    const Driver driver =
+    const auto driver =
         requiredDriver(parser.isSet(driverOption) || saved.isEmpty()
                            ? requiredValue(parser, driverOption,
                                            QStringLiteral("'digitizer drivers' lists the names"))

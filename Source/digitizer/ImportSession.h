@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ReferenceHost/DriverList.h"
+#include "DigitizerGeneric/Digitizer/DescribedDriver.h"
 #include "ReferenceHost/PenDirectory.h"
 #include "ReferenceHost/PieceRecorder.h"
 #include "ReferenceHost/ReportWriter.h"
@@ -16,7 +16,7 @@
 /// What the user asked for.
 struct ImportOptions
 {
-    Driver driver;
+    MavSystem::DescribedDriver driver;
     QString directory; ///< absolute
     std::optional<int> answer;
     bool watch = false;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "digitizer/LineOptions.h"
 
+#include "DigitizerGeneric/Digitizer/PortRights.h"
 #include "ReferenceHost/Command.h"
 #include "ReferenceHost/LineSettings.h"
 #include "ReferenceHost/OptionValues.h"
@@ -61,7 +62,7 @@ QString device(const QCommandLineParser& parser)
     const QString problem = portProblem(device);
     if (!problem.isEmpty())
         throw CommandError(problem);
-    return portPath(device);
+    return MavSystem::portPath(device);
 }
 
 } // namespace LineOptions

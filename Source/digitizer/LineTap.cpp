@@ -13,7 +13,7 @@ namespace {
 
 constexpr int retryMilliseconds = 500;
 
-RecordedSession headerOf(const Driver& driver)
+RecordedSession headerOf(const MavSystem::DescribedDriver& driver)
 {
     RecordedSession session;
     session.tablet = driver.name;
@@ -25,7 +25,8 @@ RecordedSession headerOf(const Driver& driver)
 
 } // namespace
 
-LineTap::LineTap(const Driver& driver, const QString& device, const QString& path)
+LineTap::LineTap(const MavSystem::DescribedDriver& driver, const QString& device,
+                 const QString& path)
     : m_port(new QextSerialPort(QextSerialPort::EventDriven, this)),
       m_writer(path, headerOf(driver))
 {

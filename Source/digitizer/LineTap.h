@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ReferenceHost/DriverList.h"
+#include "DigitizerGeneric/Digitizer/DescribedDriver.h"
 #include "ReferenceHost/RecordedSession.h"
 #include "tablet-simulator/PseudoTerminal.h"
 
@@ -23,7 +23,7 @@ class LineTap : public QObject
 public:
     /// Opens \a device with the settings of \a driver and records into the new file \a path. Throws
     /// a CommandError when either cannot be opened.
-    LineTap(const Driver& driver, const QString& device, const QString& path);
+    LineTap(const MavSystem::DescribedDriver& driver, const QString& device, const QString& path);
     ~LineTap() override;
 
     /// Returns the path of the port for the driver library.

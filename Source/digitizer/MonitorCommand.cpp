@@ -4,7 +4,7 @@
 
 #include "DigitizerGeneric/Digitizer/FieldDecoding.h"
 #include "ReferenceHost/Console.h"
-#include "ReferenceHost/DriverList.h"
+#include "ReferenceHost/DriverOptions.h"
 #include "ReferenceHost/LineMonitor.h"
 #include "ReferenceHost/StopSignals.h"
 #include "digitizer/InputLines.h"
@@ -18,8 +18,6 @@ using namespace MavSystem;
 
 namespace {
 
-const QString driverOption = QStringLiteral("driver");
-
 std::optional<DigitalReport> decodeLectraE92(const QByteArray& bytes)
 {
     constexpr int characters = 23;
@@ -28,7 +26,7 @@ std::optional<DigitalReport> decodeLectraE92(const QByteArray& bytes)
     return FieldDecoding::lectraE92ReportOf(bytes.constData());
 }
 
-LineMonitor monitorFor(const Driver& driver)
+LineMonitor monitorFor(const DescribedDriver& driver)
 {
     if (driver.isLectraE92())
         return LineMonitor(DigitizerArgument(), decodeLectraE92);
@@ -78,14 +76,14 @@ bool showLine(SerialLine& line, LineMonitor& monitor)
 
 int run(const QCommandLineParser& parser)
 {
-    const bool hasDriver = parser.isSet(driverOption);
+    const bool hasDriver = DriverOptions::areGiven(parser);
     if (hasDriver && LineOptions::areGiven(parser))
-        throw CommandError(QStringLiteral("--driver already brings the settings of the line"),
-                           ExitUsage);
+        throw CommandError(
+            QStringLiteral("the description already brings the settings of the line"), ExitUsage);
     PortSettings settings = LineOptions::settings(parser, LineOptions::usualSettings());
     LineMonitor monitor;
     if (hasDriver) {
-        const Driver driver = usableDriver(parser.value(driverOption));
+        const DescribedDriver driver = requireReports(DriverOptions::chosen(parser));
         monitor = monitorFor(driver);
         settings = driver.description.m_portSettings;
     }
@@ -105,7 +103,8 @@ Command monitorCommand()
     command.summary = QStringLiteral("show what arrives on a serial line, byte by byte");
     command.description = QStringList{
         QStringLiteral("Shows all bytes in hexadecimal and as text, with the seconds since the "
-                       "start. With --driver it shows which of them are reports, with the button "
+                       "start. With --driver or --description it shows which of them are reports, "
+                       "with the button "
                        "and the point in centimetres, and which the driver passes over. Beneath "
                        "each byte stands its role in the template, \"!\" before a byte that does "
                        "not fit its role, and \"?\" beneath what has not the length of a report."),
@@ -116,11 +115,8 @@ Command monitorCommand()
                        "passed over, the largest x and y. The enter key shows the summary at any "
                        "time. No other program may have the port open.")};
     command.options = LineOptions::options();
-    command.options.insert(
-        1, {driverOption,
-            QStringLiteral("The description to read the bytes by; 'digitizer drivers' lists them. "
-                           "Without one the bytes are shown as they are."),
-            QStringLiteral("NAME")});
+    command.options.insert(1, DriverOptions::driver());
+    command.options.insert(2, DriverOptions::description());
     command.examples = {
         {QStringLiteral("digitizer monitor --device /dev/ttyUSB0 --baudrate 9600 --databit 7 "
                         "--parity Even"),

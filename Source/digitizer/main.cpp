@@ -9,6 +9,7 @@
 #include "digitizer/DoctorCommand.h"
 #include "digitizer/DriversCommand.h"
 #include "digitizer/ImportCommand.h"
+#include "digitizer/InstallCommand.h"
 #include "digitizer/LintCommand.h"
 #include "digitizer/MonitorCommand.h"
 #include "digitizer/PortsCommand.h"
@@ -31,13 +32,15 @@ Program digitizerProgram()
                        "XML file, or from the files of a digital pen. Coordinates are "
                        "centimetres.")};
     program.commands = {
-        captureCommand(), importCommand(),  driversCommand(),  checkCommand(), portsCommand(),
-        beepCommand(),    monitorCommand(), describeCommand(), lintCommand(),  doctorCommand(),
+        captureCommand(), importCommand(),  driversCommand(), checkCommand(),
+        portsCommand(),   beepCommand(),    monitorCommand(), describeCommand(),
+        lintCommand(),    installCommand(), doctorCommand(),
     };
     program.files = {
         {QStringLiteral("~/.local/share/DigitizerGeneric/generated"),
-         QStringLiteral("The installed device descriptions. Files of your own may be added; a "
-                        "file that you have changed is never overwritten.")},
+         QStringLiteral(
+             "The installed device descriptions. 'digitizer install' adds files of your own; a "
+             "file that you have changed is never overwritten.")},
         {QStringLiteral("~/.config/DigitizerGeneric/digitizer.conf"),
          QStringLiteral("The settings.")}};
     return program;

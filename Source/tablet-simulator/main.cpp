@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
+#include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
 #include "DigitizerGeneric/Digitizer/RegularFile.h"
 #include "QextSerialPort/SerialTiming.h"
 #include "ReferenceHost/CommandLine.h"
 #include "ReferenceHost/Console.h"
-#include "ReferenceHost/DriverList.h"
+#include "ReferenceHost/DriverOptions.h"
 #include "ReferenceHost/OptionValues.h"
 #include "ReferenceHost/RecordedSession.h"
 #include "ReferenceHost/StandardHost.h"
@@ -22,8 +23,6 @@ using namespace MavSystem;
 
 namespace {
 
-const char lectraE92[] = "Lectra E92";
-
 QByteArray contentOf(const QString& path)
 {
     QFile file(path);
@@ -33,24 +32,24 @@ QByteArray contentOf(const QString& path)
     return file.readAll();
 }
 
-Driver chosenDriver(const QCommandLineParser& parser)
+DescribedDriver chosenDriver(const QCommandLineParser& parser)
 {
     if (parser.isSet(QStringLiteral("description")))
-        return driverFromFile(parser.value(QStringLiteral("description")));
+        return requireReports(driverFromFile(parser.value(QStringLiteral("description"))));
     const QString name = requiredValue(parser, QStringLiteral("driver"),
                                        QStringLiteral("'digitizer drivers' lists them"));
     // Its layout is built in, so it needs no description.
-    if (name.compare(QLatin1String(lectraE92), Qt::CaseInsensitive) == 0 && !findDriver(name)) {
-        Driver driver;
-        driver.name = QLatin1String(lectraE92);
+    DescribedDriver driver;
+    driver.name = name;
+    if (driver.isLectraE92() && !DescriptionFolder::find(name)) {
         driver.description.m_portSettings.BaudRate = BAUD9600;
         driver.description.m_portSettings.DataBits = DATA_8;
         return driver;
     }
-    return requiredDriver(name);
+    return requireReports(requiredDriver(name));
 }
 
-QVector<Press> chosenPresses(const QCommandLineParser& parser, const Driver& driver)
+QVector<Press> chosenPresses(const QCommandLineParser& parser, const DescribedDriver& driver)
 {
     if (!parser.isSet(QStringLiteral("script")))
         return bodiceFront(driver.isLectraE92() ? 2 : 1,
@@ -62,7 +61,7 @@ QVector<Press> chosenPresses(const QCommandLineParser& parser, const Driver& dri
     return script.presses;
 }
 
-QByteArray encoded(const Press& press, const Driver& driver)
+QByteArray encoded(const Press& press, const DescribedDriver& driver)
 {
     const EncodedReport report = driver.isLectraE92() ? encodeLectraE92Report(press)
                                                       : encodeReport(driver.description, press);
@@ -105,7 +104,7 @@ LineFaults chosenFaults(const QCommandLineParser& parser, const QVector<Transmis
 
 QVector<Transmission> simulated(const QCommandLineParser& parser)
 {
-    const Driver driver = chosenDriver(parser);
+    const DescribedDriver driver = chosenDriver(parser);
     QVector<Transmission> reports;
     for (const Press& press : chosenPresses(parser, driver)) {
         const QByteArray bytes = encoded(press, driver);

@@ -13,24 +13,6 @@ namespace MavSystem::DescriptionFiles {
 
 namespace {
 
-std::optional<QByteArray> contentWithinLimit(const QString& path)
-{
-    QFile file(path);
-    const QString problem = openRegularFile(file);
-    if (!problem.isEmpty()) {
-        qCDebug(lcDescriptions).noquote() << path << "cannot be opened:" << problem;
-        return std::nullopt;
-    }
-    QByteArray content = file.size() > DescriptionLimits::bytes
-                             ? QByteArray()
-                             : file.read(DescriptionLimits::bytes + 1);
-    if (file.size() <= DescriptionLimits::bytes && content.size() <= DescriptionLimits::bytes)
-        return content;
-    qCDebug(lcDescriptions).noquote()
-        << path << "is larger than" << DescriptionLimits::bytes << "bytes";
-    return std::nullopt;
-}
-
 // The name as the root element alone tells it. A file broken further down has none all the same;
 // this is only good for passing over files that cannot match.
 std::optional<QString> nameAtRoot(const QByteArray& content)
@@ -57,19 +39,39 @@ bool mayMatch(const QByteArray& content, const QString& driverName, BrokenFile b
     return name && name->simplified() == driverName.simplified();
 }
 
-QDomDocument parse(const QString& path, const QByteArray& content)
+} // namespace
+
+Content contentOf(const QString& path)
 {
-    BoundedXmlReader reader(content);
+    QFile file(path);
+    const QString problem = openRegularFile(file);
+    if (!problem.isEmpty())
+        return {path, QByteArray(), QStringLiteral("%1 cannot be read: %2").arg(path, problem)};
+    const QByteArray bytes = file.read(DescriptionLimits::bytes + 1);
+    if (bytes.size() <= DescriptionLimits::bytes)
+        return {path, bytes, QString()};
+    return {path, QByteArray(),
+            QStringLiteral("%1 is larger than %2 bytes").arg(path).arg(DescriptionLimits::bytes)};
+}
+
+Parsed parse(const Content& content)
+{
+    if (!content.problem.isEmpty())
+        return {QDomDocument(), content.problem};
+    BoundedXmlReader reader(content.bytes);
     while (reader.readNext()) {
     }
     QDomDocument document;
     if (!reader.hasProblem() && document.setContent(reader.text(), false))
-        return document;
-    qCDebug(lcDescriptions).noquote() << path << "is not well-formed:" << reader.problem();
-    return QDomDocument();
+        return {document, QString()};
+    return {QDomDocument(),
+            QStringLiteral("%1 is not well-formed: %2").arg(content.path, reader.problem())};
 }
 
-} // namespace
+QString nameOf(const QDomDocument& document)
+{
+    return document.documentElement().attribute(QStringLiteral("name"));
+}
 
 std::optional<QDir> installedFolder()
 {
@@ -93,15 +95,17 @@ std::optional<Found> find(const QString& driverName, BrokenFile brokenFile)
     if (!folder)
         return std::nullopt;
     for (const QFileInfo& file : candidates(*folder)) {
-        const QString path = file.absoluteFilePath();
-        const std::optional<QByteArray> content = contentWithinLimit(path);
-        if (content && !mayMatch(*content, driverName, brokenFile))
+        const Content content = contentOf(file.absoluteFilePath());
+        if (content.problem.isEmpty() && !mayMatch(content.bytes, driverName, brokenFile))
             continue;
-        const QDomDocument document = content ? parse(path, *content) : QDomDocument();
-        if (document.isNull() && brokenFile == BrokenFile::Skipped)
-            continue;
-        if (document.documentElement().attribute(QStringLiteral("name")) == driverName)
-            return Found{path, document};
+        const Parsed parsed = parse(content);
+        if (!parsed.problem.isEmpty()) {
+            qCDebug(lcDescriptions).noquote() << parsed.problem;
+            if (brokenFile == BrokenFile::Skipped)
+                continue;
+        }
+        if (nameOf(parsed.document) == driverName)
+            return Found{content.path, parsed.document};
     }
     qCDebug(lcDescriptions).noquote()
         << "no file in" << folder->absolutePath() << "describes" << driverName;

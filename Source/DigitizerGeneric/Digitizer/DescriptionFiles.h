@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QByteArray>
 #include <QDir>
 #include <QDomDocument>
 #include <QFileInfoList>
@@ -17,6 +18,30 @@ enum class BrokenFile {
     Skipped, ///< it matches no driver name
     Unnamed, ///< it matches the empty driver name, as a file without a name does
 };
+
+/// The content of a file that somebody else has put where it is.
+struct Content
+{
+    QString path;
+    QByteArray bytes;
+    QString problem; ///< why there are none, a sentence with the path; or empty
+};
+
+/// Reads the file \a path, unless it is larger than a description may be. Never waits.
+Content contentOf(const QString& path);
+
+/// A description file as a document.
+struct Parsed
+{
+    QDomDocument document; ///< null when there is a problem
+    QString problem;       ///< why it is not well-formed, a sentence with the path; or empty
+};
+
+/// Parses \a content; what could not be read has the problem of that.
+Parsed parse(const Content& content);
+
+/// Returns the driver's name in a document; empty when there is none.
+QString nameOf(const QDomDocument& document);
 
 /// A description that was found.
 struct Found

@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/DigitalReport.h"
 
+#include "DigitizerGeneric/Digitizer/ClosingPoint.h"
 #include "MavCore/MavInit.h"
 
 #include <boost/smart_ptr/local_shared_ptr.hpp>
 #include <boost/smart_ptr/make_local_shared.hpp>
 
+#include <limits>
 #include <utility>
 
 namespace MavSystem {
@@ -36,6 +38,13 @@ const bool s_registered = [] {
 
 } // namespace
 
+const GeoPoint2D& closingPoint()
+{
+    constexpr double smallest = std::numeric_limits<double>::min();
+    static const GeoPoint2D point(smallest, smallest);
+    return point;
+}
+
 DigitalReport::DigitalReport(const GeoPoint2D& point) : m_coordinate(point) {}
 
 DigitalReport::DigitalReport(double x, double y) : m_coordinate(x, y) {}
@@ -48,6 +57,11 @@ GeoPoint2D DigitalReport::coordinate() const
 void DigitalReport::setCoordinate(GeoPoint2D& point)
 {
     m_coordinate = point;
+}
+
+bool DigitalReport::isClosing() const
+{
+    return m_coordinate.x() == closingPoint().x() && m_coordinate.y() == closingPoint().y();
 }
 
 void DigitalReport::flush()

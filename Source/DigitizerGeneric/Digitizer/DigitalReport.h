@@ -26,6 +26,10 @@ public:
     GeoPoint2D coordinate() const;
     void setCoordinate(GeoPoint2D& point);
 
+    /// Whether this is the report that Digitizer::close() sends: no point was taken. Both of its
+    /// coordinates are the smallest positive normal double, which no tablet can send.
+    bool isClosing() const;
+
     /// Hands this report to the installed handler and returns when that returns. Without a handler
     /// the report is dropped. What the handler throws passes through.
     void flush();

@@ -3,6 +3,7 @@
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 
 #include "DigitizerGeneric/Digitizer/CheckedInput.h"
+#include "DigitizerGeneric/Digitizer/ClosingPoint.h"
 #include "DigitizerGeneric/Digitizer/Diagnostics.h"
 #include "DigitizerGeneric/Digitizer/InputEvents.h"
 #include "DigitizerGeneric/Digitizer/ReceiveBuffer.h"
@@ -17,7 +18,6 @@
 #include <boost/make_shared.hpp>
 
 #include <algorithm>
-#include <limits>
 
 namespace MavSystem {
 
@@ -36,13 +36,6 @@ bool isOn(const QSettings& settings, const char* key)
     const QString text = settings.value(QLatin1String(key), false).toString();
     return text.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0 ||
            text == QLatin1String("1");
-}
-
-const GeoPoint2D& nullPoint()
-{
-    constexpr double smallest = std::numeric_limits<double>::min();
-    static const GeoPoint2D point(smallest, smallest);
-    return point;
 }
 
 } // namespace
@@ -231,7 +224,7 @@ bool Digitizer::close()
     m_port.reset();
     m_port_open = false;
 
-    DigitalReport report(nullPoint());
+    DigitalReport report(closingPoint());
     report.m_button_number = closingCode();
     report.flush();
     return true;

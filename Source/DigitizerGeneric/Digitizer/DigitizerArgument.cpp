@@ -3,131 +3,13 @@
 #include "DigitizerGeneric/Digitizer/DigitizerArgument.h"
 
 #include "DigitizerGeneric/Digitizer/DescriptionFiles.h"
+#include "DigitizerGeneric/Digitizer/DescriptionParsing.h"
 #include "DigitizerGeneric/Digitizer/Diagnostics.h"
-#include "DigitizerGeneric/Digitizer/SerialSettings.h"
 
-#include <algorithm>
 #include <memory>
-#include <optional>
 #include <utility>
 
 namespace MavSystem {
-
-namespace {
-
-// A file must not make the process allocate gigabytes; no cursor has more than 16 buttons.
-constexpr int maximumButtonCount = 4096;
-
-constexpr std::pair<char, ReportFormatValues> templateCharacters[] = {
-    {'B', FORMAT_BUTTON}, {'X', FORMAT_X},    {'Y', FORMAT_Y},  {'U', FORMAT_UNUSED},
-    {'.', FORMAT_POINT},  {'S', FORMAT_SIGN}, {'C', FORMAT_CR}, {'L', FORMAT_LINE_FEED},
-};
-
-std::optional<ReportFormatValues> roleOf(QChar character)
-{
-    for (const auto& [letter, role] : templateCharacters) {
-        if (character == QLatin1Char(letter))
-            return role;
-    }
-    return std::nullopt;
-}
-
-std::optional<std::vector<ReportFormatValues>> parseTemplate(const QString& text, int length)
-{
-    if (length < 0 || text.size() < length) {
-        qCDebug(lcDescriptions) << "the report template" << text << "does not have its length"
-                                << length;
-        return std::nullopt;
-    }
-    std::vector<ReportFormatValues> roles;
-    roles.reserve(size_t(length));
-    for (int position = 0; position < length; ++position) {
-        const std::optional<ReportFormatValues> role = roleOf(text.at(position));
-        if (!role) {
-            qCDebug(lcDescriptions)
-                << "the report template" << text << "holds" << text.at(position) << "at position"
-                << position << "where one of BXYU.SCL is accepted";
-            return std::nullopt;
-        }
-        roles.push_back(*role);
-    }
-    return roles;
-}
-
-QString attribute(const QDomElement& element, const char* name)
-{
-    return element.attribute(QLatin1String(name));
-}
-
-PortSettings parsePortSettings(const QDomElement& serial)
-{
-    PortSettings settings;
-    settings.BaudRate = BaudrateMap()[attribute(serial, "baudrate")];
-    settings.DataBits = DatabitMap()[attribute(serial, "databit")];
-    settings.Parity = ParityMap()[attribute(serial, "parity")];
-    settings.StopBits = StopbitMap()[attribute(serial, "stopbit")];
-    settings.FlowControl = FlowCtrlMap()[attribute(serial, "flowctrl")];
-    return settings;
-}
-
-ButtonValue parseButtonCode(const QString& text)
-{
-    ButtonValue button;
-    const int characters = std::min(text.size(), int(button.m_code.size()));
-    // Each character by itself: converting the whole text would turn what has no 8-bit code into
-    // a question mark, and a tablet may send that.
-    for (int index = 0; index < characters; ++index)
-        button.m_code[size_t(index)] = text.at(index).toLatin1();
-    return button;
-}
-
-std::vector<ButtonValue> parseButtons(const QDomElement& buttons, int count)
-{
-    std::vector<ButtonValue> codes(size_t(std::max(count, 0)), ButtonValue{{'0', ' ', ' '}});
-    QDomElement button = buttons.firstChildElement(QStringLiteral("button"));
-    for (ButtonValue& code : codes) {
-        if (button.isNull())
-            break;
-        code = parseButtonCode(button.text());
-        button = button.nextSiblingElement(QStringLiteral("button"));
-    }
-    return codes;
-}
-
-std::optional<DigitizerArgument> parseDescription(const QDomElement& root)
-{
-    DigitizerArgument description;
-    description.m_portSettings =
-        parsePortSettings(root.firstChildElement(QStringLiteral("ioPort"))
-                              .firstChildElement(QStringLiteral("serial")));
-
-    const QDomElement resolution = root.firstChildElement(QStringLiteral("resolution"));
-    description.m_resolution = resolution.text().toShort();
-    description.m_resolutionUnit =
-        attribute(resolution, "unit") == QLatin1String("LPI") ? LPI : LPMM;
-
-    const QDomElement reportFormat = root.firstChildElement(QStringLiteral("reportFormat"));
-    const int reportLength = attribute(reportFormat, "length").toInt();
-    auto roles = parseTemplate(reportFormat.text(), reportLength);
-    if (!roles)
-        return std::nullopt;
-    description.m_reportLength = std::uint64_t(reportLength);
-    description.m_reportFormat = std::move(*roles);
-
-    const QDomElement buttons = root.firstChildElement(QStringLiteral("buttons"));
-    const QString count = attribute(buttons, "count");
-    if (count.toInt() > maximumButtonCount) {
-        qCDebug(lcDescriptions) << "a count of" << count << "buttons is beyond reason";
-        return std::nullopt;
-    }
-    description.m_fourButtons = count == QLatin1String("4");
-    description.m_buttonCodeLength =
-        std::uint64_t(std::int64_t(attribute(buttons, "length").toInt()));
-    description.m_buttons = parseButtons(buttons, count.toInt());
-    return description;
-}
-
-} // namespace
 
 DigitizerArgument::DigitizerArgument(bool fourButtons, PortSettings settings, short resolution,
                                      ResolutionUnit unit, short reportLength,

@@ -156,6 +156,13 @@ DigitalReport reportOf(const DigitizerArgument& description, const ReportLayout&
     return report;
 }
 
+bool isLectraE92(const QString& driver)
+{
+    const QLatin1String lectraE92("Lectra E92");
+    // The size first: this is asked for every report, and the comparison folds case.
+    return driver.size() == lectraE92.size() && driver.compare(lectraE92, Qt::CaseInsensitive) == 0;
+}
+
 DigitalReport lectraE92ReportOf(const char* text)
 {
     DigitalReport rejected(0.0, 0.0);

@@ -47,6 +47,10 @@ short buttonNumberOf(const DigitizerArgument& description, const ButtonValue& co
 DigitalReport reportOf(const DigitizerArgument& description, const ReportLayout& layout,
                        const char* text, int flags);
 
+/// Whether the driver named \a driver is the "Lectra E92", in any letter case: the one tablet whose
+/// reports have a layout of their own.
+bool isLectraE92(const QString& driver);
+
 /// Returns the report decoded from the fixed layout of the "Lectra E92"; button number -1 at (0, 0)
 /// when it is rejected. \a text holds at least 23 characters.
 DigitalReport lectraE92ReportOf(const char* text);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/RegularFile.h"
 
+#include <QSaveFile>
 #include <QTemporaryFile>
 #include <QtGlobal>
 
@@ -92,6 +93,15 @@ bool copyRegularFile(const QString& source, const QString& target)
         return false;
     copy.setAutoRemove(false);
     return true;
+}
+
+QString replaceFile(const QString& path, const QByteArray& content)
+{
+    QSaveFile file(path);
+    // commit() notices neither a write that found room for a part only nor a flush that found none.
+    const bool replaced = file.open(QIODevice::WriteOnly) &&
+                          file.write(content) == content.size() && file.flush() && file.commit();
+    return replaced ? QString() : file.errorString();
 }
 
 } // namespace MavSystem

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QByteArray>
 #include <QFile>
 #include <QString>
 
@@ -18,5 +19,9 @@ QString openRegularFile(QFile& file, QIODevice::OpenMode mode = QIODevice::NotOp
 /// \a target: whole or not at all, even if the process is killed meanwhile. Returns whether it did.
 /// An existing target is left alone.
 bool copyRegularFile(const QString& source, const QString& target);
+
+/// Makes \a content the content of the file \a path, which need not exist: whole, or the file stays
+/// as it was. Returns an empty text, or why it stays.
+QString replaceFile(const QString& path, const QByteArray& content);
 
 } // namespace MavSystem

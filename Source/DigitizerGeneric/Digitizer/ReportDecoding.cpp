@@ -63,10 +63,7 @@ void storeReportText(const char* characters, std::size_t count)
 
 bool Digitizer::isLectraE92() const
 {
-    const QLatin1String lectraE92("Lectra E92");
-    // The size first: this is asked for every report, and the comparison folds case.
-    return m_driver.size() == lectraE92.size() &&
-           m_driver.compare(lectraE92, Qt::CaseInsensitive) == 0;
+    return FieldDecoding::isLectraE92(m_driver);
 }
 
 void Digitizer::handleRead()

@@ -14,6 +14,7 @@
 #include "DigitizerGeneric/File_Digital/DigipenStringAnalyzer.h"
 #include "DigitizerGeneric/File_Digital/ImportTurns.h"
 #include "DigitizerGeneric/File_Digital/InternalMode.h"
+#include "DigitizerGeneric/File_Digital/PenDirectory.h"
 #include "DigitizerGeneric/File_Digital/PenFileSettling.h"
 #include "DigitizerGeneric/File_Digital/PenLineReader.h"
 #include "DigitizerGeneric/File_Digital/RenameWithoutReplacing.h"
@@ -21,10 +22,8 @@
 #include "MavCore/MavApplication.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
-#include <QSettings>
 #include <QVector>
 
 #include <algorithm>
@@ -78,26 +77,6 @@ void forEachFile(const QString& directory, const QStringList& patterns, Action a
         action(name.toString());
 }
 
-// Joined as they are. Qt's own ways take a name that begins with a colon for a resource and resolve
-// ".." in the path itself, which behind a link leads to another directory.
-QString joined(const QString& directory, const QString& name)
-{
-    return directory.endsWith(QLatin1Char('/')) ? directory + name
-                                                : directory + QLatin1Char('/') + name;
-}
-
-QString absolute(const QString& directory)
-{
-    const bool relative = QDir::isRelativePath(directory) || directory.startsWith(QLatin1Char(':'));
-    return relative && !directory.isEmpty() ? joined(QDir::currentPath(), directory) : directory;
-}
-
-QString penDirectory()
-{
-    return absolute(
-        QSettings().value(QStringLiteral("digitizer_file_directory"), QDir::rootPath()).toString());
-}
-
 // Whatever the host's box throws, the import that it tells about goes on.
 void showError(const QString& text)
 {
@@ -122,7 +101,7 @@ QVector<PenFileSettling::File> look(const QString& directory, PenFileSettling& s
     const qint64 begun = clock.elapsed();
     QVector<PenFileSettling::File> files;
     forEachFile(directory, penFilePatterns(), [&](const QString& name) {
-        const PenFileStamp stamp = PenFileStamp::of(joined(directory, name));
+        const PenFileStamp stamp = PenFileStamp::of(joinedPath(directory, name));
         if (stamp.exists())
             files.push_back({name, stamp});
     });
@@ -266,7 +245,7 @@ void DigipenFileDigitalization::removeAllFileFromDirectory(QString directory, QS
     if (patterns.isEmpty())
         return; // it would match everything
     forEachFile(directory, patterns, [&](const QString& name) {
-        const QString path = joined(directory, name);
+        const QString path = joinedPath(directory, name);
         if (!QFile::remove(path))
             qCDebug(lcPen).noquote() << path << "cannot be removed";
     });
@@ -299,12 +278,12 @@ void DigipenFileDigitalization::analyzerDigitPenFile(const QString& strPath)
 
 void DigipenFileDigitalization::importDirectory(const QString& path)
 {
-    const QString directory = absolute(path);
+    const QString directory = absoluteDirectory(path);
     if (m_settling->settleTime() > 0)
         importSettled(directory);
     else
         forEachFile(directory, penFilePatterns(),
-                    [&](const QString& name) { importFile(joined(directory, name)); });
+                    [&](const QString& name) { importFile(joinedPath(directory, name)); });
 }
 
 void DigipenFileDigitalization::importSettled(const QString& directory)
@@ -315,7 +294,7 @@ void DigipenFileDigitalization::importSettled(const QString& directory)
     if (m_timer.isActive())
         m_timer.start();
     for (const PenFileSettling::File& file : settled) {
-        const QString path = joined(directory, file.name);
+        const QString path = joinedPath(directory, file.name);
         // The files before it may have taken their time.
         if (!PenFileStamp::of(path).sameContent(file.stamp))
             continue;

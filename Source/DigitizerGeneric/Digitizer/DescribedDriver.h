@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "DigitizerGeneric/Digitizer/DigitizerArgument.h"
+#include "DigitizerGeneric/DigitizerGenericExport.h"
+
+#include <QString>
+
+namespace MavSystem {
+
+/// A driver as a description file has it: one kind of tablet, or the pen.
+///
+/// A plain record; it does not follow later changes of the file.
+class DIGITIZERGENERIC_EXPORT DescribedDriver
+{
+public:
+    QString name;    ///< what Digitizer::selectDevice() takes
+    QString file;    ///< absolute path
+    QString support; ///< "verified", "documented" or "untested"; empty when the file does not say
+    DigitizerArgument description;
+
+    /// Returns the number of buttons in the description.
+    int buttonCount() const;
+
+    /// Returns the resolution in words: "1000 LPI" or "40 LPMM".
+    QString resolutionText() const;
+
+    /// Whether a tablet's reports can be taken by it. A description without a report template
+    /// cannot, which is right for a pen, and the "Lectra E92" needs none.
+    bool takesReports() const;
+
+    /// Whether the reports have the built-in layout of the "Lectra E92" instead of a template.
+    bool isLectraE92() const;
+};
+
+} // namespace MavSystem

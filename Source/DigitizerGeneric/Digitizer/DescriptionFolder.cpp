@@ -1,0 +1,137 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
+
+#include "DigitizerGeneric/Digitizer/DescriptionFiles.h"
+#include "DigitizerGeneric/Digitizer/DescriptionParsing.h"
+#include "DigitizerGeneric/Digitizer/RegularFile.h"
+#include "DigitizerGeneric/Digitizer/ShippedDescriptions.h"
+#include "MavCore/MavApplication.h"
+
+#include <QFileInfo>
+#include <QSet>
+
+#include <algorithm>
+
+namespace MavSystem {
+
+namespace {
+
+using Result = DescriptionFolder::Result;
+
+DescribedDriver driverOf(const QString& path, const QDomDocument& document,
+                         const std::optional<DigitizerArgument>& description)
+{
+    return {DescriptionFiles::nameOf(document), QFileInfo(path).absoluteFilePath(),
+            document.documentElement().attribute(QStringLiteral("support")),
+            description.value_or(DigitizerArgument())};
+}
+
+Result problem(const QString& text)
+{
+    return {DescribedDriver(), text};
+}
+
+Result check(const DescriptionFiles::Content& content)
+{
+    const DescriptionFiles::Parsed parsed = DescriptionFiles::parse(content);
+    if (!parsed.problem.isEmpty())
+        return problem(parsed.problem);
+    if (DescriptionFiles::nameOf(parsed.document).isEmpty())
+        return problem(QStringLiteral("%1 names no driver: its root element needs the attribute "
+                                      "\"name\"")
+                           .arg(content.path));
+    const auto description = parseDescription(parsed.document.documentElement());
+    if (!description)
+        return problem(
+            QStringLiteral("%1 describes no tablet: its report template does not fit, or "
+                           "it has too many buttons")
+                .arg(content.path));
+    return {driverOf(content.path, parsed.document, description), QString()};
+}
+
+// Why the checked file must not become \a target; or an empty text.
+QString clash(const DescribedDriver& driver, const QByteArray& bytes, const QString& target,
+              DescriptionFolder::ExistingFile existing)
+{
+    const auto known = DescriptionFolder::find(driver.name);
+    if (known && QFileInfo(known->file).fileName() != QFileInfo(target).fileName())
+        return QStringLiteral("%1 describes \"%2\", which %3 does already: give it another name")
+            .arg(driver.file, driver.name, known->file);
+    const bool replaces =
+        QFileInfo::exists(target) && DescriptionFiles::contentOf(target).bytes != bytes;
+    if (replaces && existing == DescriptionFolder::ExistingFile::Kept)
+        return QStringLiteral("%1 is there already, with another content than %2")
+            .arg(target, driver.file);
+    return {};
+}
+
+} // namespace
+
+QString DescriptionFolder::path()
+{
+    return QDir(MavApplication::instance()->appDataLocation().path())
+        .absoluteFilePath(QStringLiteral("generated"));
+}
+
+QString DescriptionFolder::prepare()
+{
+    return installShippedDescriptions(shippedDescriptions(), path());
+}
+
+QVector<DescribedDriver> DescriptionFolder::drivers()
+{
+    QVector<DescribedDriver> drivers;
+    QSet<QString> names = {QString()};
+    for (const QFileInfo& file : DescriptionFiles::candidates(QDir(path()))) {
+        const auto parsed =
+            DescriptionFiles::parse(DescriptionFiles::contentOf(file.absoluteFilePath()));
+        const QString name = DescriptionFiles::nameOf(parsed.document);
+        if (names.contains(name))
+            continue;
+        names.insert(name);
+        drivers.append(driverOf(file.filePath(), parsed.document,
+                                parseDescription(parsed.document.documentElement())));
+    }
+    std::sort(drivers.begin(), drivers.end(),
+              [](const auto& left, const auto& right) { return left.name < right.name; });
+    return drivers;
+}
+
+std::optional<DescribedDriver> DescriptionFolder::find(const QString& name)
+{
+    const auto found = DescriptionFiles::find(name, DescriptionFiles::BrokenFile::Skipped);
+    if (!found || name.isEmpty())
+        return std::nullopt;
+    return driverOf(found->path, found->document,
+                    parseDescription(found->document.documentElement()));
+}
+
+Result DescriptionFolder::read(const QString& file)
+{
+    return check(DescriptionFiles::contentOf(file));
+}
+
+Result DescriptionFolder::install(const QString& file, ExistingFile existing)
+{
+    const DescriptionFiles::Content content = DescriptionFiles::contentOf(file);
+    Result result = check(content);
+    if (!result.problem.isEmpty())
+        return result;
+    const QString name = QFileInfo(file).fileName();
+    if (name.startsWith(QLatin1Char('.')))
+        return problem(QStringLiteral("%1 would be a hidden file, which is never read: give it a "
+                                      "name that does not begin with a full stop")
+                           .arg(file));
+    const QString target = path() + QLatin1Char('/') + name;
+    const QString refusal = clash(result.driver, content.bytes, target, existing);
+    if (!refusal.isEmpty())
+        return problem(refusal);
+    const QString failure = writeDescription(target, content.bytes);
+    if (!failure.isEmpty())
+        return problem(failure);
+    result.driver.file = target;
+    return result;
+}
+
+} // namespace MavSystem

@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "DigitizerGeneric/Digitizer/SelectedDevice.h"
+
+#include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
+#include "DigitizerGeneric/Digitizer/Digitizer.h"
+#include "DigitizerGeneric/Digitizer/PortRights.h"
+#include "DigitizerGeneric/File_Digital/PenDirectory.h"
+
+#include <QFileInfo>
+
+namespace MavSystem {
+
+namespace {
+
+QString penProblem()
+{
+    const QString directory = penDirectory();
+    return QFileInfo(directory).isDir()
+               ? QString()
+               : QStringLiteral("there is no directory \"%1\" for the pen's files (the setting "
+                                "digitizer_file_directory)")
+                     .arg(directory);
+}
+
+QString tabletProblem(const DescribedDriver& driver, const QString& device)
+{
+    if (!driver.takesReports())
+        return QStringLiteral("%1 has no usable report template").arg(driver.file);
+    const QString problem = rightsProblem(device);
+    if (!problem.isEmpty())
+        return problem;
+    const QString answer = Digitizer::deviceExist();
+    return answer == QLatin1String("No Error has occurred")
+               ? QString()
+               : QStringLiteral("%1 does not open: %2").arg(portPath(device), answer);
+}
+
+} // namespace
+
+QString SelectedDevice::problem()
+{
+    const auto digitizer = Digitizer::instance();
+    const auto driver = DescriptionFolder::find(digitizer->driver());
+    if (!driver)
+        return QStringLiteral("no installed description has the name \"%1\"")
+            .arg(digitizer->driver());
+    return digitizer->device() == QLatin1String("File:")
+               ? penProblem()
+               : tabletProblem(*driver, digitizer->device());
+}
+
+} // namespace MavSystem

@@ -1,0 +1,8 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ReferenceHost/Command.h"
+
+/// The command "install": installs description files after a check.
+Command installCommand();
