@@ -187,7 +187,8 @@ void TechnicianTest::descriptionsAreInstalled_data()
     row("install|@none.xml", 1, "none.xml cannot be read: No such file");
     row("install", 2, "FILE... is missing");
     row("check|--device|PORT|--description|@new.xml", 0, "No Error has occurred");
-    row("check|--device|PORT|--description|@broken.xml", 1, "template does not fit");
+    row("check|--device|PORT|--description|@broken.xml", 1,
+        "character 2 of the report template is \"x\", but must be");
     row("check|--device|PORT|--description|@new.xml|--driver|New", 2, "exclude each other");
 }
 

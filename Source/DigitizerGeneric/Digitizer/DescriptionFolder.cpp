@@ -20,11 +20,15 @@ namespace {
 using Result = DescriptionFolder::Result;
 
 DescribedDriver driverOf(const QString& path, const QDomDocument& document,
-                         const std::optional<DigitizerArgument>& description)
+                         const DigitizerArgument& description)
 {
     return {DescriptionFiles::nameOf(document), QFileInfo(path).absoluteFilePath(),
-            document.documentElement().attribute(QStringLiteral("support")),
-            description.value_or(DigitizerArgument())};
+            document.documentElement().attribute(QStringLiteral("support")), description};
+}
+
+DescribedDriver driverOf(const QString& path, const QDomDocument& document)
+{
+    return driverOf(path, document, parseDescription(document.documentElement()).description);
 }
 
 Result problem(const QString& text)
@@ -41,13 +45,10 @@ Result check(const DescriptionFiles::Content& content)
         return problem(QStringLiteral("%1 names no driver: its root element needs the attribute "
                                       "\"name\"")
                            .arg(content.path));
-    const auto description = parseDescription(parsed.document.documentElement());
-    if (!description)
-        return problem(
-            QStringLiteral("%1 describes no tablet: its report template does not fit, or "
-                           "it has too many buttons")
-                .arg(content.path));
-    return {driverOf(content.path, parsed.document, description), QString()};
+    const ParsedDescription read = parseDescription(parsed.document.documentElement());
+    if (!read.problem.isEmpty())
+        return problem(QStringLiteral("%1 cannot be used: %2").arg(content.path, read.problem));
+    return {driverOf(content.path, parsed.document, read.description), QString()};
 }
 
 // Why the checked file must not become \a target; or an empty text.
@@ -90,8 +91,7 @@ QVector<DescribedDriver> DescriptionFolder::drivers()
         if (names.contains(name))
             continue;
         names.insert(name);
-        drivers.append(driverOf(file.filePath(), parsed.document,
-                                parseDescription(parsed.document.documentElement())));
+        drivers.append(driverOf(file.filePath(), parsed.document));
     }
     std::sort(drivers.begin(), drivers.end(),
               [](const auto& left, const auto& right) { return left.name < right.name; });
@@ -103,8 +103,7 @@ std::optional<DescribedDriver> DescriptionFolder::find(const QString& name)
     const auto found = DescriptionFiles::find(name, DescriptionFiles::BrokenFile::Skipped);
     if (!found || name.isEmpty())
         return std::nullopt;
-    return driverOf(found->path, found->document,
-                    parseDescription(found->document.documentElement()));
+    return driverOf(found->path, found->document);
 }
 
 Result DescriptionFolder::read(const QString& file)

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/DescriptionParsing.h"
 
-#include "DigitizerGeneric/Digitizer/Diagnostics.h"
 #include "DigitizerGeneric/Digitizer/SerialSettings.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace MavSystem {
@@ -29,26 +29,24 @@ std::optional<ReportFormatValues> roleOf(QChar character)
     return std::nullopt;
 }
 
-std::optional<std::vector<ReportFormatValues>> parseTemplate(const QString& text, int length)
+// Returns an empty text, or what is broken.
+QString parseTemplate(const QString& text, int length, std::vector<ReportFormatValues>& roles)
 {
-    if (length < 0 || text.size() < length) {
-        qCDebug(lcDescriptions) << "the report template" << text << "does not have its length"
-                                << length;
-        return std::nullopt;
-    }
-    std::vector<ReportFormatValues> roles;
+    if (length < 0 || text.size() < length)
+        return QStringLiteral("the report template has %1 characters, but its length is %2")
+            .arg(text.size())
+            .arg(length);
     roles.reserve(size_t(length));
     for (int position = 0; position < length; ++position) {
         const std::optional<ReportFormatValues> role = roleOf(text.at(position));
-        if (!role) {
-            qCDebug(lcDescriptions)
-                << "the report template" << text << "holds" << text.at(position) << "at position"
-                << position << "where one of BXYU.SCL is accepted";
-            return std::nullopt;
-        }
+        if (!role)
+            return QStringLiteral("character %1 of the report template is \"%2\", but must be one "
+                                  "of BXYU.SCL")
+                .arg(position + 1)
+                .arg(text.at(position));
         roles.push_back(*role);
     }
-    return roles;
+    return {};
 }
 
 QString attribute(const QDomElement& element, const char* name)
@@ -93,7 +91,7 @@ std::vector<ButtonValue> parseButtons(const QDomElement& buttons, int count)
 
 } // namespace
 
-std::optional<DigitizerArgument> parseDescription(const QDomElement& root)
+ParsedDescription parseDescription(const QDomElement& root)
 {
     DigitizerArgument description;
     description.m_portSettings =
@@ -107,23 +105,23 @@ std::optional<DigitizerArgument> parseDescription(const QDomElement& root)
 
     const QDomElement reportFormat = root.firstChildElement(QStringLiteral("reportFormat"));
     const int reportLength = attribute(reportFormat, "length").toInt();
-    auto roles = parseTemplate(reportFormat.text(), reportLength);
-    if (!roles)
-        return std::nullopt;
+    const QString broken =
+        parseTemplate(reportFormat.text(), reportLength, description.m_reportFormat);
+    if (!broken.isEmpty())
+        return {DigitizerArgument(), broken};
     description.m_reportLength = std::uint64_t(reportLength);
-    description.m_reportFormat = std::move(*roles);
 
     const QDomElement buttons = root.firstChildElement(QStringLiteral("buttons"));
     const QString count = attribute(buttons, "count");
-    if (count.toInt() > maximumButtonCount) {
-        qCDebug(lcDescriptions) << "a count of" << count << "buttons is beyond reason";
-        return std::nullopt;
-    }
+    if (count.toInt() > maximumButtonCount)
+        return {DigitizerArgument(), QStringLiteral("it has %1 buttons, but at most %2 are read")
+                                         .arg(count)
+                                         .arg(maximumButtonCount)};
     description.m_fourButtons = count == QLatin1String("4");
     description.m_buttonCodeLength =
         std::uint64_t(std::int64_t(attribute(buttons, "length").toInt()));
     description.m_buttons = parseButtons(buttons, count.toInt());
-    return description;
+    return {description, QString()};
 }
 
 } // namespace MavSystem

@@ -5,13 +5,18 @@
 #include "DigitizerGeneric/Digitizer/DigitizerArgument.h"
 
 #include <QDomElement>
-
-#include <optional>
+#include <QString>
 
 namespace MavSystem {
 
-/// Returns the description below the root element \a root of its file, or nothing when its report
-/// template is broken or its button count beyond reason.
-std::optional<DigitizerArgument> parseDescription(const QDomElement& root);
+/// What a description file says.
+struct ParsedDescription
+{
+    DigitizerArgument description; ///< the record of no file when there is a problem
+    QString problem; ///< what is broken: the report template, or a button count beyond reason
+};
+
+/// Parses the description below the root element \a root of its file.
+ParsedDescription parseDescription(const QDomElement& root);
 
 } // namespace MavSystem

@@ -6,7 +6,6 @@
 #include "DigitizerGeneric/Digitizer/DescriptionParsing.h"
 #include "DigitizerGeneric/Digitizer/Diagnostics.h"
 
-#include <memory>
 #include <utility>
 
 namespace MavSystem {
@@ -28,14 +27,13 @@ DigitizerArgument::DigitizerArgument(bool fourButtons, PortSettings settings, sh
 DigitizerArgument* DigitizerArgument::digitizerArgument(const QString& driverName)
 {
     const auto found = DescriptionFiles::find(driverName, DescriptionFiles::BrokenFile::Skipped);
-    auto description = std::make_unique<DigitizerArgument>();
-    if (found) {
-        if (auto parsed = parseDescription(found->document.documentElement()))
-            *description = std::move(*parsed);
-        else
-            qCDebug(lcDescriptions).noquote() << found->path << "counts as not found";
-    }
-    return description.release();
+    if (!found)
+        return new DigitizerArgument;
+    ParsedDescription parsed = parseDescription(found->document.documentElement());
+    if (!parsed.problem.isEmpty())
+        qCDebug(lcDescriptions).noquote()
+            << found->path << "counts as not found:" << parsed.problem;
+    return new DigitizerArgument(std::move(parsed.description));
 }
 
 } // namespace MavSystem
