@@ -22,6 +22,7 @@ private slots:
     void aFirstStartHasTheShippedDrivers();
     void shippedDescriptionsAreKeptUpToDate_data();
     void shippedDescriptionsAreKeptUpToDate();
+    void aRecordThatCannotBeKeptIsTold();
     void driversAreThoseThatCanBeSelected();
     void oneMoreFileIsInstalled_data();
     void oneMoreFileIsInstalled();
@@ -85,6 +86,15 @@ void DescriptionFolderTest::shippedDescriptionsAreKeptUpToDate()
     QCOMPARE(data.entryList(QDir::Files) + QDir(DescriptionFolder::path()).entryList(QDir::Files),
              QStringList({QStringLiteral("shipped-descriptions.ini"), QStringLiteral("a.xml"),
                           QStringLiteral("own.xml")}));
+}
+
+void DescriptionFolderTest::aRecordThatCannotBeKeptIsTold()
+{
+    TestHost host;
+    host.write(QStringLiteral("data/shipped-descriptions.ini/in-the-way"), "");
+    const QString problem = DescriptionFolder::prepare();
+    QVERIFY2(problem.startsWith(QLatin1String("cannot write the record")), qPrintable(problem));
+    QVERIFY(DescriptionFolder::find(QStringLiteral("Generic 5-5-1 (ASCII)")));
 }
 
 void DescriptionFolderTest::driversAreThoseThatCanBeSelected()
