@@ -2,6 +2,24 @@
 # folders as here; the programs and the shipped descriptions where the programs look for them.
 include(CMakePackageConfigHelpers)
 
+set(libraries DigitizerGeneric MavCore QextSerialPort)
+get_property(programs GLOBAL PROPERTY digitizer_programs)
+get_property(manual_pages GLOBAL PROPERTY digitizer_manual_pages)
+
+# Builds what is installed and nothing else.
+add_custom_target(installation)
+list(TRANSFORM programs APPEND -manual OUTPUT_VARIABLE manuals)
+add_dependencies(installation ${libraries} ${manuals})
+
+# A build of other targets can be incomplete. That is found before anything is copied, so that an
+# installation is never half of one.
+set(built_files ${manual_pages})
+foreach(target IN LISTS libraries programs)
+  list(APPEND built_files $<TARGET_FILE:${target}>)
+endforeach()
+install(CODE "set(built_files \"${built_files}\")\nset(build_directory \"${PROJECT_BINARY_DIR}\")")
+install(SCRIPT cmake/InstallationCheck.cmake)
+
 set(public_headers
   DigitizerGeneric/ConvertedCommand.h
   DigitizerGeneric/DigitizerGenericExport.h
@@ -31,11 +49,10 @@ foreach(header IN LISTS public_headers)
   install(FILES Source/${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/DigitizerGeneric/${folder})
 endforeach()
 
-install(TARGETS DigitizerGeneric MavCore MavGeo QextSerialPort EXPORT DigitizerGenericTargets
+install(TARGETS ${libraries} MavGeo EXPORT DigitizerGenericTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
-get_property(programs GLOBAL PROPERTY digitizer_programs)
 install(TARGETS ${programs} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(DIRECTORY ${PROJECT_BINARY_DIR}/share/man/man1 DESTINATION ${CMAKE_INSTALL_MANDIR})
+install(FILES ${manual_pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(DIRECTORY Plugins DESTINATION ${CMAKE_INSTALL_DATADIR}/DigitizerGeneric)
 
 set(package_directory ${CMAKE_INSTALL_LIBDIR}/cmake/DigitizerGeneric)
@@ -46,3 +63,8 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/DigitizerGenericConfigVer
                                  COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/DigitizerGenericConfig.cmake
               ${PROJECT_BINARY_DIR}/DigitizerGenericConfigVersion.cmake DESTINATION ${package_directory})
+
+foreach(folder BINDIR LIBDIR INCLUDEDIR DATADIR MANDIR)
+  install(CODE "set(${folder} \"${CMAKE_INSTALL_${folder}}\")")
+endforeach()
+install(SCRIPT cmake/InstallationSummary.cmake)
