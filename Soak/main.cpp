@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
+#include "DigitizerGeneric/DigitizerGenericVersion.h"
 #include "NumberedReport.h"
 #include "PenTally.h"
 #include "ReferenceHost/CommandLine.h"
@@ -63,7 +64,7 @@ int main(int argc, char** argv)
     command.run = run;
     Program program;
     program.name = QStringLiteral("soak");
-    program.version = QStringLiteral(DIGITIZER_VERSION);
+    program.version = MavSystem::versionText();
     program.summary = QStringLiteral("a host that stalls, under load, with every value compared");
     program.commands = {command};
     return runProgram(program, application.arguments());

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
+#include "DigitizerGeneric/DigitizerGenericVersion.h"
 #include "ReferenceHost/PortHolders.h"
 #include "ReferenceHost/PrivateNames.h"
 #include "support/DescriptionBuilder.h"
@@ -280,7 +281,8 @@ void TechnicianTest::doctorTellsFaultsAndNothingPrivate()
     qputenv("DIGITIZER_TEST_SECRET", "from the environment");
     const ProgramRun run = runDigitizer(host, {QStringLiteral("doctor")});
     QCOMPARE(run.exitStatus, 0);
-    for (const char* told : {qVersion(), "generic-5-5-1.xml: no fault",
+    for (const char* told : {"DigitizerGeneric  " DIGITIZERGENERIC_VERSION_TEXT, qVersion(),
+                             "generic-5-5-1.xml: no fault",
                              "    broken.xml:1:", "device            File:", "directory  ~/pen"})
         QVERIFY2(run.output.contains(QLatin1String(told)), told);
     for (const QString& untold :

@@ -49,6 +49,9 @@ foreach(header IN LISTS public_headers)
   install(FILES Source/${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/DigitizerGeneric/${folder})
 endforeach()
 
+install(FILES ${PROJECT_BINARY_DIR}/include/DigitizerGeneric/DigitizerGenericVersion.h
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/DigitizerGeneric/DigitizerGeneric)
+
 install(TARGETS ${libraries} MavGeo EXPORT DigitizerGenericTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(TARGETS ${programs} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})

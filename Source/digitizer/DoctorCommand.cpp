@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "digitizer/DoctorCommand.h"
 
+#include "DigitizerGeneric/DigitizerGenericVersion.h"
 #include "ReferenceHost/Console.h"
 #include "ReferenceHost/LintFiles.h"
 #include "ReferenceHost/PortList.h"
@@ -27,7 +28,7 @@ QString entry(const QString& name, const QString& value)
 
 QString versions()
 {
-    return entry(QStringLiteral("DigitizerGeneric"), QStringLiteral(DIGITIZER_VERSION)) +
+    return entry(QStringLiteral("DigitizerGeneric"), MavSystem::versionText()) +
            entry(QStringLiteral("Qt"),
                  QStringLiteral("%1, built with %2")
                      .arg(QLatin1String(qVersion()), QLatin1String(QT_VERSION_STR))) +

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
+#include "DigitizerGeneric/DigitizerGenericVersion.h"
 #include "ReferenceHost/CommandLine.h"
 #include "ReferenceHost/StandardHost.h"
 #include "digitizer/BeepCommand.h"
@@ -25,7 +26,7 @@ Program digitizerProgram()
 {
     Program program;
     program.name = QStringLiteral("digitizer");
-    program.version = QStringLiteral(DIGITIZER_VERSION);
+    program.version = MavSystem::versionText();
     program.summary = QStringLiteral("take points from digitizing tablets and digital pens");
     program.description = QStringList{
         QStringLiteral("Takes points from a digitizing tablet on a serial port, described by an "

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
 #include "DigitizerGeneric/Digitizer/RegularFile.h"
+#include "DigitizerGeneric/DigitizerGenericVersion.h"
 #include "QextSerialPort/SerialTiming.h"
 #include "ReferenceHost/CommandLine.h"
 #include "ReferenceHost/Console.h"
@@ -258,7 +259,7 @@ Program simulatorProgram()
 
     Program program;
     program.name = QStringLiteral("tablet-simulator");
-    program.version = QStringLiteral(DIGITIZER_VERSION);
+    program.version = versionText();
     program.summary = QStringLiteral("a digitizing tablet without a tablet");
     program.description =
         QStringList{QStringLiteral("Opens a pseudo-terminal, prints its path, waits until a "
