@@ -57,6 +57,8 @@ install(TARGETS ${libraries} MavGeo EXPORT DigitizerGenericTargets
 install(TARGETS ${programs} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES ${manual_pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(DIRECTORY Plugins DESTINATION ${CMAKE_INSTALL_DATADIR}/DigitizerGeneric)
+install(DIRECTORY Examples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/DigitizerGeneric/examples)
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 set(package_directory ${CMAKE_INSTALL_LIBDIR}/cmake/DigitizerGeneric)
 install(EXPORT DigitizerGenericTargets NAMESPACE MavSystem:: DESTINATION ${package_directory})
@@ -67,7 +69,16 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/DigitizerGenericConfigVer
 install(FILES ${PROJECT_BINARY_DIR}/DigitizerGenericConfig.cmake
               ${PROJECT_BINARY_DIR}/DigitizerGenericConfigVersion.cmake DESTINATION ${package_directory})
 
-foreach(folder BINDIR LIBDIR INCLUDEDIR DATADIR MANDIR)
+# The same for hosts that are not built with CMake. The paths start at the file, so that the folder of
+# the installation can be moved.
+file(RELATIVE_PATH include_directory
+     ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_FULL_INCLUDEDIR})
+list(TRANSFORM libraries PREPEND -l OUTPUT_VARIABLE link_options)
+list(JOIN link_options " " link_options)
+configure_file(cmake/DigitizerGeneric.pc.in ${PROJECT_BINARY_DIR}/DigitizerGeneric.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/DigitizerGeneric.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+foreach(folder BINDIR LIBDIR INCLUDEDIR DATADIR MANDIR DOCDIR)
   install(CODE "set(${folder} \"${CMAKE_INSTALL_${folder}}\")")
 endforeach()
 install(SCRIPT cmake/InstallationSummary.cmake)

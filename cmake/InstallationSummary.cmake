@@ -2,10 +2,14 @@
 set(prefix $ENV{DESTDIR}${CMAKE_INSTALL_PREFIX})
 message(STATUS "Installed to ${prefix}:
   ${BINDIR}: the programs
-  ${LIBDIR}: the libraries, with their CMake package in cmake/DigitizerGeneric
+  ${LIBDIR}: the libraries, for CMake in cmake/DigitizerGeneric, for pkg-config in pkgconfig
   ${INCLUDEDIR}/DigitizerGeneric: the headers
-  ${DATADIR}/DigitizerGeneric: the descriptions of tablets
+  ${DATADIR}/DigitizerGeneric: the descriptions of tablets in Plugins, hosts and files to start from in examples
   ${MANDIR}/man1: the manual pages
+  ${DOCDIR}: the licence
 To use it from there:
   export PATH=\"${prefix}/${BINDIR}:$PATH\"
-  export CMAKE_PREFIX_PATH=\"${prefix}\"")
+  export CMAKE_PREFIX_PATH=\"${prefix}\"
+  export PKG_CONFIG_PATH=\"${prefix}/${LIBDIR}/pkgconfig\"
+  export LD_LIBRARY_PATH=\"${prefix}/${LIBDIR}\"  # for hosts that are linked through pkg-config"
+)
