@@ -115,13 +115,13 @@ protected:
     qint64 writeData(const char* data, qint64 size) override;
 
 private:
-    void receive();
-    void scheduleAnnouncement();
-    void announce();
-    void doubtLine();
-    void checkLine();
-    void endAfterError();
-    void announceEnd();
+    Q_DECL_HIDDEN void receive();
+    Q_DECL_HIDDEN void scheduleAnnouncement();
+    Q_DECL_HIDDEN void announce();
+    Q_DECL_HIDDEN void doubtLine();
+    Q_DECL_HIDDEN void checkLine();
+    Q_DECL_HIDDEN void endAfterError();
+    Q_DECL_HIDDEN void announceEnd();
 
     QSerialPort* m_port; // a child object
     QString m_portName;

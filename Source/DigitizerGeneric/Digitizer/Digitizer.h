@@ -174,25 +174,25 @@ private:
     // An importer may be replaced while it imports; it then lives until its loop has ended.
     struct ReleaseImporter
     {
-        void operator()(DigipenFileDigitalization* importer) const;
+        Q_DECL_HIDDEN void operator()(DigipenFileDigitalization* importer) const;
     };
 
-    bool openPenFiles();
-    bool openSerialPort();
-    void applyPortSettings();
-    short closingCode() const;
-    bool isLectraE92() const;
-    void handOver();
-    void watchUnread();
+    Q_DECL_HIDDEN bool openPenFiles();
+    Q_DECL_HIDDEN bool openSerialPort();
+    Q_DECL_HIDDEN void applyPortSettings();
+    Q_DECL_HIDDEN short closingCode() const;
+    Q_DECL_HIDDEN bool isLectraE92() const;
+    Q_DECL_HIDDEN void handOver();
+    Q_DECL_HIDDEN void watchUnread();
 
     // Checked reading.
-    bool readsChecked() const;
-    void startCheckedInput();
-    void deliverNext();
-    void passOver(const QByteArray& bytes);
-    void handlePortEnd();
-    void tellPortLost();
-    void forgetInput();
+    Q_DECL_HIDDEN bool readsChecked() const;
+    Q_DECL_HIDDEN void startCheckedInput();
+    Q_DECL_HIDDEN void deliverNext();
+    Q_DECL_HIDDEN void passOver(const QByteArray& bytes);
+    Q_DECL_HIDDEN void handlePortEnd();
+    Q_DECL_HIDDEN void tellPortLost();
+    Q_DECL_HIDDEN void forgetInput();
 
     boost::scoped_ptr<DigitizerArgument> m_argument;
     const char* m_report_text;

@@ -97,19 +97,19 @@ public Q_SLOTS:
 private:
     class InUse;
 
-    int askAboutWaitingFiles() const;
-    bool startWatching();
-    void importDirectory(const QString& path);
-    void importSettled(const QString& directory);
-    void importFile(const QString& path);
-    void importStep(ButtonValue& button, DigitalReport& report);
-    bool deliverStep(ButtonValue& button, DigitalReport& report);
+    Q_DECL_HIDDEN int askAboutWaitingFiles() const;
+    Q_DECL_HIDDEN bool startWatching();
+    Q_DECL_HIDDEN void importDirectory(const QString& path);
+    Q_DECL_HIDDEN void importSettled(const QString& directory);
+    Q_DECL_HIDDEN void importFile(const QString& path);
+    Q_DECL_HIDDEN void importStep(ButtonValue& button, DigitalReport& report);
+    Q_DECL_HIDDEN bool deliverStep(ButtonValue& button, DigitalReport& report);
     template <class TakeCommand>
-    bool advance(TakeCommand takeCommand);
-    bool fillLine();
-    bool openFile();
-    bool replaced() const;
-    void finishFile();
+    Q_DECL_HIDDEN bool advance(TakeCommand takeCommand);
+    Q_DECL_HIDDEN bool fillLine();
+    Q_DECL_HIDDEN bool openFile();
+    Q_DECL_HIDDEN bool replaced() const;
+    Q_DECL_HIDDEN void finishFile();
 
     std::string m_line;
     int m_reading_state = 0;
