@@ -53,7 +53,8 @@ soak 5 5|soak takes SECONDS and got '5 5'|at most 1800
 ROWS
 
 listed=$("$dev" test no-such 2>&1 | sed -n 's/^  TEST: //p' | tr ' ' '\n' | sort)
-registered=$(ctest --test-dir "$1" -N | sed -nE 's/^ *Test +#[0-9]+: //p' | sort)
+# In the folder of the tests, so that the log of the ctest that runs this test stays.
+registered=$(ctest --test-dir "$1/Tests" -N | sed -nE 's/^ *Test +#[0-9]+: //p' | sort)
 [[ -n $registered && $listed == "$registered" ]] ||
     fault "the tests of ./dev (<) and of ctest (>) differ:" "$(diff <(echo "$listed") <(echo "$registered"))"
 exit $failed
