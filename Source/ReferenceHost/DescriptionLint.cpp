@@ -138,8 +138,8 @@ QVector<LintFinding> Lint::run()
                              : QStringLiteral("well-formed XML within the limits"));
     if (m_outline.root) {
         const XmlElement& root = *m_outline.root;
-        m_isPen = !root.child(QStringLiteral("ioPort")) &&
-                  !root.child(QStringLiteral("reportFormat"));
+        m_isPen =
+            !root.child(QStringLiteral("ioPort")) && !root.child(QStringLiteral("reportFormat"));
         checkName(root);
         checkElement(root, knownDescription());
         if (const XmlElement* resolution = root.child(QStringLiteral("resolution")))
@@ -169,10 +169,10 @@ void Lint::checkElement(const XmlElement& element, const KnownElement& known)
 void Lint::checkPresence(const XmlElement& parent, const QString& missing, Presence presence,
                          const QString& accepted)
 {
-    const bool isNotNeeded =
-        presence == Presence::Optional || (presence == Presence::OfPort && m_isPen) ||
-        (presence == Presence::OfReport && m_hasOwnLayout) ||
-        (presence == Presence::OfTemplate && (m_hasOwnLayout || m_isPen));
+    const bool isNotNeeded = presence == Presence::Optional ||
+                             (presence == Presence::OfPort && m_isPen) ||
+                             (presence == Presence::OfReport && m_hasOwnLayout) ||
+                             (presence == Presence::OfTemplate && (m_hasOwnLayout || m_isPen));
     if (isNotNeeded)
         return;
     add(parent.offset, presence == Presence::Advisable ? LintFinding::Warning : LintFinding::Error,
