@@ -3,8 +3,11 @@
 //
 // The smallest host: prints each point that is taken from a tablet, and what else happens.
 //   example-host DRIVER PORT
+// Without arguments it lists the drivers.
+#include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/InputEvents.h"
+#include "DigitizerGeneric/Digitizer/SelectedDevice.h"
 #include "MavCore/MavInit.h"
 
 #include <QCoreApplication>
@@ -12,31 +15,72 @@
 
 using namespace MavSystem;
 
-int main(int argc, char** argv)
+static int fail(const QString& problem)
 {
-    QCoreApplication application(argc, argv);
-    MavInit::instance()->runOnce();
+    QTextStream(stderr) << problem << Qt::endl;
+    return 1;
+}
 
-    DigitalReport::registerHandle([](const DigitalReport& report) {
-        QTextStream(stdout) << report.coordinate().x() << " cm, " << report.coordinate().y()
-                            << " cm, button " << report.m_button_number << Qt::endl;
-    });
-    const auto digitizer = Digitizer::instance();
-    digitizer->setCheckedReading(true);
-    const InputEvents* const events = digitizer->inputEvents();
+static void printUsage()
+{
+    QTextStream out(stdout);
+    out << "usage: example-host DRIVER PORT\n\nThe drivers in " << DescriptionFolder::path()
+        << ":\n";
+    for (const DescribedDriver& driver : DescriptionFolder::drivers())
+        out << "  " << driver.name << '\n';
+}
+
+static void printReport(const DigitalReport& report)
+{
+    if (report.isClosing()) // not a point
+        return;
+    const GeoPoint2D point = report.coordinate();
+    QTextStream(stdout) << QString::number(point.x(), 'f', 4) << " cm, "
+                        << QString::number(point.y(), 'f', 4) << " cm, button "
+                        << report.m_button_number << Qt::endl;
+}
+
+static void watchInput()
+{
+    const InputEvents* const events = Digitizer::instance()->inputEvents();
     QObject::connect(events, &InputEvents::bytesPassedOver, [](const QByteArray& bytes) {
         QTextStream(stderr) << "no report: " << bytes.toPercentEncoding() << Qt::endl;
     });
     QObject::connect(events, &InputEvents::inputUnread, [](qint64 bytes) {
         QTextStream(stderr) << bytes << " bytes stay unread" << Qt::endl;
     });
-    QObject::connect(events, &InputEvents::portLost, &application, [](const QString& reason) {
-        QTextStream(stderr) << "the port is lost: " << reason << Qt::endl;
-        QCoreApplication::exit(1);
+    QObject::connect(events, &InputEvents::portLost, [](const QString& reason) {
+        QCoreApplication::exit(fail("the port is lost: " + reason));
     });
-    digitizer->selectDevice(application.arguments().value(1), application.arguments().value(2));
+}
+
+int main(int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setOrganizationName("Examples"); // these two name the folders of the host
+    QCoreApplication::setApplicationName("example-host");
+    MavInit::instance()->runOnce();
+    const QString unprepared = DescriptionFolder::prepare();
+    if (!unprepared.isEmpty())
+        return fail(unprepared);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() != 3) {
+        printUsage();
+        return arguments.size() == 1 ? 0 : 1;
+    }
+
+    const auto digitizer = Digitizer::instance();
+    digitizer->setCheckedReading(true); // take what fits the tablet's template, pass over the rest
+    digitizer->selectDevice(arguments.at(1), arguments.at(2));
+    const QString problem = SelectedDevice::problem();
+    if (!problem.isEmpty())
+        return fail(problem);
+    DigitalReport::registerHandle(printReport);
+    watchInput();
     if (!digitizer->open())
-        return 1; // the user has seen why
+        return 1; // the user has seen a warning
     digitizer->readReport();
-    return application.exec();
+    const int status = QCoreApplication::exec();
+    digitizer->close();
+    return status;
 }
