@@ -47,6 +47,7 @@ private:
         for (const auto& driver : MavSystem::DescriptionFolder::drivers())
             m_driver.addItem(driver.name);
         m_port.setEditable(true);
+        m_port.lineEdit()->setPlaceholderText("such as /dev/ttyUSB0, or File: for a digital pen");
         m_port.addItem("File:");
         for (const QString& name : QDir("/dev").entryList({"ttyUSB*", "ttyACM*"}, QDir::System))
             m_port.addItem("/dev/" + name);

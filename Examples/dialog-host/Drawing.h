@@ -15,6 +15,8 @@ public:
     {
         setScene(&m_scene);
         setRenderHint(QPainter::Antialiasing);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         scale(1, -1); // y points up on the tablet
     }
 
@@ -37,10 +39,7 @@ protected:
     void resizeEvent(QResizeEvent* /*event*/) override { showAll(); }
 
 private:
-    void showAll()
-    {
-        fitInView(m_scene.itemsBoundingRect().adjusted(-1, -1, 1, 1), Qt::KeepAspectRatio);
-    }
+    void showAll() { fitInView(m_scene.itemsBoundingRect(), Qt::KeepAspectRatio); }
 
     QGraphicsScene m_scene;
     std::optional<QPointF> m_last; // of the piece that is being traced

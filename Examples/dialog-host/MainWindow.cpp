@@ -49,7 +49,7 @@ void MainWindow::watchInput()
         showStatus(QString("%1 bytes were no report; a point may be missing.").arg(bytes.size()));
     });
     connect(events, &InputEvents::portLost, this, [this](const QString& reason) {
-        showStatus("The port is lost: " + reason + " Open it again when it is back.");
+        showStatus("The port is lost: " + reason + ". Open it again when it is back.");
     });
 }
 
