@@ -376,7 +376,8 @@ void CaptureTest::aWrongCommandLineIsOneClearLine_data()
         "('digitizer drivers' lists them)");
     row("--driver|DRIVER", 2, "--device is missing; 'digitizer ports' lists the ports");
     row("--driver|DRIVER|--device|/nowhere/tty", 1,
-        "there is no port /nowhere/tty ('digitizer ports' lists the ports)");
+        "there is no port /nowhere/tty; check its name, and whether its cable is plugged in "
+        "('digitizer ports' lists the ports)");
     row("--driver|DRIVER|--device|/tmp", 1, "/tmp is not a serial port");
     row("--driver|DRIVER|--device|null", 1, "/dev/null is not a serial port");
     row("--driver|DRIVER|--device|File:", 2,

@@ -182,16 +182,18 @@ void DescriptionFolderTest::theSelectedDeviceIsAskedAbout_data()
             << QString::fromLatin1(problem);
     };
     row("A", "PORT", "");
-    row("B", "PORT", "no installed description has the name \"B\"");
+    row("B", "PORT", "no description in HOST/data/generated has the name \"B\"");
     row("Broken", "PORT", "HOST/data/generated/broken has no usable report template");
-    row("A", "/no/port", "there is no port /no/port");
-    row("A", "nowhere", "there is no port /dev/nowhere");
+    row("A", "/no/port",
+        "there is no port /no/port; check its name, and whether its cable is plugged in");
+    row("A", "nowhere",
+        "there is no port /dev/nowhere; check its name, and whether its cable is plugged in");
     row("A", "HOST", "HOST is not a serial port");
     row("A", "/dev/null",
         "/dev/null does not open: The file opened by the port is not a valid "
         "device");
     row("Broken", "File:", "");
-    row("B", "File:", "no installed description has the name \"B\"");
+    row("B", "File:", "no description in HOST/data/generated has the name \"B\"");
     row("A", "File: without a directory",
         "there is no directory \"/no/pen\" for the pen's files (the setting "
         "digitizer_file_directory)");

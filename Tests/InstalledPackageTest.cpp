@@ -179,9 +179,12 @@ void InstalledPackageTest::aProblemIsOneLine_data()
         const QString name = QString::fromLatin1(host);
         QTest::addRow("%s, unknown driver", host)
             << name << QStringLiteral("My Tablet") << QStringLiteral("/dev/null")
-            << QStringLiteral("no installed description has the name \"My Tablet\"");
-        QTest::addRow("%s, no port", host) << name << driver << QStringLiteral("/dev/no-such-port")
-                                           << QStringLiteral("there is no port /dev/no-such-port");
+            << QStringLiteral("no description in HOME/.local/share/Examples/PROGRAM/generated has "
+                              "the name \"My Tablet\"");
+        QTest::addRow("%s, no port", host)
+            << name << driver << QStringLiteral("/dev/no-such-port")
+            << QStringLiteral("there is no port /dev/no-such-port; check its name, and whether its "
+                              "cable is plugged in");
         QTest::addRow("%s, no rights", host)
             << name << driver << QString()
             << QStringLiteral("you may not use %1: only its owner %2 may (rights 0000); let an "
@@ -205,6 +208,8 @@ void InstalledPackageTest::aProblemIsOneLine()
         problem = problem.arg(port, QFileInfo(port).owner());
     }
     const QTemporaryDir home;
+    problem.replace(QLatin1String("HOME"), home.path());
+    problem.replace(QLatin1String("PROGRAM"), programOf(host));
     QStringList command = {path(QStringLiteral("CMake/%1/%2").arg(host, programOf(host))), driver,
                            port};
     // Rights mean nothing to root.

@@ -14,9 +14,8 @@
 ///
 ///     run                   each command succeeds
 ///     run, ends with N      the last command ends with this status
-///     run, other terminal   the commands go on beside the next ones from their first line of
-///     output,
-///                           and succeed before the page ends
+///     run, other terminal   the commands go on beside the next ones, from the first line that they
+///                           print, and succeed before the page ends
 ///     output                what the last commands of this terminal have printed; "..." stands for
 ///                           any lines
 class PageCommandsTest : public QObject

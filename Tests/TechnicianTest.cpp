@@ -72,7 +72,7 @@ void TechnicianTest::checkSaysWhatToDo_data()
     row("broken template", "check", "Broken", "PORT", 1,
         {QStringLiteral("broken.xml has no usable report template ('digitizer lint ")});
     row("no such port", "check", "Beeping", "/dev/ttyNONE", 1,
-        {QStringLiteral("there is no port /dev/ttyNONE "),
+        {QStringLiteral("there is no port /dev/ttyNONE; check its name"),
          QStringLiteral("'digitizer ports' lists the ports")});
     row("no serial port", "check", "Beeping", "/dev/null", 1,
         {QStringLiteral("/dev/null is not a serial port")});

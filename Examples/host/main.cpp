@@ -46,9 +46,6 @@ static void watchInput()
     QObject::connect(events, &InputEvents::bytesPassedOver, [](const QByteArray& bytes) {
         QTextStream(stderr) << "no report: " << bytes.toPercentEncoding() << Qt::endl;
     });
-    QObject::connect(events, &InputEvents::inputUnread, [](qint64 bytes) {
-        QTextStream(stderr) << bytes << " bytes stay unread" << Qt::endl;
-    });
     QObject::connect(events, &InputEvents::portLost, [](const QString& reason) {
         QCoreApplication::exit(fail("the port is lost: " + reason));
     });

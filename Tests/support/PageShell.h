@@ -7,7 +7,8 @@
 #include <QProcess>
 
 /// A shell of somebody who follows a page in the folder of the sources: the home of \a host, the
-/// programs of this build first in the path, no terminal.
+/// programs of this build first in the path, no terminal. It goes on where the last one with that
+/// home ended, in its folder and with its variables, as a terminal does.
 class PageShell : public QProcess
 {
 public:
@@ -27,6 +28,10 @@ public:
 
     void run(const QString& commands)
     {
-        start(QStringLiteral("bash"), {QStringLiteral("-ec"), commands}, QIODevice::ReadOnly);
+        const QString goOn = QStringLiteral(
+            "[ ! -f ~/.terminal ] || . ~/.terminal\n"
+            "trap '{ export -p; printf \"cd %q\\n\" \"$PWD\"; } >~/.terminal' EXIT\n");
+        start(QStringLiteral("bash"), {QStringLiteral("-ec"), goOn + commands},
+              QIODevice::ReadOnly);
     }
 };

@@ -28,7 +28,9 @@ QString rightsProblem(const QString& device)
 {
     const QFileInfo port(portPath(device));
     if (!port.exists())
-        return QStringLiteral("there is no port %1").arg(port.filePath());
+        return QStringLiteral(
+                   "there is no port %1; check its name, and whether its cable is plugged in")
+            .arg(port.filePath());
     if (port.isFile() || port.isDir())
         return QStringLiteral("%1 is not a serial port").arg(port.filePath());
     if (port.isReadable() && port.isWritable())

@@ -43,8 +43,8 @@ QString SelectedDevice::problem()
     const auto digitizer = Digitizer::instance();
     const auto driver = DescriptionFolder::find(digitizer->driver());
     if (!driver)
-        return QStringLiteral("no installed description has the name \"%1\"")
-            .arg(digitizer->driver());
+        return QStringLiteral("no description in %1 has the name \"%2\"")
+            .arg(DescriptionFolder::path(), digitizer->driver());
     return digitizer->device() == QLatin1String("File:")
                ? penProblem()
                : tabletProblem(*driver, digitizer->device());
