@@ -187,7 +187,7 @@ void InstalledPackageTest::aProblemIsOneLine_data()
                               "cable is plugged in");
         QTest::addRow("%s, no rights", host)
             << name << driver << QString()
-            << QStringLiteral("you may not use %1: only its owner %2 may (rights 0000); let an "
+            << QStringLiteral("you may not use %1: only its owner %2 may (rights 0452); let an "
                               "administrator give it to a group, such as dialout, with read and "
                               "write rights");
     }
@@ -204,7 +204,7 @@ void InstalledPackageTest::aProblemIsOneLine()
     const PseudoTerminal tablet;
     if (port.isEmpty()) {
         port = tablet.path();
-        QCOMPARE(chmod(qPrintable(port), 0), 0);
+        QCOMPARE(chmod(qPrintable(port), 0452), 0);
         problem = problem.arg(port, QFileInfo(port).owner());
     }
     const QTemporaryDir home;
