@@ -183,7 +183,8 @@ void DescriptionFolderTest::theSelectedDeviceIsAskedAbout_data()
     };
     row("A", "PORT", "");
     row("B", "PORT", "no description in HOST/data/generated has the name \"B\"");
-    row("Broken", "PORT", "HOST/data/generated/broken has no usable report template");
+    row("Broken", "PORT",
+        "HOST/data/generated/broken has no usable report template: it is a pen's, or broken");
     row("A", "/no/port",
         "there is no port /no/port; check its name, and whether its cable is plugged in");
     row("A", "nowhere",

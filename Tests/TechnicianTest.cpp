@@ -70,7 +70,8 @@ void TechnicianTest::checkSaysWhatToDo_data()
     row("digital pen without a driver", "check", "wacom", "File:", 1,
         {absent, QStringLiteral("\"Wacom II-S ASCII (SD-510C, ArtPad)\"")});
     row("broken template", "check", "Broken", "PORT", 1,
-        {QStringLiteral("broken.xml has no usable report template ('digitizer lint ")});
+        {QStringLiteral("broken.xml has no usable report template: it is a pen's, or broken "
+                        "('digitizer lint ")});
     row("no such port", "check", "Beeping", "/dev/ttyNONE", 1,
         {QStringLiteral("there is no port /dev/ttyNONE; check its name"),
          QStringLiteral("'digitizer ports' lists the ports")});

@@ -73,9 +73,11 @@ DescribedDriver requiredDriver(const QString& name)
 DescribedDriver requireReports(const DescribedDriver& driver)
 {
     if (!driver.takesReports())
-        throw CommandError(QStringLiteral("the description %1 has no usable report template "
-                                          "('digitizer lint %1' says why)")
-                               .arg(driver.file));
+        throw CommandError(
+            QStringLiteral(
+                "the description %1 has no usable report template: it is a pen's, or broken "
+                "('digitizer lint %1' says why)")
+                .arg(driver.file));
     return driver;
 }
 

@@ -26,7 +26,8 @@ QString penProblem()
 QString tabletProblem(const DescribedDriver& driver, const QString& device)
 {
     if (!driver.takesReports())
-        return QStringLiteral("%1 has no usable report template").arg(driver.file);
+        return QStringLiteral("%1 has no usable report template: it is a pen's, or broken")
+            .arg(driver.file);
     const QString problem = rightsProblem(device);
     if (!problem.isEmpty())
         return problem;
