@@ -29,7 +29,7 @@ public:
 
     /// What install() does with a file of the same name and another content.
     enum class ExistingFile {
-        Kept,     ///< that is a problem
+        Kept,     ///< it stays, and nothing is installed
         Replaced, ///< the new file takes its place
     };
 
@@ -61,10 +61,10 @@ public:
     static Result read(const QString& file);
 
     /// Reads the description \a file as above and copies it into the folder, which is created when
-    /// it is missing; the result names the copy. A problem, beside those of read(): its name is
-    /// hidden, a file of another name describes the same driver, a file of the same name is \a
-    /// existing, or the folder cannot be written. An open device and the selected driver stay as
-    /// they are.
+    /// it is missing; the result names the copy. A problem, beside those of read(): the file is
+    /// hidden, an installed file of another name describes the same driver, one of the same name
+    /// has another content and is to be kept, or the folder cannot be written. An open device and
+    /// the selected driver stay as they are.
     static Result install(const QString& file, ExistingFile existing = ExistingFile::Kept);
 };
 
