@@ -3,8 +3,8 @@
 #include "ReferenceHost/LintFiles.h"
 
 #include "DigitizerGeneric/Digitizer/BoundedXmlReader.h"
+#include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
 #include "DigitizerGeneric/Digitizer/RegularFile.h"
-#include "MavCore/MavApplication.h"
 #include "ReferenceHost/DescriptionLint.h"
 #include "ReferenceHost/XmlOutline.h"
 
@@ -87,8 +87,7 @@ QVector<LintedFile> lintFiles(const QStringList& paths, const QStringList& insta
 
 QStringList installedFiles()
 {
-    const QDir folder(MavSystem::MavApplication::instance()->appDataLocation().filePath(
-        QStringLiteral("generated")));
+    const QDir folder(MavSystem::DescriptionFolder::path());
     QStringList paths;
     for (const QString& file : folder.entryList(QDir::Files, QDir::Name))
         paths << folder.filePath(file);

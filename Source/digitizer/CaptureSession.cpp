@@ -4,6 +4,7 @@
 
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/InputEvents.h"
+#include "DigitizerGeneric/Digitizer/SelectedDevice.h"
 #include "ReferenceHost/Command.h"
 #include "ReferenceHost/Console.h"
 
@@ -14,8 +15,6 @@ using namespace MavSystem;
 namespace {
 
 constexpr int retryMilliseconds = 500;
-
-const char usable[] = "No Error has occurred";
 
 QString unreadAdvice(const DescribedDriver& driver)
 {
@@ -102,13 +101,9 @@ void CaptureSession::open(const QString& port)
     const auto digitizer = Digitizer::instance();
     digitizer->selectDevice(m_options.driver.name, port);
     digitizer->setCheckedReading(!m_options.strictCount);
-    const QString answer = Digitizer::deviceExist();
-    if (answer == QLatin1String("Device is already locked") ||
-        answer == QLatin1String("Permission denied"))
-        throw CommandError(
-            QStringLiteral("another program has %1 open; end it first").arg(m_options.device));
-    if (answer != QLatin1String(usable))
-        throw CommandError(QStringLiteral("%1 cannot be used: %2").arg(m_options.device, answer));
+    const QString problem = SelectedDevice::problem();
+    if (!problem.isEmpty())
+        throw CommandError(problem);
     if (!digitizer->open())
         throw CommandError(QStringLiteral("%1 does not open").arg(m_options.device));
     if (!printOutput(m_writer.header()))
@@ -119,8 +114,7 @@ void CaptureSession::open(const QString& port)
 // Opening replaces the lost port without a closing report, so the outputs just go on.
 void CaptureSession::tryAgain()
 {
-    if (m_ending || Digitizer::deviceExist() != QLatin1String(usable) ||
-        !Digitizer::instance()->open())
+    if (m_ending || !SelectedDevice::problem().isEmpty() || !Digitizer::instance()->open())
         return;
     m_retry.stop();
     Digitizer::instance()->readReport();

@@ -73,14 +73,25 @@ QString nameOf(const QDomDocument& document)
     return document.documentElement().attribute(QStringLiteral("name"));
 }
 
+QString installedPath()
+{
+    return QDir(MavApplication::instance()->appDataLocation().path())
+        .absoluteFilePath(QStringLiteral("generated"));
+}
+
 std::optional<QDir> installedFolder()
 {
-    QDir folder(MavApplication::instance()->appDataLocation().path());
-    if (folder.cd(QStringLiteral("generated")))
+    const QDir folder(installedPath());
+    if (folder.exists())
         return folder;
-    qCDebug(lcDescriptions).noquote()
-        << "there is no folder \"generated\" in" << folder.absolutePath();
+    qCDebug(lcDescriptions).noquote() << "there is no folder" << folder.path();
     return std::nullopt;
+}
+
+QDir folderOfHost()
+{
+    return QDir(MavApplication::instance()->pluginsDir().path() +
+                QStringLiteral("/digitizer/generated"));
 }
 
 QFileInfoList candidates(const QDir& folder)

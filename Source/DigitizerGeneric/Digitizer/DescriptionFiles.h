@@ -50,9 +50,14 @@ struct Found
     QDomDocument document; ///< null when the match is a broken file without a name
 };
 
-/// Returns the folder with the installed descriptions, without filters, or nothing when there is
-/// none.
+/// Returns the absolute path of the folder for installed descriptions.
+QString installedPath();
+
+/// Returns that folder, without filters, or nothing when there is none.
 std::optional<QDir> installedFolder();
+
+/// Returns the folder in which a host ships descriptions, without filters; it need not exist.
+QDir folderOfHost();
 
 /// Returns the plain, not hidden files of \a folder in the order of the directory itself, whatever
 /// its filters.

@@ -6,7 +6,6 @@
 #include "DigitizerGeneric/Digitizer/DescriptionParsing.h"
 #include "DigitizerGeneric/Digitizer/RegularFile.h"
 #include "DigitizerGeneric/Digitizer/ShippedDescriptions.h"
-#include "MavCore/MavApplication.h"
 
 #include <QFileInfo>
 #include <QSet>
@@ -71,8 +70,7 @@ QString clash(const DescribedDriver& driver, const QByteArray& bytes, const QStr
 
 QString DescriptionFolder::path()
 {
-    return QDir(MavApplication::instance()->appDataLocation().path())
-        .absoluteFilePath(QStringLiteral("generated"));
+    return DescriptionFiles::installedPath();
 }
 
 QString DescriptionFolder::prepare()

@@ -4,7 +4,6 @@
 #include "DigitizerGeneric/Digitizer/Diagnostics.h"
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/RegularFile.h"
-#include "MavCore/MavApplication.h"
 #include "QextSerialPort/qextserialport.h"
 
 namespace MavSystem {
@@ -13,12 +12,9 @@ namespace {
 
 const char usable[] = "No Error has occurred";
 
-void installShippedDescriptions(const QDir& installed)
+void copyDescriptionsOfHost(const QDir& installed)
 {
-    QDir shipped = MavApplication::instance()->pluginsDir();
-    if (!shipped.cd(QStringLiteral("digitizer/generated")))
-        return;
-    for (const QFileInfo& file : DescriptionFiles::candidates(shipped)) {
+    for (const QFileInfo& file : DescriptionFiles::candidates(DescriptionFiles::folderOfHost())) {
         const QString target = installed.absolutePath() + QLatin1Char('/') + file.fileName();
         if (!copyRegularFile(file.absoluteFilePath(), target))
             qCDebug(lcDescriptions).noquote()
@@ -32,7 +28,7 @@ bool driverIsDescribed(const QString& driver)
     if (!installed)
         return false;
     if (DescriptionFiles::candidates(*installed).isEmpty())
-        installShippedDescriptions(*installed);
+        copyDescriptionsOfHost(*installed);
     return DescriptionFiles::find(driver, DescriptionFiles::BrokenFile::Unnamed).has_value();
 }
 

@@ -5,7 +5,7 @@
 #include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/PortRights.h"
-#include "DigitizerGeneric/File_Digital/PenDirectory.h"
+#include "DigitizerGeneric/File_Digital/PenFilePaths.h"
 
 #include <QFileInfo>
 
@@ -32,9 +32,13 @@ QString tabletProblem(const DescribedDriver& driver, const QString& device)
     if (!problem.isEmpty())
         return problem;
     const QString answer = Digitizer::deviceExist();
-    return answer == QLatin1String("No Error has occurred")
-               ? QString()
-               : QStringLiteral("%1 does not open: %2").arg(portPath(device), answer);
+    if (answer == QLatin1String("No Error has occurred"))
+        return {};
+    // The rights are there, so that it is another program which denies the permission.
+    const bool isTaken = answer == QLatin1String("Device is already locked") ||
+                         answer == QLatin1String("Permission denied");
+    return isTaken ? QStringLiteral("another program has %1 open; end it first").arg(device)
+                   : QStringLiteral("%1 does not open: %2").arg(portPath(device), answer);
 }
 
 } // namespace

@@ -4,7 +4,6 @@
 
 #include "DigitizerGeneric/Digitizer/DescriptionFiles.h"
 #include "DigitizerGeneric/Digitizer/RegularFile.h"
-#include "MavCore/MavApplication.h"
 
 #include <QCryptographicHash>
 #include <QSettings>
@@ -16,9 +15,7 @@ namespace {
 QVector<ShippedDescription> descriptionsOfHost()
 {
     QVector<ShippedDescription> shipped;
-    const QDir folder(MavApplication::instance()->pluginsDir().path() +
-                      QStringLiteral("/digitizer/generated"));
-    for (const QFileInfo& file : DescriptionFiles::candidates(folder)) {
+    for (const QFileInfo& file : DescriptionFiles::candidates(DescriptionFiles::folderOfHost())) {
         const auto content = DescriptionFiles::contentOf(file.absoluteFilePath());
         if (content.problem.isEmpty())
             shipped.append({file.fileName(), content.bytes});

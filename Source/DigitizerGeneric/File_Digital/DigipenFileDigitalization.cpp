@@ -14,7 +14,7 @@
 #include "DigitizerGeneric/File_Digital/DigipenStringAnalyzer.h"
 #include "DigitizerGeneric/File_Digital/ImportTurns.h"
 #include "DigitizerGeneric/File_Digital/InternalMode.h"
-#include "DigitizerGeneric/File_Digital/PenDirectory.h"
+#include "DigitizerGeneric/File_Digital/PenFilePaths.h"
 #include "DigitizerGeneric/File_Digital/PenFileSettling.h"
 #include "DigitizerGeneric/File_Digital/PenLineReader.h"
 #include "DigitizerGeneric/File_Digital/RenameWithoutReplacing.h"

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
-#include "DigitizerGeneric/File_Digital/PenDirectory.h"
+#include "DigitizerGeneric/File_Digital/PenFilePaths.h"
 
 #include <QDir>
 #include <QSettings>
