@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "RatioTable.h"
+#include "ReferenceHost/Serial/PseudoTerminal.h"
 #include "support/TestHost.h"
-#include "tablet-simulator/PseudoTerminal.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -22,6 +22,7 @@
 // are written for this one layout.
 
 using namespace MavSystem;
+using namespace ReferenceHost;
 
 namespace {
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "RatioTable.h"
+#include "ReferenceHost/Serial/PseudoTerminal.h"
 #include "support/TestHost.h"
-#include "tablet-simulator/PseudoTerminal.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -17,6 +17,7 @@
 // a bare QSerialPort until its receiver has the same bytes.
 
 using namespace MavSystem;
+using namespace ReferenceHost;
 
 namespace {
 

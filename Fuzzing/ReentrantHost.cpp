@@ -5,9 +5,9 @@
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/InputEvents.h"
 #include "DigitizerGeneric/File_Digital/FatalError.h"
+#include "ReferenceHost/Serial/PseudoTerminal.h"
 #include "support/DescriptionBuilder.h"
 #include "support/TestHost.h"
-#include "tablet-simulator/PseudoTerminal.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -23,6 +23,7 @@
 #include <memory>
 
 using namespace MavSystem;
+using namespace ReferenceHost;
 
 namespace {
 

@@ -5,13 +5,14 @@
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/ReportLayout.h"
 #include "Fuzzing/FuzzTarget.h"
-#include "ReferenceHost/DescriptionLint.h"
-#include "ReferenceHost/XmlOutline.h"
+#include "ReferenceHost/Lint/DescriptionLint.h"
+#include "ReferenceHost/Lint/XmlOutline.h"
 #include "support/TestHost.h"
 
 #include <algorithm>
 
 using namespace MavSystem;
+using namespace ReferenceHost;
 using DescriptionFiles::BrokenFile;
 
 namespace {

@@ -1,10 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "Fuzzing/FuzzTarget.h"
-#include "ReferenceHost/RecordedSession.h"
+#include "ReferenceHost/Serial/RecordedSession.h"
 
 #include <QRegularExpression>
 #include <QTemporaryDir>
+
+using namespace ReferenceHost;
 
 namespace {
 

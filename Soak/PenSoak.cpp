@@ -3,8 +3,8 @@
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "PenTally.h"
 #include "PenWriter.h"
-#include "ReferenceHost/Command.h"
-#include "ReferenceHost/PenDirectory.h"
+#include "ReferenceHost/CommandLine/Command.h"
+#include "ReferenceHost/Host/PenDirectory.h"
 #include "Soak.h"
 #include "StallingHost.h"
 #include "support/TestHost.h"
@@ -12,6 +12,7 @@
 #include <QSettings>
 
 using namespace MavSystem;
+using namespace ReferenceHost;
 
 namespace {
 

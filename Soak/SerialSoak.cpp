@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/InputEvents.h"
-#include "ReferenceHost/Command.h"
-#include "ReferenceHost/RecordedSession.h"
+#include "ReferenceHost/CommandLine/Command.h"
+#include "ReferenceHost/Serial/RecordedSession.h"
 #include "ReportTally.h"
 #include "Soak.h"
 #include "StallingHost.h"
@@ -12,6 +12,7 @@
 #include <QProcess>
 
 using namespace MavSystem;
+using namespace ReferenceHost;
 
 namespace {
 

@@ -3,8 +3,8 @@
 #include "DigitizerGeneric/DigitizerGenericVersion.h"
 #include "NumberedReport.h"
 #include "PenTally.h"
-#include "ReferenceHost/CommandLine.h"
-#include "ReferenceHost/OptionValues.h"
+#include "ReferenceHost/CommandLine/CommandLine.h"
+#include "ReferenceHost/CommandLine/OptionValues.h"
 #include "Soak.h"
 
 #include <QCoreApplication>
@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <cstdio>
 #include <limits>
+
+using namespace ReferenceHost;
 
 namespace {
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/PortRights.h"
-#include "ReferenceHost/PieceDrawing.h"
-#include "ReferenceHost/RecordedSession.h"
+#include "ReferenceHost/Pieces/PieceDrawing.h"
+#include "ReferenceHost/Serial/PseudoTerminal.h"
+#include "ReferenceHost/Serial/RecordedSession.h"
 #include "support/ProgramRun.h"
-#include "tablet-simulator/PseudoTerminal.h"
 
 #include <QImage>
 #include <QtTest>
@@ -13,6 +13,8 @@
 #include <optional>
 
 #include <unistd.h>
+
+using namespace ReferenceHost;
 
 namespace {
 

@@ -1,10 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
-#include "ReferenceHost/CommandLine.h"
-#include "ReferenceHost/NearestNames.h"
+#include "ReferenceHost/CommandLine/CommandLine.h"
+#include "ReferenceHost/CommandLine/NearestNames.h"
 #include "support/ProgramRun.h"
 
 #include <QtTest>
+
+using namespace ReferenceHost;
 
 /// The command line that the programs share, and what they do when they start.
 class CommandLineTest : public QObject

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/FieldDecoding.h"
-#include "ReferenceHost/DescriptionLint.h"
-#include "ReferenceHost/DescriptionProposal.h"
-#include "ReferenceHost/PressProtocol.h"
-#include "ReferenceHost/ResolutionEstimate.h"
+#include "ReferenceHost/Describe/DescriptionProposal.h"
+#include "ReferenceHost/Describe/PressProtocol.h"
+#include "ReferenceHost/Describe/ResolutionEstimate.h"
+#include "ReferenceHost/Lint/DescriptionLint.h"
+#include "ReferenceHost/Serial/PseudoTerminal.h"
 #include "support/TestHost.h"
-#include "tablet-simulator/PseudoTerminal.h"
 #include "tablet-simulator/ReportEncoder.h"
 
 #include <QPointF>
@@ -17,6 +17,8 @@
 #include <memory>
 
 using namespace MavSystem;
+using namespace ReferenceHost;
+using namespace TabletSimulation;
 
 /// From the bytes of an unknown tablet to its description.
 class DescribeTest : public QObject

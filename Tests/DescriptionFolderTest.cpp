@@ -3,14 +3,15 @@
 #include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/SelectedDevice.h"
+#include "ReferenceHost/Serial/PseudoTerminal.h"
 #include "support/DescriptionBuilder.h"
 #include "support/TestHost.h"
-#include "tablet-simulator/PseudoTerminal.h"
 
 #include <QSettings>
 #include <QtTest>
 
 using namespace MavSystem;
+using namespace ReferenceHost;
 
 /// What a host needs before it selects a device: the folder with the descriptions, the list of
 /// drivers, installing one more, and why a selected device cannot be used.

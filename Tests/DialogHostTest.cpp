@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "../Examples/dialog-host/MainWindow.h"
 #include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
-#include "tablet-simulator/PseudoTerminal.h"
+#include "ReferenceHost/Serial/PseudoTerminal.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -14,6 +14,7 @@
 #include <QtTest>
 
 using namespace MavSystem;
+using namespace ReferenceHost;
 
 /// What somebody does at the window of the example host, until the points are in its drawing.
 class DialogHostTest : public QObject

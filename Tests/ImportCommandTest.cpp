@@ -1,14 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
-#include "ReferenceHost/PenDirectory.h"
+#include "ReferenceHost/Host/PenDirectory.h"
+#include "ReferenceHost/Serial/PseudoTerminal.h"
 #include "support/DescriptionBuilder.h"
 #include "support/ProgramRun.h"
-#include "tablet-simulator/PseudoTerminal.h"
 
 #include <QtTest>
 
 #include <csignal>
 #include <unistd.h>
+
+using namespace ReferenceHost;
 
 /// "digitizer import" as a process: what it asks, says, writes and leaves.
 class ImportCommandTest : public QObject

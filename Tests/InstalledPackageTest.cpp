@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
+#include "ReferenceHost/Serial/PseudoTerminal.h"
 #include "support/VirtualScreen.h"
-#include "tablet-simulator/PseudoTerminal.h"
 
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -9,6 +9,8 @@
 
 #include <sys/stat.h>
 #include <unistd.h>
+
+using namespace ReferenceHost;
 
 /// The installed package as a stranger uses it: installed, moved, and the example hosts built from
 /// what is there. Each host runs with a new home, the one with a window on a screen of its own.

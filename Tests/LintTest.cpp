@@ -5,8 +5,8 @@
 #include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/SerialSettings.h"
-#include "ReferenceHost/DescriptionKeys.h"
-#include "ReferenceHost/DescriptionLint.h"
+#include "ReferenceHost/Lint/DescriptionKeys.h"
+#include "ReferenceHost/Lint/DescriptionLint.h"
 #include "support/ProgramRun.h"
 #include "support/TestHost.h"
 #include "support/WatchedPipe.h"
@@ -17,6 +17,8 @@
 #include <QSet>
 #include <QTest>
 #include <QTextCodec>
+
+using namespace ReferenceHost;
 
 namespace {
 

@@ -1,16 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/FieldDecoding.h"
-#include "ReferenceHost/LineMonitor.h"
+#include "ReferenceHost/Serial/LineMonitor.h"
+#include "ReferenceHost/Serial/PseudoTerminal.h"
 #include "support/DescribedTemplate.h"
 #include "support/TestHost.h"
-#include "tablet-simulator/PseudoTerminal.h"
 
 #include <QProcess>
 #include <QRegularExpression>
 #include <QtTest>
 
 using namespace MavSystem;
+using namespace ReferenceHost;
 
 /// What "monitor" makes of the bytes of a line.
 class MonitorTest : public QObject

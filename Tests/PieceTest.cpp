@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
-#include "ReferenceHost/PieceDrawing.h"
-#include "ReferenceHost/PieceGeometry.h"
-#include "ReferenceHost/PieceRecorder.h"
+#include "ReferenceHost/Pieces/PieceDrawing.h"
+#include "ReferenceHost/Pieces/PieceGeometry.h"
+#include "ReferenceHost/Pieces/PieceRecorder.h"
 #include "support/SmallDisk.h"
 
 #include <QTemporaryDir>
@@ -10,6 +10,8 @@
 
 #include <cmath>
 #include <limits>
+
+using namespace ReferenceHost;
 
 namespace {
 

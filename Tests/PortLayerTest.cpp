@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "QextSerialPort/qextserialport.h"
+#include "ReferenceHost/Serial/PseudoTerminal.h"
 #include "support/RecordedMessages.h"
 #include "support/Unprivileged.h"
-#include "tablet-simulator/PseudoTerminal.h"
 
 #include <QSerialPort>
 #include <QSocketNotifier>
@@ -15,6 +15,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+using namespace ReferenceHost;
 
 /// The serial port layer by itself.
 class PortLayerTest : public QObject

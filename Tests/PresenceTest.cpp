@@ -2,18 +2,19 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
+#include "ReferenceHost/Serial/PseudoTerminal.h"
 #include "support/DescriptionBuilder.h"
 #include "support/RecordedMessages.h"
 #include "support/SmallDisk.h"
 #include "support/TestHost.h"
 #include "support/Unprivileged.h"
-#include "tablet-simulator/PseudoTerminal.h"
 
 #include <QtTest>
 
 #include <memory>
 
 using namespace MavSystem;
+using namespace ReferenceHost;
 
 /// Whether the selected device can be used, the first installation of descriptions, and the beep.
 class PresenceTest : public QObject

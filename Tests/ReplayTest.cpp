@@ -1,17 +1,18 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
-#include "ReferenceHost/RecordedSession.h"
+#include "ReferenceHost/Serial/PseudoTerminal.h"
+#include "ReferenceHost/Serial/RecordedSession.h"
 #include "support/DescriptionBuilder.h"
 #include "support/RecordedMessages.h"
 #include "support/TestHost.h"
-#include "tablet-simulator/PseudoTerminal.h"
 
 #include <QtTest>
 
 #include <limits>
 
 using namespace MavSystem;
+using namespace ReferenceHost;
 
 /// Every recorded session Replay/*.log, chunk by chunk through a real pseudo-terminal and the
 /// driver. Beside it, *.expected has a line "time x y button" for each report: the time of the

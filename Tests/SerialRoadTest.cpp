@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/InputEvents.h"
+#include "ReferenceHost/Serial/PseudoTerminal.h"
 #include "support/DescriptionBuilder.h"
 #include "support/RecordedMessages.h"
 #include "support/TestHost.h"
-#include "tablet-simulator/PseudoTerminal.h"
 
 #include <QSettings>
 #include <QtTest>
@@ -18,6 +18,7 @@
 #include <sys/resource.h>
 
 using namespace MavSystem;
+using namespace ReferenceHost;
 
 namespace {
 

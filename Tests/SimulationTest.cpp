@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/FieldDecoding.h"
-#include "ReferenceHost/Command.h"
-#include "ReferenceHost/DriverOptions.h"
-#include "ReferenceHost/RecordedSession.h"
+#include "ReferenceHost/CommandLine/Command.h"
+#include "ReferenceHost/Descriptions/DriverOptions.h"
+#include "ReferenceHost/Serial/RecordedSession.h"
 #include "support/DescriptionBuilder.h"
 #include "support/TestHost.h"
 #include "tablet-simulator/PieceScript.h"
@@ -21,6 +21,8 @@
 #include <unistd.h>
 
 using namespace MavSystem;
+using namespace ReferenceHost;
+using namespace TabletSimulation;
 
 Q_DECLARE_METATYPE(LineFaults)
 Q_DECLARE_METATYPE(Press)

@@ -1,16 +1,18 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/DigitizerGenericVersion.h"
-#include "ReferenceHost/PortHolders.h"
-#include "ReferenceHost/PrivateNames.h"
+#include "ReferenceHost/CommandLine/PrivateNames.h"
+#include "ReferenceHost/Serial/PortHolders.h"
+#include "ReferenceHost/Serial/PseudoTerminal.h"
 #include "support/DescriptionBuilder.h"
 #include "support/ProgramRun.h"
-#include "tablet-simulator/PseudoTerminal.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSerialPort>
 #include <QtTest>
+
+using namespace ReferenceHost;
 
 /// The commands that get a tablet working: check, beep, ports, doctor, and lint as a command.
 class TechnicianTest : public QObject

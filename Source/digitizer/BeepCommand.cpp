@@ -4,12 +4,14 @@
 
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/RegularFile.h"
-#include "ReferenceHost/DeviceCheck.h"
-#include "ReferenceHost/DriverOptions.h"
-#include "ReferenceHost/OptionValues.h"
-#include "ReferenceHost/XmlOutline.h"
+#include "ReferenceHost/CommandLine/OptionValues.h"
+#include "ReferenceHost/Descriptions/DriverOptions.h"
+#include "ReferenceHost/Lint/XmlOutline.h"
+#include "ReferenceHost/Serial/DeviceCheck.h"
 
 #include <QFile>
+
+namespace ReferenceHost {
 
 namespace {
 
@@ -74,3 +76,5 @@ Command beepCommand()
     command.run = run;
     return command;
 }
+
+} // namespace ReferenceHost

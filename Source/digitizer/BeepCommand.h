@@ -2,7 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ReferenceHost/Command.h"
+#include "ReferenceHost/CommandLine/Command.h"
+
+namespace ReferenceHost {
 
 /// The command "beep": makes a tablet beep.
 Command beepCommand();
+
+} // namespace ReferenceHost

@@ -3,18 +3,20 @@
 #include "digitizer/CaptureCommand.h"
 
 #include "DigitizerGeneric/Digitizer/PortRights.h"
-#include "ReferenceHost/Console.h"
-#include "ReferenceHost/DriverOptions.h"
-#include "ReferenceHost/OptionValues.h"
-#include "ReferenceHost/OutputOptions.h"
-#include "ReferenceHost/PortAccess.h"
+#include "ReferenceHost/CommandLine/Console.h"
+#include "ReferenceHost/CommandLine/OptionValues.h"
+#include "ReferenceHost/Descriptions/DriverOptions.h"
+#include "ReferenceHost/Pieces/OutputOptions.h"
+#include "ReferenceHost/Serial/LineTap.h"
+#include "ReferenceHost/Serial/PortAccess.h"
 #include "digitizer/CaptureSession.h"
-#include "digitizer/LineTap.h"
 
 #include <QTimer>
 
 #include <limits>
 #include <memory>
+
+namespace ReferenceHost {
 
 namespace {
 
@@ -145,3 +147,5 @@ Command captureCommand()
     command.run = run;
     return command;
 }
+
+} // namespace ReferenceHost

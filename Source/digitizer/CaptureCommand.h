@@ -2,7 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ReferenceHost/Command.h"
+#include "ReferenceHost/CommandLine/Command.h"
+
+namespace ReferenceHost {
 
 /// "digitizer capture": takes reports from a tablet.
 Command captureCommand();
+
+} // namespace ReferenceHost

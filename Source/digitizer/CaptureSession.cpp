@@ -5,10 +5,12 @@
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/InputEvents.h"
 #include "DigitizerGeneric/Digitizer/SelectedDevice.h"
-#include "ReferenceHost/Command.h"
-#include "ReferenceHost/Console.h"
+#include "ReferenceHost/CommandLine/Command.h"
+#include "ReferenceHost/CommandLine/Console.h"
 
 #include <utility>
+
+namespace ReferenceHost {
 
 using namespace MavSystem;
 
@@ -141,3 +143,5 @@ void CaptureSession::adviseOnUnread()
     if (!std::exchange(m_warnedOfUnread, true))
         printError(unreadAdvice(m_options.driver));
 }
+
+} // namespace ReferenceHost

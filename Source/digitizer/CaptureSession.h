@@ -3,14 +3,16 @@
 #pragma once
 
 #include "DigitizerGeneric/Digitizer/DescribedDriver.h"
-#include "ReferenceHost/PieceRecorder.h"
-#include "ReferenceHost/ReportWriter.h"
-#include "ReferenceHost/StopSignals.h"
+#include "ReferenceHost/CommandLine/StopSignals.h"
+#include "ReferenceHost/Pieces/PieceRecorder.h"
+#include "ReferenceHost/Pieces/ReportWriter.h"
 #include "digitizer/PassedOverNotice.h"
 
 #include <QEventLoop>
 #include <QObject>
 #include <QTimer>
+
+namespace ReferenceHost {
 
 /// What the user asked for.
 struct CaptureOptions
@@ -71,3 +73,5 @@ private:
     bool m_gone = false;
     bool m_warnedOfUnread = false;
 };
+
+} // namespace ReferenceHost

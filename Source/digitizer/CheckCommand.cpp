@@ -3,10 +3,12 @@
 #include "digitizer/CheckCommand.h"
 
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
-#include "ReferenceHost/Console.h"
-#include "ReferenceHost/DeviceCheck.h"
-#include "ReferenceHost/DriverOptions.h"
-#include "ReferenceHost/OptionValues.h"
+#include "ReferenceHost/CommandLine/Console.h"
+#include "ReferenceHost/CommandLine/OptionValues.h"
+#include "ReferenceHost/Descriptions/DriverOptions.h"
+#include "ReferenceHost/Serial/DeviceCheck.h"
+
+namespace ReferenceHost {
 
 using namespace MavSystem;
 
@@ -51,3 +53,5 @@ Command checkCommand()
     command.run = run;
     return command;
 }
+
+} // namespace ReferenceHost

@@ -2,7 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ReferenceHost/Command.h"
+#include "ReferenceHost/CommandLine/Command.h"
+
+namespace ReferenceHost {
 
 /// The command "check": says whether a tablet can be used, and what to do when it cannot.
 Command checkCommand();
+
+} // namespace ReferenceHost

@@ -4,16 +4,18 @@
 
 #include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
 #include "DigitizerGeneric/Digitizer/RegularFile.h"
-#include "ReferenceHost/Console.h"
-#include "ReferenceHost/DescriptionLint.h"
-#include "ReferenceHost/DescriptionProposal.h"
-#include "ReferenceHost/DescriptionTexts.h"
-#include "ReferenceHost/LineSettings.h"
-#include "ReferenceHost/PressProtocol.h"
+#include "ReferenceHost/CommandLine/Console.h"
+#include "ReferenceHost/Describe/DescriptionProposal.h"
+#include "ReferenceHost/Describe/PressProtocol.h"
+#include "ReferenceHost/Descriptions/DescriptionTexts.h"
+#include "ReferenceHost/Descriptions/LineSettings.h"
+#include "ReferenceHost/Lint/DescriptionLint.h"
 #include "digitizer/LineOptions.h"
 #include "digitizer/PressDialog.h"
 
 #include <QFileInfo>
+
+namespace ReferenceHost {
 
 namespace {
 
@@ -203,3 +205,5 @@ Command describeCommand()
     command.run = run;
     return command;
 }
+
+} // namespace ReferenceHost

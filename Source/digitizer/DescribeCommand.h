@@ -2,7 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ReferenceHost/Command.h"
+#include "ReferenceHost/CommandLine/Command.h"
+
+namespace ReferenceHost {
 
 /// "digitizer describe": proposes a description of an unknown tablet.
 Command describeCommand();
+
+} // namespace ReferenceHost

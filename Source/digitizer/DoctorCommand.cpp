@@ -3,15 +3,17 @@
 #include "digitizer/DoctorCommand.h"
 
 #include "DigitizerGeneric/DigitizerGenericVersion.h"
-#include "ReferenceHost/Console.h"
-#include "ReferenceHost/LintFiles.h"
-#include "ReferenceHost/PortList.h"
-#include "ReferenceHost/PrivateNames.h"
+#include "ReferenceHost/CommandLine/Console.h"
+#include "ReferenceHost/CommandLine/PrivateNames.h"
+#include "ReferenceHost/Lint/LintFiles.h"
+#include "ReferenceHost/Serial/PortList.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QSettings>
 #include <QSysInfo>
+
+namespace ReferenceHost {
 
 namespace {
 
@@ -110,3 +112,5 @@ Command doctorCommand()
     command.run = run;
     return command;
 }
+
+} // namespace ReferenceHost

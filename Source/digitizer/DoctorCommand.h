@@ -2,7 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ReferenceHost/Command.h"
+#include "ReferenceHost/CommandLine/Command.h"
+
+namespace ReferenceHost {
 
 /// The command "doctor": writes the report that goes along with a question.
 Command doctorCommand();
+
+} // namespace ReferenceHost

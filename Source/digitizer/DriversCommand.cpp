@@ -3,13 +3,15 @@
 #include "digitizer/DriversCommand.h"
 
 #include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
-#include "ReferenceHost/Console.h"
-#include "ReferenceHost/DescriptionTexts.h"
-#include "ReferenceHost/OptionValues.h"
+#include "ReferenceHost/CommandLine/Console.h"
+#include "ReferenceHost/CommandLine/OptionValues.h"
+#include "ReferenceHost/Descriptions/DescriptionTexts.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+
+namespace ReferenceHost {
 
 using namespace MavSystem;
 
@@ -86,3 +88,5 @@ Command driversCommand()
     command.run = run;
     return command;
 }
+
+} // namespace ReferenceHost

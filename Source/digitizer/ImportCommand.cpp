@@ -3,16 +3,18 @@
 #include "digitizer/ImportCommand.h"
 
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
-#include "ReferenceHost/DriverOptions.h"
-#include "ReferenceHost/OptionValues.h"
-#include "ReferenceHost/OutputOptions.h"
-#include "digitizer/ImportHost.h"
+#include "ReferenceHost/CommandLine/OptionValues.h"
+#include "ReferenceHost/Descriptions/DriverOptions.h"
+#include "ReferenceHost/Host/ImportHost.h"
+#include "ReferenceHost/Pieces/OutputOptions.h"
 #include "digitizer/ImportSession.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 #include <limits>
+
+namespace ReferenceHost {
 
 namespace {
 
@@ -165,3 +167,5 @@ Command importCommand()
     command.run = run;
     return command;
 }
+
+} // namespace ReferenceHost

@@ -3,10 +3,10 @@
 #include "digitizer/ImportSession.h"
 
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
-#include "ReferenceHost/Command.h"
-#include "ReferenceHost/Console.h"
-#include "ReferenceHost/StopSignals.h"
-#include "digitizer/ImportHost.h"
+#include "ReferenceHost/CommandLine/Command.h"
+#include "ReferenceHost/CommandLine/Console.h"
+#include "ReferenceHost/CommandLine/StopSignals.h"
+#include "ReferenceHost/Host/ImportHost.h"
 
 #include <QEventLoop>
 #include <QFileInfo>
@@ -17,6 +17,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <unistd.h>
+
+namespace ReferenceHost {
 
 using namespace MavSystem;
 
@@ -211,3 +213,5 @@ int ImportSession::sumUp(bool imported, bool deleted)
     listFiles(lines);
     return lines.isEmpty() ? ExitSuccess : ExitFailure;
 }
+
+} // namespace ReferenceHost

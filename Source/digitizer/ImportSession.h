@@ -3,15 +3,17 @@
 #pragma once
 
 #include "DigitizerGeneric/Digitizer/DescribedDriver.h"
-#include "ReferenceHost/PenDirectory.h"
-#include "ReferenceHost/PieceRecorder.h"
-#include "ReferenceHost/ReportWriter.h"
+#include "ReferenceHost/Host/PenDirectory.h"
+#include "ReferenceHost/Pieces/PieceRecorder.h"
+#include "ReferenceHost/Pieces/ReportWriter.h"
 
 #include <QElapsedTimer>
 #include <QMap>
 
 #include <functional>
 #include <optional>
+
+namespace ReferenceHost {
 
 /// What the user asked for.
 struct ImportOptions
@@ -67,3 +69,5 @@ private:
     bool m_progressPossible;
     bool m_progressShown = false;
 };
+
+} // namespace ReferenceHost

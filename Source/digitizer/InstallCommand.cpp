@@ -3,8 +3,10 @@
 #include "digitizer/InstallCommand.h"
 
 #include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
-#include "ReferenceHost/Console.h"
-#include "ReferenceHost/LintFiles.h"
+#include "ReferenceHost/CommandLine/Console.h"
+#include "ReferenceHost/Lint/LintFiles.h"
+
+namespace ReferenceHost {
 
 using namespace MavSystem;
 
@@ -68,3 +70,5 @@ Command installCommand()
     command.run = run;
     return command;
 }
+
+} // namespace ReferenceHost

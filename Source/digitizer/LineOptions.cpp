@@ -3,12 +3,14 @@
 #include "digitizer/LineOptions.h"
 
 #include "DigitizerGeneric/Digitizer/PortRights.h"
-#include "ReferenceHost/Command.h"
-#include "ReferenceHost/LineSettings.h"
-#include "ReferenceHost/OptionValues.h"
-#include "ReferenceHost/PortAccess.h"
+#include "ReferenceHost/CommandLine/Command.h"
+#include "ReferenceHost/CommandLine/OptionValues.h"
+#include "ReferenceHost/Descriptions/LineSettings.h"
+#include "ReferenceHost/Serial/PortAccess.h"
 
 #include <algorithm>
+
+namespace ReferenceHost {
 
 namespace LineOptions {
 
@@ -66,3 +68,5 @@ QString device(const QCommandLineParser& parser)
 }
 
 } // namespace LineOptions
+
+} // namespace ReferenceHost

@@ -7,6 +7,8 @@
 #include <QCommandLineParser>
 #include <QString>
 
+namespace ReferenceHost {
+
 /// The options --device, --baudrate, --databit, --parity, --stopbit and --flowctrl of the commands
 /// that read a line by themselves.
 namespace LineOptions {
@@ -26,3 +28,5 @@ PortSettings usualSettings();
 QString device(const QCommandLineParser& parser);
 
 } // namespace LineOptions
+
+} // namespace ReferenceHost

@@ -2,13 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "digitizer/LintCommand.h"
 
-#include "ReferenceHost/Console.h"
-#include "ReferenceHost/LintFiles.h"
-#include "ReferenceHost/OptionValues.h"
+#include "ReferenceHost/CommandLine/Console.h"
+#include "ReferenceHost/CommandLine/OptionValues.h"
+#include "ReferenceHost/Lint/LintFiles.h"
 
 #include <QJsonDocument>
 
 #include <algorithm>
+
+namespace ReferenceHost {
 
 namespace {
 
@@ -59,3 +61,5 @@ Command lintCommand()
     command.run = run;
     return command;
 }
+
+} // namespace ReferenceHost

@@ -2,7 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ReferenceHost/Command.h"
+#include "ReferenceHost/CommandLine/Command.h"
+
+namespace ReferenceHost {
 
 /// The command "lint": says of descriptions what the driver takes without a message.
 Command lintCommand();
+
+} // namespace ReferenceHost

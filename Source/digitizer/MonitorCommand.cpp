@@ -3,16 +3,18 @@
 #include "digitizer/MonitorCommand.h"
 
 #include "DigitizerGeneric/Digitizer/FieldDecoding.h"
-#include "ReferenceHost/Console.h"
-#include "ReferenceHost/DriverOptions.h"
-#include "ReferenceHost/LineMonitor.h"
-#include "ReferenceHost/StopSignals.h"
-#include "digitizer/InputLines.h"
+#include "ReferenceHost/CommandLine/Console.h"
+#include "ReferenceHost/CommandLine/InputLines.h"
+#include "ReferenceHost/CommandLine/StopSignals.h"
+#include "ReferenceHost/Descriptions/DriverOptions.h"
+#include "ReferenceHost/Serial/LineMonitor.h"
+#include "ReferenceHost/Serial/SerialLine.h"
 #include "digitizer/LineOptions.h"
-#include "digitizer/SerialLine.h"
 
 #include <QEventLoop>
 #include <QTimer>
+
+namespace ReferenceHost {
 
 using namespace MavSystem;
 
@@ -129,3 +131,5 @@ Command monitorCommand()
     command.run = run;
     return command;
 }
+
+} // namespace ReferenceHost

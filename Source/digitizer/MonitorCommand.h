@@ -2,7 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ReferenceHost/Command.h"
+#include "ReferenceHost/CommandLine/Command.h"
+
+namespace ReferenceHost {
 
 /// "digitizer monitor": shows what arrives on a line.
 Command monitorCommand();
+
+} // namespace ReferenceHost

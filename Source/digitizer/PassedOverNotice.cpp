@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "digitizer/PassedOverNotice.h"
 
-#include "ReferenceHost/Console.h"
-#include "ReferenceHost/RecordedSession.h"
+#include "ReferenceHost/CommandLine/Console.h"
+#include "ReferenceHost/Serial/RecordedSession.h"
 
 #include <utility>
+
+namespace ReferenceHost {
 
 namespace {
 
@@ -50,3 +52,5 @@ void PassedOverNotice::sayMore()
                          : QStringLiteral("%1 more bytes were passed over").arg(more));
     m_silence.start();
 }
+
+} // namespace ReferenceHost

@@ -5,6 +5,8 @@
 #include <QByteArray>
 #include <QTimer>
 
+namespace ReferenceHost {
+
 /// Tells the user on the error stream which bytes the driver passed over: one line at once, then at
 /// most one line a second with the number of those that came since.
 class PassedOverNotice
@@ -23,3 +25,5 @@ private:
     QTimer m_silence; // runs for a second after each line
     int m_more = 0;   // bytes since the last line
 };
+
+} // namespace ReferenceHost

@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "digitizer/PortsCommand.h"
 
-#include "ReferenceHost/Console.h"
-#include "ReferenceHost/OptionValues.h"
-#include "ReferenceHost/PortList.h"
+#include "ReferenceHost/CommandLine/Console.h"
+#include "ReferenceHost/CommandLine/OptionValues.h"
+#include "ReferenceHost/Serial/PortList.h"
 
 #include <QJsonDocument>
+
+namespace ReferenceHost {
 
 namespace {
 
@@ -44,3 +46,5 @@ Command portsCommand()
     command.run = run;
     return command;
 }
+
+} // namespace ReferenceHost

@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "digitizer/PressDialog.h"
 
-#include "ReferenceHost/Command.h"
-#include "ReferenceHost/PressProtocol.h"
-#include "ReferenceHost/StopSignals.h"
-#include "digitizer/InputLines.h"
+#include "ReferenceHost/CommandLine/Command.h"
+#include "ReferenceHost/CommandLine/InputLines.h"
+#include "ReferenceHost/CommandLine/StopSignals.h"
+#include "ReferenceHost/Describe/PressProtocol.h"
 
 #include <cstdio>
+
+namespace ReferenceHost {
 
 namespace {
 
@@ -92,3 +94,5 @@ void PressDialog::fail(const QString& reason)
     m_problem = reason;
     m_loop.quit();
 }
+
+} // namespace ReferenceHost

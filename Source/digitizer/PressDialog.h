@@ -2,13 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ReferenceHost/RecordedSession.h"
-#include "digitizer/SerialLine.h"
+#include "ReferenceHost/Serial/RecordedSession.h"
+#include "ReferenceHost/Serial/SerialLine.h"
 
 #include <QEventLoop>
 #include <QTimer>
 
 #include <optional>
+
+namespace ReferenceHost {
 
 /// Asks the user for the presses of the protocol, one after the other, on the terminal.
 class PressDialog : public QObject
@@ -38,3 +40,5 @@ private:
     QVector<RecordedSession::Chunk> m_presses;
     QString m_problem;
 };
+
+} // namespace ReferenceHost

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/DigitizerGenericVersion.h"
-#include "ReferenceHost/CommandLine.h"
-#include "ReferenceHost/StandardHost.h"
+#include "ReferenceHost/CommandLine/CommandLine.h"
+#include "ReferenceHost/Host/StandardHost.h"
 #include "digitizer/BeepCommand.h"
 #include "digitizer/CaptureCommand.h"
 #include "digitizer/CheckCommand.h"
@@ -19,6 +19,8 @@
 
 #include <algorithm>
 #include <memory>
+
+using namespace ReferenceHost;
 
 namespace {
 

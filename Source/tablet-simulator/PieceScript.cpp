@@ -6,6 +6,8 @@
 
 #include <cmath>
 
+namespace TabletSimulation {
+
 namespace {
 
 enum Meaning { Corner, Curve, Hole, End, Notch };
@@ -82,3 +84,5 @@ QVector<Press> bodiceFront(int firstButton, bool sixteenButtons)
     }
     return presses;
 }
+
+} // namespace TabletSimulation

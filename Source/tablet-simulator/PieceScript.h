@@ -7,6 +7,8 @@
 #include <QString>
 #include <QVector>
 
+namespace TabletSimulation {
+
 /// What reading a script yields; the presses are usable when \a error is empty.
 struct ReadScript
 {
@@ -22,3 +24,5 @@ ReadScript readScript(const QByteArray& content);
 /// sixteenButtons it also has notches. \a firstButton is the number that stands for a corner; curve
 /// point, punch hole, end of piece and notch follow it.
 QVector<Press> bodiceFront(int firstButton, bool sixteenButtons);
+
+} // namespace TabletSimulation

@@ -2,10 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "tablet-simulator/PortLink.h"
 
-#include "ReferenceHost/Command.h"
+#include "ReferenceHost/CommandLine/Command.h"
 
 #include <QFile>
 #include <QFileInfo>
+
+using namespace ReferenceHost;
+
+namespace TabletSimulation {
 
 PortLink::PortLink(const QString& port, const QString& link) : m_port(port)
 {
@@ -26,3 +30,5 @@ PortLink::~PortLink()
     if (!m_link.isEmpty() && QFileInfo(m_link).symLinkTarget() == m_port)
         QFile::remove(m_link);
 }
+
+} // namespace TabletSimulation

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+namespace TabletSimulation {
+
 /// A symbolic link to a port, removed when the object goes.
 class PortLink
 {
@@ -22,3 +24,5 @@ private:
     QString m_port;
     QString m_link;
 };
+
+} // namespace TabletSimulation

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <cstdint>
 
+namespace TabletSimulation {
+
 using namespace MavSystem;
 
 namespace {
@@ -232,3 +234,5 @@ EncodedReport encodeLectraE92Report(const Press& press)
                 "\r\n",
             {}};
 }
+
+} // namespace TabletSimulation

@@ -8,6 +8,8 @@
 #include <QByteArray>
 #include <QString>
 
+namespace TabletSimulation {
+
 /// What a tablet is told to send: a point in centimetres and the number that its report is to have.
 struct Press
 {
@@ -29,3 +31,5 @@ EncodedReport encodeReport(const MavSystem::DigitizerArgument& description, cons
 /// The same in the fixed layout of the "Lectra E92": positive coordinates in steps of 0.01, buttons
 /// 2 to 5, with a carriage return and a line feed behind it.
 EncodedReport encodeLectraE92Report(const Press& press);
+
+} // namespace TabletSimulation

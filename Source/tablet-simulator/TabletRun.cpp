@@ -2,14 +2,18 @@
 // SPDX-License-Identifier: MIT
 #include "tablet-simulator/TabletRun.h"
 
-#include "ReferenceHost/Console.h"
-#include "ReferenceHost/RecordedSession.h"
+#include "ReferenceHost/CommandLine/Console.h"
+#include "ReferenceHost/Serial/RecordedSession.h"
 
 #include <QElapsedTimer>
 
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
+
+using namespace ReferenceHost;
+
+namespace TabletSimulation {
 
 namespace {
 
@@ -128,3 +132,5 @@ void stopTabletRun()
 {
     s_stopped = 1;
 }
+
+} // namespace TabletSimulation

@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "tablet-simulator/PseudoTerminal.h"
+#include "ReferenceHost/Serial/PseudoTerminal.h"
 #include "tablet-simulator/Transmission.h"
 
 #include <QVector>
+
+namespace TabletSimulation {
 
 /// When each write of a run goes to the line.
 enum class Pace {
@@ -27,8 +29,10 @@ struct RunOptions
 /// Sends \a writes over \a tablet once a program has opened its port, and prints to the standard
 /// error stream what arrives from there. Returns whether all was sent and taken; false after
 /// stopTabletRun(), and when the line fails, which it says on the error stream.
-bool runTablet(PseudoTerminal& tablet, const QVector<Transmission>& writes,
+bool runTablet(ReferenceHost::PseudoTerminal& tablet, const QVector<Transmission>& writes,
                const RunOptions& options);
 
 /// Lets runTablet() return soon. Safe in a signal handler.
 void stopTabletRun();
+
+} // namespace TabletSimulation

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <random>
 
+namespace TabletSimulation {
+
 namespace {
 
 // Long enough for the receiver to see two chunks instead of one.
@@ -43,3 +45,5 @@ QVector<Transmission> withFaults(const QVector<Transmission>& reports, const Lin
     }
     return writes;
 }
+
+} // namespace TabletSimulation

@@ -5,6 +5,8 @@
 #include <QByteArray>
 #include <QVector>
 
+namespace TabletSimulation {
+
 /// One write to the line.
 struct Transmission
 {
@@ -25,3 +27,5 @@ struct LineFaults
 /// Returns the writes that send \a reports with \a faults. Merged reports come after the sum
 /// of their pauses.
 QVector<Transmission> withFaults(const QVector<Transmission>& reports, const LineFaults& faults);
+
+} // namespace TabletSimulation

@@ -4,12 +4,12 @@
 #include "DigitizerGeneric/Digitizer/RegularFile.h"
 #include "DigitizerGeneric/DigitizerGenericVersion.h"
 #include "QextSerialPort/SerialTiming.h"
-#include "ReferenceHost/CommandLine.h"
-#include "ReferenceHost/Console.h"
-#include "ReferenceHost/DriverOptions.h"
-#include "ReferenceHost/OptionValues.h"
-#include "ReferenceHost/RecordedSession.h"
-#include "ReferenceHost/StandardHost.h"
+#include "ReferenceHost/CommandLine/CommandLine.h"
+#include "ReferenceHost/CommandLine/Console.h"
+#include "ReferenceHost/CommandLine/OptionValues.h"
+#include "ReferenceHost/Descriptions/DriverOptions.h"
+#include "ReferenceHost/Host/StandardHost.h"
+#include "ReferenceHost/Serial/RecordedSession.h"
 #include "tablet-simulator/PieceScript.h"
 #include "tablet-simulator/PortLink.h"
 #include "tablet-simulator/TabletRun.h"
@@ -20,7 +20,10 @@
 #include <algorithm>
 #include <csignal>
 
+using namespace TabletSimulation;
+
 using namespace MavSystem;
+using namespace ReferenceHost;
 
 namespace {
 

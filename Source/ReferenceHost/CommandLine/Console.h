@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+namespace ReferenceHost {
+
+/// Writes \a text to the standard output at once and returns whether that worked.
+bool printOutput(const QString& text);
+
+/// Writes one line to the standard error stream: the program's name, a colon, and \a text. Line
+/// breaks in it become blanks.
+void printError(const QString& text);
+
+} // namespace ReferenceHost

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
+#include "MavCore/MavApplication.h"
+
+namespace ReferenceHost {
+
+/// What the programs of this project are to the driver library: where descriptions are, and how
+/// messages are shown.
+///
+/// Settings and data are the project's own, never those of another program:
+///   settings           ~/.config/DigitizerGeneric/PROGRAM.conf
+///   data               ~/.local/share/DigitizerGeneric, shared by the programs
+///   installed          "generated" in the data folder; those of the library come there at the
+///   start
+/// XDG_CONFIG_HOME and XDG_DATA_HOME move the first two as everywhere.
+class StandardHost : public MavSystem::MavApplication
+{
+public:
+    /// Names the application \a programName, makes this object the MavApplication, and brings the
+    /// installed descriptions up to date. To be made once, after the QCoreApplication.
+    explicit StandardHost(const QString& programName);
+
+    /// Makes the description \a file the only one of this process, in a data folder of its own that
+    /// goes with the process. Returns its driver, or why it stays as it was.
+    static MavSystem::DescriptionFolder::Result useOnly(const QString& file);
+
+    QDir appDataLocation() const override;
+
+    /// Each is one line on the standard error stream.
+    void displayWarning(const QString& text, const QString& details,
+                        QWidget* parent) const override;
+    void displayError(const QString& text, const QString& details, QWidget* parent) const override;
+
+    /// Says what was asked and answers with the third choice, the harmless one.
+    int confirmContinue(const QString& text, const QString& title, const QString& first,
+                        const QString& second, const QString& third,
+                        QWidget* parent) const override;
+};
+
+} // namespace ReferenceHost

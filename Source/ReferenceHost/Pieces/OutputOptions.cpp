@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "ReferenceHost/Pieces/OutputOptions.h"
+
+#include "ReferenceHost/CommandLine/Command.h"
+#include "ReferenceHost/CommandLine/Console.h"
+#include "ReferenceHost/CommandLine/OptionValues.h"
+#include "ReferenceHost/Pieces/PieceDrawing.h"
+
+#include <QFileInfo>
+
+namespace ReferenceHost {
+
+QCommandLineOption formatOption()
+{
+    return {QStringLiteral("format"),
+            QStringLiteral("text (default), csv, or json with one object a line. Numbers are exact "
+                           "in csv and json, and rounded to 4 decimals in text."),
+            QStringLiteral("FORMAT")};
+}
+
+ReportWriter::Format formatValue(const QCommandLineParser& parser)
+{
+    const QStringList formats = ReportWriter::formatNames();
+    return ReportWriter::Format(
+        formats.indexOf(choiceValue(parser, QStringLiteral("format"), formats)));
+}
+
+QCommandLineOption pictureOption()
+{
+    return {QStringLiteral("picture"),
+            QStringLiteral("Draws the pieces at the end, as SVG at true size or as PNG, by the "
+                           "extension. A piece without its end is drawn dashed."),
+            QStringLiteral("FILE")};
+}
+
+QString writablePicture(const QCommandLineParser& parser)
+{
+    if (!parser.isSet(pictureOption()))
+        return {};
+    const QString path = parser.value(pictureOption());
+    if (!PieceDrawing::canSave(path))
+        throw CommandError(
+            QStringLiteral("--picture is '%1', but must end in .svg or .png").arg(path), ExitUsage);
+    const QFileInfo folder(QFileInfo(path).absolutePath());
+    if (!folder.isDir() || !folder.isWritable())
+        throw CommandError(
+            QStringLiteral("cannot write into the folder %1").arg(folder.filePath()));
+    return path;
+}
+
+int savePicture(const QVector<Piece>& pieces, const QString& path)
+{
+    if (path.isEmpty())
+        return ExitSuccess;
+    const QString problem =
+        pieces.isEmpty() ? QStringLiteral("nothing was traced, so %1 is not written").arg(path)
+                         : PieceDrawing(pieces).save(path);
+    if (problem.isEmpty())
+        return ExitSuccess;
+    printError(problem);
+    return ExitFailure;
+}
+
+} // namespace ReferenceHost

@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "ReferenceHost/Pieces/PointRole.h"
+
+#include "DigitizerGeneric/Digitizer/DescribedDriver.h"
+#include "DigitizerGeneric/Digitizer/DigitalReport.h"
+#include "ReferenceHost/CommandLine/Command.h"
+#include "ReferenceHost/CommandLine/NearestNames.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace ReferenceHost {
+
+namespace {
+
+// In the order of the enumerators; those before "other" can be given to a button.
+constexpr const char* names[] = {"corner", "curve", "hole",    "end",
+                                 "notch",  "other", "closing", "rejected"};
+
+PointRole parseRole(const QString& name, const QString& entry)
+{
+    const auto* const found =
+        std::find_if(std::begin(names), std::end(names),
+                     [&](const char* known) { return name == QLatin1String(known); });
+    if (found - std::begin(names) < int(PointRole::Other))
+        return PointRole(found - std::begin(names));
+    QStringList accepted;
+    for (int role = 0; role < int(PointRole::Other); ++role)
+        accepted << roleName(PointRole(role));
+    throw CommandError(
+        QStringLiteral("--buttons has '%1', but a button can be %2%3")
+            .arg(entry, accepted.join(QStringLiteral(", ")), suggestion(name, accepted)),
+        ExitUsage);
+}
+
+} // namespace
+
+QString roleName(PointRole role)
+{
+    return QLatin1String(names[int(role)]);
+}
+
+ButtonRoles standardButtonRoles(const MavSystem::DescribedDriver& driver)
+{
+    const bool lectraE92 = driver.isLectraE92();
+    const int first = lectraE92 ? 2 : 1;
+    ButtonRoles roles = {{first, PointRole::Corner},
+                         {first + 1, PointRole::Curve},
+                         {first + 2, PointRole::Hole},
+                         {first + 3, PointRole::End}};
+    if (!lectraE92 && !driver.description.m_fourButtons)
+        roles.insert(5, PointRole::Notch);
+    return roles;
+}
+
+ButtonRoles parseButtonRoles(const QString& text)
+{
+    ButtonRoles roles;
+    for (const QString& entry : text.split(QLatin1Char(','))) {
+        const int equals = entry.indexOf(QLatin1Char('='));
+        bool isNumber = false;
+        const int button = entry.left(equals).toInt(&isNumber);
+        if (equals < 0 || !isNumber || button < 0)
+            throw CommandError(
+                QStringLiteral("--buttons has '%1' where BUTTON=MEANING is expected, such as "
+                               "1=corner,2=curve")
+                    .arg(entry),
+                ExitUsage);
+        if (roles.contains(button))
+            throw CommandError(QStringLiteral("--buttons gives button %1 twice").arg(button),
+                               ExitUsage);
+        roles.insert(button, parseRole(entry.mid(equals + 1).trimmed(), entry));
+    }
+    return roles;
+}
+
+PointRole roleOf(const MavSystem::DigitalReport& report, const ButtonRoles& roles)
+{
+    if (report.isClosing())
+        return PointRole::Closing;
+    if (report.m_button_number < 0)
+        return PointRole::Rejected;
+    return roles.value(report.m_button_number, PointRole::Other);
+}
+
+} // namespace ReferenceHost

@@ -1,9 +1,0 @@
-// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
-// SPDX-License-Identifier: MIT
-#pragma once
-
-#include <QString>
-
-/// Returns why \a device cannot be used as a serial port and what to do, or an empty text. Opens it
-/// for a moment, which alone tells whether it is a terminal and not taken.
-QString portProblem(const QString& device);

@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "ReferenceHost/Serial/LineTap.h"
+
+#include "QextSerialPort/qextserialport.h"
+#include "ReferenceHost/CommandLine/Command.h"
+#include "ReferenceHost/Descriptions/DescriptionTexts.h"
+#include "ReferenceHost/Descriptions/LineSettings.h"
+
+#include <QSocketNotifier>
+
+namespace ReferenceHost {
+
+namespace {
+
+constexpr int retryMilliseconds = 500;
+
+RecordedSession headerOf(const MavSystem::DescribedDriver& driver)
+{
+    RecordedSession session;
+    session.tablet = driver.name;
+    session.driver = driver.name;
+    session.settings = lineSettingsText(driver.description.m_portSettings);
+    session.date = QDateTime::currentDateTimeUtc();
+    return session;
+}
+
+} // namespace
+
+LineTap::LineTap(const MavSystem::DescribedDriver& driver, const QString& device,
+                 const QString& path)
+    : m_port(new QextSerialPort(QextSerialPort::EventDriven, this)),
+      m_writer(path, headerOf(driver))
+{
+    if (!problem().isEmpty())
+        throw CommandError(
+            QStringLiteral("the recording '%1' cannot be made: %2").arg(path, problem()));
+    if (!m_terminal.isOpen())
+        throw CommandError(
+            QStringLiteral("there is no pseudo-terminal: %1").arg(m_terminal.errorString()));
+    m_port->setPortName(device);
+    LineSettings::apply(driver.description.m_portSettings, *m_port);
+    if (!m_port->open(QIODevice::ReadWrite))
+        throw CommandError(
+            QStringLiteral("%1 cannot be used: %2").arg(device, m_port->errorString()));
+    m_clock.start();
+    connect(m_port, &QextSerialPort::readyRead, this, &LineTap::record);
+    connect(m_port, &QIODevice::readChannelFinished, this, [this] {
+        m_retry.start(retryMilliseconds);
+        Q_EMIT lost();
+    });
+    connect(&m_retry, &QTimer::timeout, this, &LineTap::tryAgain);
+    m_writable = new QSocketNotifier(m_terminal.descriptor(), QSocketNotifier::Write, this);
+    m_writable->setEnabled(false);
+    connect(m_writable, &QSocketNotifier::activated, this, &LineTap::passToDriver);
+    auto* const notifier =
+        new QSocketNotifier(m_terminal.descriptor(), QSocketNotifier::Read, this);
+    connect(notifier, &QSocketNotifier::activated, this, &LineTap::passToTablet);
+}
+
+LineTap::~LineTap() = default;
+
+void LineTap::tryAgain()
+{
+    m_port->close();
+    if (!m_port->open(QIODevice::ReadWrite))
+        return;
+    m_retry.stop();
+    Q_EMIT returned();
+}
+
+void LineTap::record()
+{
+    const QByteArray bytes = m_port->readAll();
+    m_writer.append({m_clock.elapsed(), bytes});
+    m_toDriver += bytes;
+    passToDriver();
+}
+
+// Never waits: the driver reads in the same event loop.
+void LineTap::passToDriver()
+{
+    m_toDriver.remove(0, m_terminal.writeSome(m_toDriver, 0));
+    m_writable->setEnabled(!m_toDriver.isEmpty());
+}
+
+void LineTap::passToTablet()
+{
+    m_port->write(m_terminal.read());
+}
+
+} // namespace ReferenceHost

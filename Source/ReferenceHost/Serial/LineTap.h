@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "DigitizerGeneric/Digitizer/DescribedDriver.h"
+#include "ReferenceHost/Serial/PseudoTerminal.h"
+#include "ReferenceHost/Serial/RecordedSession.h"
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+
+class QSocketNotifier;
+class QextSerialPort;
+
+namespace ReferenceHost {
+
+/// Records what passes on a line: it opens the tablet's port itself and offers the driver library a
+/// pseudo-terminal instead, between which it passes everything on in both directions. When the
+/// tablet's port is gone the pseudo-terminal stays, and the port is opened again when it is back.
+class LineTap : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Opens \a device with the settings of \a driver and records into the new file \a path. Throws
+    /// a CommandError when either cannot be opened.
+    LineTap(const MavSystem::DescribedDriver& driver, const QString& device, const QString& path);
+    ~LineTap() override;
+
+    /// Returns the path of the port for the driver library.
+    QString port() const { return m_terminal.path(); }
+
+    /// Returns why the recording is not complete, or an empty text.
+    QString problem() const { return m_writer.errorString(); }
+
+Q_SIGNALS:
+    /// The tablet's port is gone. What arrived before is on its way to the driver.
+    void lost();
+    void returned();
+
+private:
+    void tryAgain();
+    void record();
+    void passToDriver();
+    void passToTablet();
+
+    PseudoTerminal m_terminal;
+    QextSerialPort* m_port;      // a child object
+    QSocketNotifier* m_writable; // a child object; enabled while bytes wait for the driver
+    QByteArray m_toDriver;
+    SessionWriter m_writer;
+    QElapsedTimer m_clock;
+    QTimer m_retry; // runs while the port is gone
+};
+
+} // namespace ReferenceHost

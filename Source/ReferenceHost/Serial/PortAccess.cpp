@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "ReferenceHost/Serial/PortAccess.h"
+
+#include "DigitizerGeneric/Digitizer/PortRights.h"
+#include "ReferenceHost/Serial/PortHolders.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <cstring>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace ReferenceHost {
+
+using namespace MavSystem;
+
+namespace {
+
+// Opened without waiting for a carrier and without becoming the program's terminal.
+QString openProblem(const QString& path)
+{
+    const int port = open(QFile::encodeName(path).constData(), O_RDWR | O_NOCTTY | O_NONBLOCK);
+    if (port < 0)
+        return errno == EBUSY ? QStringLiteral("another program has %1 open: %2")
+                                    .arg(path, holdersText(portHolders(path)))
+                              : QStringLiteral("%1 does not open: %2")
+                                    .arg(path, QString::fromLocal8Bit(std::strerror(errno)));
+    const bool isTerminal = isatty(port) != 0;
+    close(port);
+    return isTerminal ? QString() : QStringLiteral("%1 is not a serial port").arg(path);
+}
+
+} // namespace
+
+QString portProblem(const QString& device)
+{
+    const QString path = portPath(device);
+    const QString problem = rightsProblem(device);
+    if (problem.isEmpty())
+        return openProblem(path);
+    return QFile::exists(path)
+               ? problem
+               : QStringLiteral("%1 ('digitizer ports' lists the ports)").arg(problem);
+}
+
+} // namespace ReferenceHost
