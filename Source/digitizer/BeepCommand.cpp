@@ -31,7 +31,8 @@ void requireBeep(const QString& driver)
     const auto described = requiredDriver(driver);
     if (!hasBeep(described))
         throw CommandError(
-            QStringLiteral("the description %1 has no beep (an element \"beepString\")")
+            QStringLiteral(
+                "the description %1 defines no beep: it has no \"beepString\" with a \"character\"")
                 .arg(described.file));
 }
 
@@ -42,15 +43,16 @@ int run(const QCommandLineParser& parser)
     const QString device = requiredValue(parser, QStringLiteral("device"),
                                          QStringLiteral("'digitizer ports' lists the ports"));
     if (device == QLatin1String("File:"))
-        throw CommandError(QStringLiteral("--device is File:, but a digital pen cannot beep"),
-                           ExitUsage);
+        throw CommandError(
+            QStringLiteral("--device is File:, but a digital pen cannot beep; give a serial port"),
+            ExitUsage);
     requireBeep(driver);
     const QString problem = deviceProblem(driver, device);
     if (!problem.isEmpty())
         throw CommandError(problem);
     const auto digitizer = MavSystem::Digitizer::instance();
     if (!digitizer->open())
-        return ExitFailure; // the library has shown why
+        return ExitFailure; // the library has shown the reason
     digitizer->digitBeep();
     digitizer->close();
     return ExitSuccess;
@@ -64,14 +66,14 @@ Command beepCommand()
     command.name = QStringLiteral("beep");
     command.summary = QStringLiteral("make a tablet beep");
     command.description = QStringList{
-        QStringLiteral("Opens the tablet, sends the bytes of the description's \"beepString\", "
-                       "shows them, and closes it. A tablet that beeps is at that port and "
-                       "understands its settings; one that stays silent may have no beep.")};
+        QStringLiteral("Opens the port, sends the bytes of \"beepString\" in the description, "
+                       "prints them and closes the port. If the tablet beeps, the port and the "
+                       "serial settings are right. If it stays silent, it may have no beeper.")};
     command.options = {{QStringLiteral("driver"),
-                        QStringLiteral("The description to use; 'digitizer drivers' lists them."),
+                        QStringLiteral("Use driver NAME; 'digitizer drivers' lists the names."),
                         QStringLiteral("NAME")},
                        {QStringLiteral("device"),
-                        QStringLiteral("The serial port, such as /dev/ttyUSB0."),
+                        QStringLiteral("Use serial port PORT, such as /dev/ttyUSB0."),
                         QStringLiteral("PORT")}};
     command.run = run;
     return command;

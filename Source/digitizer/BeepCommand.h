@@ -6,7 +6,7 @@
 
 namespace ReferenceHost {
 
-/// The command "beep": makes a tablet beep.
+/// "digitizer beep": makes a tablet beep.
 Command beepCommand();
 
 } // namespace ReferenceHost

@@ -27,7 +27,7 @@ const QString recordOption = QStringLiteral("record");
 const QString strictCountOption = QStringLiteral("strict-count");
 const QString noReconnectOption = QStringLiteral("no-reconnect");
 
-// Longer than the pause after which the driver has handed over whatever the tap passed on to it.
+// Longer than the pause after which the driver has delivered everything that the tap passed on.
 constexpr int handOverMilliseconds = 500;
 
 QString usablePort(const QCommandLineParser& parser)
@@ -35,9 +35,9 @@ QString usablePort(const QCommandLineParser& parser)
     const QString device =
         requiredValue(parser, deviceOption, QStringLiteral("'digitizer ports' lists the ports"));
     if (device == QLatin1String("File:"))
-        throw CommandError(QStringLiteral("--device File: is the digital pen; use 'digitizer "
-                                          "import'"),
-                           ExitUsage);
+        throw CommandError(
+            QStringLiteral("--device is File:, which is the digital pen; use 'digitizer import'"),
+            ExitUsage);
     const QString problem = portProblem(device);
     if (!problem.isEmpty())
         throw CommandError(problem);
@@ -60,7 +60,7 @@ CaptureOptions parseOptions(const QCommandLineParser& parser)
     return options;
 }
 
-// The tap's port is the device, and what the driver has open stays.
+// The tap has the device open. The driver's end, a pseudo-terminal, stays when the device is gone.
 void watchTap(const LineTap& tap, CaptureSession& session, const CaptureOptions& options)
 {
     QObject::connect(&tap, &LineTap::lost, &session, [&] {
@@ -97,53 +97,53 @@ Command captureCommand()
 {
     Command command;
     command.name = QStringLiteral("capture");
-    command.summary = QStringLiteral("take reports from a tablet on a serial port");
+    command.summary = QStringLiteral("capture points from a tablet on a serial port");
     command.description = QStringList{
-        QStringLiteral("Opens the tablet and writes one line for each press of a button, at once: "
-                       "its number, the point in centimetres, the button, and what the button "
-                       "means. Ctrl-C closes the device; the last line is then the library's "
-                       "closing report."),
-        QStringLiteral("What arrives is checked: only reports that fit the description's template "
-                       "are taken, each by itself, however many arrive together. Anything else is "
-                       "passed over and shown on the error stream."),
         QStringLiteral(
-            "When the cable is pulled, capturing waits until the port is there again and "
-            "goes on with the piece in hand. What is pressed meanwhile is lost."),
-        QStringLiteral("Buttons mean: 1 corner, 2 curve point, 3 punch hole, 4 end of piece; on "
-                       "tablets with sixteen buttons 5 is a notch. With \"Lectra E92\" the same "
-                       "four begin at button 2.")};
+            "Opens the port and prints one line for each press of a button: a running number, the "
+            "point in centimetres, the button, and what the button means. Ctrl-C closes the port; "
+            "the last line is then the library's closing report."),
+        QStringLiteral(
+            "Each report is checked against the description's template, however many arrive "
+            "together. Bytes that do not fit are passed over and shown on standard error."),
+        QStringLiteral("If the cable is pulled, the command waits for the port to come back and "
+                       "continues with the current piece. Presses in the meantime are lost."),
+        QStringLiteral("Button 1 is a corner, 2 a curve point, 3 a punch hole and 4 the end of a "
+                       "piece. On tablets with sixteen buttons, 5 is a notch. On the \"Lectra "
+                       "E92\", buttons 2 to 5 have the first four meanings.")};
     command.options = {
         DriverOptions::driver(),
         DriverOptions::description(),
-        {deviceOption, QStringLiteral("The serial port, such as /dev/ttyUSB0."),
+        {deviceOption, QStringLiteral("Use serial port PORT, such as /dev/ttyUSB0."),
          QStringLiteral("PORT")},
-        {countOption, QStringLiteral("Ends after N reports."), QStringLiteral("N")},
+        {countOption, QStringLiteral("Stop after N reports."), QStringLiteral("N")},
         formatOption(),
         {buttonsOption,
-         QStringLiteral("Another meaning of the buttons, for instance "
-                        "1=corner,2=curve,3=hole,4=end,5=notch. A button left out has none."),
+         QStringLiteral(
+             "Change the meaning of the buttons, for example "
+             "1=corner,2=curve,3=hole,4=end,5=notch. A button that is not listed has no meaning."),
          QStringLiteral("MAP")},
         {recordOption,
-         QStringLiteral("Records every byte of the line with its time into a new file, which "
-                        "'tablet-simulator --replay' sends again."),
+         QStringLiteral("Record every byte that arrives, with its time, in a new file. "
+                        "'tablet-simulator --replay FILE' sends it again."),
          QStringLiteral("FILE")},
         pictureOption(),
         {strictCountOption,
-         QStringLiteral("Takes a report when exactly as many bytes as one report are waiting, "
-                        "whatever they are. For a tablet that sends something else than the "
-                        "description says in places that do not matter, so that 'digitizer "
-                        "monitor' shows good reports as passed over. Reports that arrive together, "
-                        "and all after them, are then not taken.")},
-        {noReconnectOption, QStringLiteral("Ends when the tablet is pulled out, for scripts.")},
+         QStringLiteral(
+             "Read a report when exactly as many bytes are waiting as it has characters, without "
+             "checking them. Use this if 'digitizer monitor' shows good reports as passed over "
+             "because the tablet deviates from the template in places that do not matter. If two "
+             "reports arrive together, neither they nor any later ones are read.")},
+        {noReconnectOption, QStringLiteral("Stop when the port is lost; for scripts.")},
     };
     command.examples = {
         {QStringLiteral("digitizer capture --driver \"Wacom II-S ASCII (SD-510C, ArtPad)\" "
                         "--device /dev/ttyUSB0 --picture pieces.svg"),
-         QStringLiteral("Traces pieces until Ctrl-C and draws them.")}};
+         QStringLiteral("Trace pieces until Ctrl-C, then draw them.")}};
     command.exitStatusNotes = QStringList{
-        QStringLiteral("Ctrl-C and the end of --count are success; not so Ctrl-C while the tablet "
-                       "is pulled out, and --no-reconnect when it is. What was traced until then "
-                       "is drawn in any case.")};
+        QStringLiteral("'capture' exits with 0 after Ctrl-C and after --count reports. It exits "
+                       "with 1 after Ctrl-C while the port is lost, and when the port is lost with "
+                       "--no-reconnect. What was traced is drawn in any case.")};
     command.run = run;
     return command;
 }

@@ -6,7 +6,7 @@
 
 namespace ReferenceHost {
 
-/// "digitizer capture": takes reports from a tablet.
+/// "digitizer capture": captures points from a tablet.
 Command captureCommand();
 
 } // namespace ReferenceHost

@@ -20,10 +20,9 @@ constexpr int retryMilliseconds = 500;
 
 QString unreadAdvice(const DescribedDriver& driver)
 {
-    return QStringLiteral("the tablet sends, but not one whole report of %1 characters at a time, "
-                          "so nothing is read any more: end with Ctrl-C and start again while the "
-                          "tablet is at rest; if it happens again, see what arrives with "
-                          "'digitizer monitor'")
+    return QStringLiteral("reading has stopped: the bytes waiting are not exactly one report "
+                          "(length %1); press Ctrl-C and start again while the tablet is idle; if "
+                          "it happens again, look at the input with 'digitizer monitor'")
         .arg(driver.description.m_reportLength);
 }
 
@@ -48,7 +47,7 @@ CaptureSession::~CaptureSession()
 QString CaptureSession::run(const QString& port)
 {
     open(port);
-    printError(QStringLiteral("ready: \"%1\" at %2; Ctrl-C ends")
+    printError(QStringLiteral("ready: \"%1\" at %2; press Ctrl-C to stop")
                    .arg(m_options.driver.name, m_options.device));
     if (!m_ending)
         m_loop.exec();
@@ -62,12 +61,12 @@ void CaptureSession::deviceGone()
     if (m_ending)
         return;
     if (!m_options.reconnect) {
-        stop(QStringLiteral("%1 is gone: the tablet or its adapter was pulled out")
+        stop(QStringLiteral("%1 is gone; the tablet or its adapter was unplugged")
                  .arg(m_options.device));
         return;
     }
     m_gone = true;
-    printError(QStringLiteral("%1 is gone; waiting for it to come back; Ctrl-C ends")
+    printError(QStringLiteral("%1 is gone; waiting for it to come back (press Ctrl-C to stop)")
                    .arg(m_options.device));
 }
 
@@ -107,13 +106,13 @@ void CaptureSession::open(const QString& port)
     if (!problem.isEmpty())
         throw CommandError(problem);
     if (!digitizer->open())
-        throw CommandError(QStringLiteral("%1 does not open").arg(m_options.device));
+        throw CommandError(QStringLiteral("cannot open %1").arg(m_options.device));
     if (!printOutput(m_writer.header()))
-        stop(QStringLiteral("cannot write to the standard output"));
+        stop(QStringLiteral("cannot write to standard output"));
     digitizer->readReport();
 }
 
-// Opening replaces the lost port without a closing report, so the outputs just go on.
+// Opening replaces the lost port without a closing report, so the output continues.
 void CaptureSession::tryAgain()
 {
     if (m_ending || !SelectedDevice::problem().isEmpty() || !Digitizer::instance()->open())
@@ -133,7 +132,7 @@ void CaptureSession::receive(const DigitalReport& report)
     m_recorder.add(point, role);
     ++m_reports;
     if (!printOutput(m_writer.line({m_reports, point, report.m_button_number, role})))
-        stop(QStringLiteral("cannot write to the standard output"));
+        stop(QStringLiteral("cannot write to standard output"));
     else if (m_reports == m_options.count)
         stop();
 }

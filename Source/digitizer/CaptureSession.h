@@ -19,14 +19,14 @@ struct CaptureOptions
 {
     MavSystem::DescribedDriver driver;
     QString device;
-    int count = 0; ///< reports after which capturing ends; 0 for no limit
+    int count = 0; ///< stops after this many reports; 0 is no limit
     ReportWriter::Format format = ReportWriter::Text;
     ButtonRoles roles;
-    bool strictCount = false; ///< without checked reading
-    bool reconnect = true;    ///< waits for a device that is gone; otherwise that ends capturing
+    bool strictCount = false; ///< reads without checking
+    bool reconnect = true;    ///< waits for a lost device to come back; otherwise capturing ends
 };
 
-/// Takes reports from the tablet until the user, the wanted number or a fault ends it.
+/// Captures reports until the user stops it, the count is reached or something fails.
 class CaptureSession : public QObject
 {
     Q_OBJECT
@@ -35,22 +35,22 @@ public:
     explicit CaptureSession(const CaptureOptions& options);
     ~CaptureSession() override;
 
-    /// Opens the device at the path \a port, which is the user's or stands in for it, captures, and
-    /// closes it. Returns an empty text when capturing ended as wanted, or what ended it. Throws a
-    /// CommandError when the device does not open.
+    /// Opens the device at the path \a port, captures, and closes it. The path may be that of a
+    /// pseudo-terminal in place of the user's port. Returns an empty text if capturing ended as
+    /// requested, otherwise what ended it. Throws a CommandError if the device cannot be opened.
     QString run(const QString& port);
 
     /// Returns what was traced so far.
     QVector<Piece> pieces() const { return m_recorder.pieces(); }
 
-    /// Says that the device is gone, and waits or ends as the options want it. What was traced and
-    /// counted stays.
+    /// To be called when the device is gone. Waits for it or ends, as the options say; traced
+    /// pieces and the count are kept.
     void deviceGone();
 
-    /// Says that the device is back.
+    /// To be called when the device is back.
     void deviceBack();
 
-    /// Ends capturing at the next turn of the event loop, for the reason given.
+    /// Ends capturing as soon as the event loop runs again; run() then returns \a problem.
     void stop(const QString& problem = QString());
 
 private:

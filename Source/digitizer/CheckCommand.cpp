@@ -33,23 +33,23 @@ Command checkCommand()
 {
     Command command;
     command.name = QStringLiteral("check");
-    command.summary = QStringLiteral("say whether a tablet can be used, and if not what to do");
-    command.description = QStringList{
-        QStringLiteral("Asks the driver whether it can use the device: an installed description "
-                       "has the name, and the port opens. Prints the driver's answer, or why the "
-                       "device cannot be used and what to do next. Nothing is sent to the tablet, "
-                       "so one that is switched off passes.")};
+    command.summary = QStringLiteral("check whether a tablet or a pen can be used");
+    command.description = QStringList{QStringLiteral(
+        "Checks that the driver exists and that the port can be opened. Prints the driver "
+        "library's answer, or why the device cannot be used and what to do about it. Nothing is "
+        "sent to the tablet, so a tablet that is switched off passes as well.")};
     command.options = {
         DriverOptions::driver(),
         DriverOptions::description(),
         {QStringLiteral("device"),
-         QStringLiteral("The serial port, such as /dev/ttyUSB0, or File: for the digital pen."),
+         QStringLiteral(
+             "Use serial port PORT, such as /dev/ttyUSB0, or File: for the digital pen."),
          QStringLiteral("PORT")}};
     command.examples = {{QStringLiteral("digitizer check --driver \"Generic 5-5-1 (ASCII)\" "
                                         "--device /dev/ttyUSB0"),
-                         QStringLiteral("Whether that tablet can be used at that port.")}};
+                         QStringLiteral("Check whether that tablet can be used at that port.")}};
     command.exitStatusNotes =
-        QStringList{QStringLiteral("'check' ends with 0 when the device can be used.")};
+        QStringList{QStringLiteral("'check' exits with 0 if the device can be used.")};
     command.run = run;
     return command;
 }

@@ -6,7 +6,7 @@
 
 namespace ReferenceHost {
 
-/// The command "check": says whether a tablet can be used, and what to do when it cannot.
+/// "digitizer check": checks whether a tablet can be used, and says what to do if not.
 Command checkCommand();
 
 } // namespace ReferenceHost

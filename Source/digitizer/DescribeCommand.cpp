@@ -25,7 +25,7 @@ const QString distanceOption = QStringLiteral("distance");
 const QString outputOption = QStringLiteral("output");
 const QString recordOption = QStringLiteral("record");
 
-// What to describe, and with what it was read.
+// What the tablet sent, and what else is known of it.
 struct Observation
 {
     QVector<QByteArray> presses;
@@ -46,13 +46,14 @@ std::optional<double> distanceOf(const QCommandLineParser& parser)
     return distance;
 }
 
-// Before anyone presses a button: a file that cannot be written would cost the user's work.
+// Checked before the user presses a button, so that no work is lost over a file name.
 void refuseExisting(const QCommandLineParser& parser, const QString& option)
 {
     const QString path = parser.value(option);
     if (parser.isSet(option) && QFileInfo::exists(path))
         throw CommandError(
-            QStringLiteral("--%1: %2 exists already; it is not overwritten").arg(option, path));
+            QStringLiteral("--%1: %2 already exists and is not overwritten; choose another name")
+                .arg(option, path));
 }
 
 QString nameOf(const QCommandLineParser& parser, const QString& tablet)
@@ -125,7 +126,7 @@ QString describe(const Observation& observation)
     return proposeDescription(split, layout, observation.facts);
 }
 
-// A name that is taken already, above all.
+// Above all, this finds a name that is already taken.
 void lint(const QByteArray& description)
 {
     QMap<QString, QString> installed;
@@ -152,7 +153,7 @@ int run(const QCommandLineParser& parser)
 {
     const bool isRecorded = parser.isSet(fromOption);
     if (isRecorded && (parser.isSet(QStringLiteral("device")) || parser.isSet(recordOption)))
-        throw CommandError(QStringLiteral("--from takes the place of --device and --record"),
+        throw CommandError(QStringLiteral("--from cannot be combined with --device or --record"),
                            ExitUsage);
     refuseExisting(parser, outputOption);
     refuseExisting(parser, recordOption);
@@ -166,42 +167,45 @@ Command describeCommand()
 {
     Command command;
     command.name = QStringLiteral("describe");
-    command.summary = QStringLiteral("propose a description of an unknown tablet");
+    command.summary = QStringLiteral("propose a description for an unknown tablet");
     command.description = QStringList{
-        QStringLiteral("Asks for a few presses, finds the length of the report and what stands at "
-                       "each position, and writes a description. What it is not sure of is marked "
-                       "in it with \"Not sure\"; the support level is \"untested\"."),
-        QStringLiteral("The presses, in this order: button 1 near the lower left corner, to the "
-                       "right of that, above it and near the middle; then, without moving the "
-                       "cursor, buttons 2, 3 and so on, once each. Pauses part them. A recording "
-                       "for --from holds the same presses in the same order, nothing else, with "
-                       "at least %1 milliseconds between them.")
+        QStringLiteral("Asks for a few presses, works out the length and the layout of the report, "
+                       "and writes a description. Comments marked \"Not sure\" say what to check. "
+                       "The support level is \"untested\"."),
+        QStringLiteral(
+            "The presses are, in this order: button 1 near the lower left corner, to the right of "
+            "that point, above it, and near the middle; then, without moving the cursor, buttons "
+            "2, 3 and so on, once each. Pause between presses. A recording for --from contains the "
+            "same presses in the same order and nothing else, at least %1 milliseconds apart.")
             .arg(PressProtocol::pauseMilliseconds),
-        QStringLiteral("Set the tablet to text reports of one length, absolute coordinates and one "
-                       "report a press; where its origin can be moved, put it at the lower left. "
-                       "If the tablet sends signs, choose an origin in the middle instead, so that "
-                       "a minus is seen. 'digitizer monitor' finds the settings of the line.")};
+        QStringLiteral("Set the tablet to text reports of fixed length, absolute coordinates and "
+                       "one report per press. If its origin can be moved, put it at the lower "
+                       "left. If the tablet sends signs, put it in the middle instead, so that a "
+                       "minus sign appears. Use 'digitizer monitor' to find the serial settings.")};
     command.options = LineOptions::options();
     command.options << QList<QCommandLineOption>{
-        {fromOption, QStringLiteral("Describes from a recorded session instead of a port."),
+        {fromOption, QStringLiteral("Read the presses from a recorded session instead of a port."),
          QStringLiteral("FILE")},
-        {nameOption, QStringLiteral("The driver name; default is the recorded tablet's."),
+        {nameOption,
+         QStringLiteral("Name the new driver NAME. Default: the tablet's name in the recording, "
+                        "otherwise \"Unnamed tablet\"."),
          QStringLiteral("NAME")},
         {distanceOption,
-         QStringLiteral("How far the second point lies to the right of the first, and the third "
-                        "above it, in centimetres. The resolution cannot be found without it."),
+         QStringLiteral(
+             "The second point is CM centimetres to the right of the first, and the third is CM "
+             "centimetres above it. Without this option the resolution cannot be found."),
          QStringLiteral("CM")},
         {outputOption,
-         QStringLiteral("Writes the description to a new file instead of the standard output."),
+         QStringLiteral("Write the description to a new file instead of standard output."),
          QStringLiteral("FILE")},
-        {recordOption, QStringLiteral("Keeps the presses in a new file for --from."),
+        {recordOption, QStringLiteral("Save the presses in a new file, for use with --from."),
          QStringLiteral("FILE")}};
     command.examples = {
         {QStringLiteral("digitizer describe --device /dev/ttyUSB0 --distance 30 --name \"Our old "
                         "table\" --output old-table.xml"),
-         QStringLiteral("Asks for the presses and writes the description.")}};
-    command.exitStatusNotes = QStringList{
-        QStringLiteral("1 when no template can express the report; the message says why.")};
+         QStringLiteral("Ask for the presses and write the description.")}};
+    command.exitStatusNotes = QStringList{QStringLiteral(
+        "'describe' exits with 1 if no template can express the report; the message says why.")};
     command.run = run;
     return command;
 }

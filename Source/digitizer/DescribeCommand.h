@@ -6,7 +6,7 @@
 
 namespace ReferenceHost {
 
-/// "digitizer describe": proposes a description of an unknown tablet.
+/// "digitizer describe": proposes a description for an unknown tablet.
 Command describeCommand();
 
 } // namespace ReferenceHost

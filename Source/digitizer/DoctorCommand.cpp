@@ -57,7 +57,7 @@ QString descriptions()
     for (const LintedFile& file : lintFiles(paths, paths)) {
         const QString name = QFileInfo(file.path).fileName();
         const QString state = file.unreadable           ? *file.unreadable
-                              : file.findings.isEmpty() ? QStringLiteral("no fault")
+                              : file.findings.isEmpty() ? QStringLiteral("no faults")
                                                         : QStringLiteral("see below");
         lines += QStringLiteral("  %1: %2\n").arg(name, state);
         for (const LintFinding& finding : file.findings)
@@ -66,7 +66,7 @@ QString descriptions()
     return lines;
 }
 
-// The keys that the driver reads, and no other: a host may keep there what is nobody's business.
+// Only the keys that the driver reads; a host may keep private values in the same place.
 QString settings()
 {
     const char* const keys[] = {"driver",
@@ -101,14 +101,14 @@ Command doctorCommand()
 {
     Command command;
     command.name = QStringLiteral("doctor");
-    command.summary = QStringLiteral("write one report to send along with a question");
+    command.summary = QStringLiteral("print a report to attach to a question");
     command.description = QStringList{
-        QStringLiteral("Writes what somebody needs to know who is to help: versions, serial ports "
-                       "and the rights on them, the installed descriptions and their faults, the "
-                       "driver's settings. The home folder is shown as ~; the names of the user "
-                       "and the machine and all environment variables are left out.")};
-    command.examples = {
-        {QStringLiteral("digitizer doctor > report.txt"), QStringLiteral("A file to attach.")}};
+        QStringLiteral("Prints what others need to know to help you: versions, serial ports and "
+                       "who may use them, the installed descriptions and their faults, and the "
+                       "driver's settings. Your home folder is shown as ~. The names of the user "
+                       "and of the machine, and all environment variables, are left out.")};
+    command.examples = {{QStringLiteral("digitizer doctor > report.txt"),
+                         QStringLiteral("Write the report to a file.")}};
     command.run = run;
     return command;
 }

@@ -6,7 +6,7 @@
 
 namespace ReferenceHost {
 
-/// The command "doctor": writes the report that goes along with a question.
+/// "digitizer doctor": prints a report to attach to a question.
 Command doctorCommand();
 
 } // namespace ReferenceHost

@@ -34,7 +34,7 @@ QString entryOf(const DescribedDriver& driver)
                                : QStringLiteral("not usable ('digitizer lint FILE' says why)");
     return QStringLiteral("%1\n"
                           "  file        %2\n"
-                          "  line        %3\n"
+                          "  settings    %3\n"
                           "  resolution  %4\n"
                           "  layout      %5\n"
                           "  buttons     %6\n"
@@ -48,7 +48,7 @@ QString objectOf(const DescribedDriver& driver)
     const QJsonObject object = {
         {QStringLiteral("name"), driver.name},
         {QStringLiteral("file"), driver.file},
-        {QStringLiteral("line"), lineSettingsText(driver.description.m_portSettings)},
+        {QStringLiteral("settings"), lineSettingsText(driver.description.m_portSettings)},
         {QStringLiteral("resolution"), driver.resolutionText()},
         {QStringLiteral("layout"), layoutText(driver.description)},
         {QStringLiteral("buttons"), QJsonArray::fromStringList(buttonCodes(driver))},
@@ -65,7 +65,8 @@ int run(const QCommandLineParser& parser)
     for (const DescribedDriver& driver : DescriptionFolder::drivers())
         entries << (json ? objectOf(driver) : entryOf(driver));
     if (entries.isEmpty())
-        throw CommandError(QStringLiteral("no description is installed"));
+        throw CommandError(
+            QStringLiteral("no description is installed; 'digitizer install FILE' adds one"));
     return printOutput(entries.join(QLatin1String(json ? "" : "\n"))) ? ExitSuccess : ExitFailure;
 }
 
@@ -75,16 +76,16 @@ Command driversCommand()
 {
     Command command;
     command.name = QStringLiteral("drivers");
-    command.summary = QStringLiteral("list the installed device descriptions");
+    command.summary = QStringLiteral("list the drivers that are installed");
     command.description = QStringList{
-        QStringLiteral("Lists the installed descriptions: the name that other commands take after "
-                       "--driver, the file, the settings of the line, the resolution, the layout "
-                       "of a report, the button codes, and how well the description is supported: "
-                       "\"verified\" has run on the tablet, \"documented\" follows published "
-                       "sources, \"untested\" rests on an assumption.")};
+        QStringLiteral("Lists the installed drivers: the name to give to --driver, the description "
+                       "file, the serial settings, the resolution, the layout of a report, the "
+                       "button codes and the support level. \"verified\" means that the "
+                       "description has been used with the tablet, \"documented\" that it follows "
+                       "published sources, and \"untested\" that it is based on an assumption.")};
     command.options = {listFormatOption()};
     command.examples = {{QStringLiteral("digitizer drivers --format json"),
-                         QStringLiteral("The list for another program.")}};
+                         QStringLiteral("Print the list for another program.")}};
     command.run = run;
     return command;
 }

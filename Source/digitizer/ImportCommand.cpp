@@ -25,12 +25,14 @@ const QString extendedOption = QStringLiteral("extended");
 const QString settleOption = QStringLiteral("settle");
 const QString modeOption = QStringLiteral("mode");
 
-// A description for a pen needs no report, but a scale and the codes of the converted commands.
+// A pen's description needs no report template, but a resolution and the codes of the converted
+// commands.
 void requirePenDescription(const MavSystem::DescribedDriver& driver)
 {
     if (driver.description.m_resolution == 0.0)
         throw CommandError(
-            QStringLiteral("the description \"%1\" has no resolution to scale positions with")
+            QStringLiteral(
+                "driver \"%1\" cannot scale the pen's positions: its description has no resolution")
                 .arg(driver.name));
     const auto digitizer = MavSystem::Digitizer::instance();
     digitizer->selectDevice(driver.name, QStringLiteral("File:"));
@@ -39,16 +41,15 @@ void requirePenDescription(const MavSystem::DescribedDriver& driver)
             digitizer->compareButtonNumber(MavSystem::ButtonValue{{char('0' + button), ' ', '\0'}});
         if (number != button)
             throw CommandError(
-                QStringLiteral("with \"%1\" the pen's button %2 has the number %3; "
-                               "use a description with the button codes 1 to 4 in "
-                               "this order")
+                QStringLiteral("driver \"%1\" gives the pen's button %2 the number %3; choose a "
+                               "driver with the button codes 1 to 4, in this order")
                     .arg(driver.name, QString::number(button), QString::number(number)));
     }
 }
 
 MavSystem::DescribedDriver penDriver(const QCommandLineParser& parser)
 {
-    // The driver library has read the program's settings, where a driver may be named.
+    // The driver library has read the program's settings, which may name a driver.
     const QString saved = MavSystem::Digitizer::instance()->driver();
     const auto driver =
         requiredDriver(parser.isSet(driverOption) || saved.isEmpty()
@@ -65,11 +66,10 @@ QString penDirectory(const QString& path)
     if (!directory.exists())
         throw CommandError(QStringLiteral("there is no directory %1").arg(path));
     if (!directory.isDir())
-        throw CommandError(QStringLiteral("%1 is no directory; the pen files in a directory are "
-                                          "imported all together")
-                               .arg(path));
+        throw CommandError(
+            QStringLiteral("%1 is not a directory; give the directory of the pen files").arg(path));
     if (!directory.isReadable() || !directory.isExecutable())
-        throw CommandError(QStringLiteral("the directory %1 cannot be read").arg(path));
+        throw CommandError(QStringLiteral("cannot read the directory %1").arg(path));
     return QDir(path).absolutePath();
 }
 
@@ -116,41 +116,40 @@ Command importCommand()
     command.name = QStringLiteral("import");
     command.summary = QStringLiteral("import the files of a digital pen");
     command.description = QStringList{
-        QStringLiteral("Imports the files of DIR whose names end in .dat, in any letter case, and "
-                       "writes one line for each point. An imported file ends in .txt afterwards; "
-                       "where that name is taken the file stays, and is imported again the next "
-                       "time. When files are waiting, the driver asks whether to import or to "
-                       "delete them; the question appears at the terminal, and without a terminal "
-                       "nothing is done. A summary follows on the error stream."),
         QStringLiteral(
-            "A file is imported when it has not changed for half a second (--settle), so "
-            "pen software may write into DIR. A writer that pauses for longer has to move "
-            "its files into DIR when they are complete."),
-        QStringLiteral("DIR is remembered in the settings of this program.")};
+            "Imports the files in DIR whose names end in .dat, in any letter case, and prints one "
+            "line for each point. Imported files are renamed to .txt. If that name is taken, the "
+            "file keeps its name and is imported again next time. If files are waiting, the driver "
+            "asks at the terminal whether to import or to delete them. Without a terminal, and "
+            "without --answer, they are left alone. A summary goes to standard error."),
+        QStringLiteral("A file is imported once it has not changed for half a second (see "
+                       "--settle), so pen software may write directly to DIR. Software that pauses "
+                       "for longer must move its files to DIR when they are complete."),
+        QStringLiteral("DIR is saved in the settings of this program.")};
     command.arguments = {
         {QStringLiteral("DIR"), QStringLiteral("The directory of the pen files.")}};
     command.options = {
         {driverOption,
-         QStringLiteral("The description that scales the positions; it has the button codes 1 to "
-                        "4. 'digitizer drivers' lists them. Default: the driver named in the "
-                        "settings."),
+         QStringLiteral(
+             "Use driver NAME, whose description has a resolution and the button codes 1 to 4; "
+             "'digitizer drivers' lists the names. Default: the driver saved in the settings."),
          QStringLiteral("NAME")},
         {answerOption,
-         QStringLiteral("Answers the driver's question: import, delete or cancel. \"delete\" "
+         QStringLiteral("Answer the driver's question with import, delete or cancel. \"delete\" "
                         "removes the waiting files for good."),
          QStringLiteral("ANSWER")},
-        {watchOption, QStringLiteral("Goes on to import what arrives, until Ctrl-C, and waits for "
-                                     "DIR to come back when it is removed.")},
+        {watchOption, QStringLiteral("Keep importing files as they arrive, until Ctrl-C. If DIR is "
+                                     "removed, wait for it to come back.")},
         {settleOption,
-         QStringLiteral(
-             "A file has not changed for so many milliseconds before it is imported, 0 to "
-             "60000. Default: 500. With 0 a file is imported as soon as it is there, and "
-             "the end of DIR ends --watch."),
+         QStringLiteral("Import a file once it has not changed for MS milliseconds, 0 to 60000. "
+                        "Default: 500. With 0, a file is imported as soon as it appears, and "
+                        "--watch ends if DIR is removed."),
          QStringLiteral("MS")},
-        {extendedOption, QStringLiteral("The pen's button 3 is a prefix to the next button.")},
+        {extendedOption,
+         QStringLiteral("Treat the pen's button 3 as a prefix to the next button.")},
         {modeOption,
-         QStringLiteral("The host's mode code; 50 to 59 put the driver into its internal mode. "
-                        "Default: 0."),
+         QStringLiteral(
+             "Set the host's mode code. 50 to 59 select the driver's internal mode. Default: 0."),
          QStringLiteral("N")},
         formatOption(),
         pictureOption(),
@@ -158,12 +157,12 @@ Command importCommand()
     command.examples = {
         {QStringLiteral("digitizer import ~/pen --driver \"Example Pen\" --answer import "
                         "--picture pieces.svg"),
-         QStringLiteral("Imports what is waiting and draws the pieces.")},
+         QStringLiteral("Import the waiting files and draw the pieces.")},
         {QStringLiteral("digitizer import ~/pen --watch --format json"),
-         QStringLiteral("Hands each point to another program as it comes.")}};
-    command.exitStatusNotes = QStringList{
-        QStringLiteral("Files that are left, or that could not be read, and the answer \"cancel\" "
-                       "give 1.")};
+         QStringLiteral("Pass each point to another program as it arrives.")}};
+    command.exitStatusNotes =
+        QStringList{QStringLiteral("'import' exits with 1 if files are left, if a file could not "
+                                   "be read, or if the answer is \"cancel\".")};
     command.run = run;
     return command;
 }

@@ -25,8 +25,8 @@ using namespace MavSystem;
 namespace {
 
 constexpr int progressMilliseconds = 300;
-constexpr int settledMilliseconds = 100;   // between two looks whether files wait
-constexpr int directoryMilliseconds = 500; // between two looks at a watched directory
+constexpr int settledMilliseconds = 100;   // between two checks for waiting files
+constexpr int directoryMilliseconds = 500; // between two checks of a watched directory
 constexpr int namesListed = 20;
 
 QString counted(int number, const char* thing)
@@ -53,7 +53,7 @@ ImportSession::ImportSession(const ImportOptions& options)
       m_waitingBefore(m_directory.waiting()),
       m_importedBefore(m_directory.imported()),
       m_unreadable(m_directory.unreadable()),
-      // Where the reports themselves run over the terminal, they are the progress.
+      // Reports that are printed on the terminal show the progress themselves.
       m_progressPossible(isatty(STDERR_FILENO) && !isatty(STDOUT_FILENO))
 {
     m_sinceProgress.start();
@@ -75,7 +75,7 @@ int ImportSession::run()
     digitizer->setPenFileSettleTime(m_options.settleMilliseconds);
     digitizer->m_host_mode = m_options.mode;
     if (!printOutput(m_writer.header()))
-        throw CommandError(QStringLiteral("cannot write to the standard output"));
+        throw CommandError(QStringLiteral("cannot write to standard output"));
     const bool open = digitizer->open();
     if (open && !m_options.watch)
         waitUntilSettled();
@@ -97,10 +97,10 @@ void ImportSession::receive(const DigitalReport& report)
         m_recorder.add(point, role);
     if (!printOutput(m_writer.line({m_reports, point, report.m_button_number, role}))) {
         // An import cannot be stopped from its handler, and a file that is read to its end counts
-        // as imported. Ended here, this file and those after it stay as they are.
+        // as imported. Exiting here leaves this file and those after it unchanged.
         clearProgress();
-        printError(QStringLiteral("cannot write to the standard output; the pen file at hand and "
-                                  "those after it are left as they are"));
+        printError(QStringLiteral("cannot write to standard output; this pen file and those after "
+                                  "it are left unchanged"));
         std::_Exit(ExitFailure);
     }
     if (m_progressPossible && m_sinceProgress.hasExpired(progressMilliseconds))
@@ -122,7 +122,7 @@ void ImportSession::clearProgress()
     m_progressPossible = m_progressShown = false;
 }
 
-// Asks \a isDone again and again.
+// Polls \a isDone.
 void ImportSession::runUntilStopped(int intervalMilliseconds, const std::function<bool()>& isDone)
 {
     const StopSignals stopSignals;
@@ -155,7 +155,7 @@ void ImportSession::waitUntilSettled()
 
 void ImportSession::watch()
 {
-    printError(QStringLiteral("watching %1; Ctrl-C ends").arg(m_options.directory));
+    printError(QStringLiteral("watching %1; press Ctrl-C to stop").arg(m_options.directory));
     runUntilStopped(directoryMilliseconds, [this] { return lookAfterDirectory(); });
 }
 
@@ -167,13 +167,14 @@ bool ImportSession::lookAfterDirectory()
     if (gone == m_gone)
         return false;
     m_gone = gone;
-    // Without a settle time the library does not notice when it comes back.
+    // Without a settle time the library does not notice that the directory is back.
     const bool ends = gone && m_options.settleMilliseconds == 0;
-    printError(QStringLiteral("%1 is %2")
-                   .arg(m_options.directory,
-                        QLatin1String(ends   ? "gone"
-                                      : gone ? "gone; waiting for it to come back; Ctrl-C ends"
-                                             : "back")));
+    printError(
+        QStringLiteral("%1 is %2")
+            .arg(m_options.directory,
+                 QLatin1String(ends   ? "gone"
+                               : gone ? "gone; waiting for it to come back (press Ctrl-C to stop)"
+                                      : "back")));
     return ends;
 }
 
@@ -194,7 +195,7 @@ int ImportSession::sumUp(bool imported, bool deleted)
         return left.isEmpty() ? ExitSuccess : ExitFailure;
     }
     if (!imported) {
-        printError(QStringLiteral("nothing is imported; %1")
+        printError(QStringLiteral("nothing was imported; %1")
                        .arg(counted(left.size(), "file") + QStringLiteral(" left")));
         return ExitFailure;
     }
@@ -207,7 +208,9 @@ int ImportSession::sumUp(bool imported, bool deleted)
                         kinds.join(QStringLiteral(", "))));
     QStringList lines;
     for (const QString& name : m_unreadable)
-        lines << QStringLiteral("%1 could not be read and is renamed without its points").arg(name);
+        lines << QStringLiteral(
+                     "%1 could not be read; it was renamed, but its points were not imported")
+                     .arg(name);
     for (const PenDirectory::Left& file : left)
         lines << QStringLiteral("%1 is left: %2").arg(file.name, file.reason);
     listFiles(lines);

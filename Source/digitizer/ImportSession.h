@@ -22,7 +22,7 @@ struct ImportOptions
     QString directory; ///< absolute
     std::optional<int> answer;
     bool watch = false;
-    int settleMilliseconds = 500; ///< a file has stood still that long before it is imported
+    int settleMilliseconds = 500; ///< a file is imported once it has not changed for this long
     bool extendedButtons = false;
     int mode = 0;
     ReportWriter::Format format = ReportWriter::Text;
@@ -36,10 +36,11 @@ public:
     explicit ImportSession(const ImportOptions& options);
     ~ImportSession();
 
-    /// Imports, watches if asked to, and sums up on the error stream. Returns the exit status.
+    /// Imports, watches if asked to, and prints a summary on standard error. Returns the exit
+    /// status.
     int run();
 
-    /// Returns what was imported so far, if it was to be kept.
+    /// Returns the pieces imported so far; none without keepPieces.
     QVector<Piece> pieces() const { return m_recorder.pieces(); }
 
 private:
@@ -61,7 +62,7 @@ private:
     QMap<PointRole, int> m_points;
     int m_reports = 0;
     int m_waitingBefore;
-    int m_importedBefore; // files that were there at the last look
+    int m_importedBefore; // imported files at the last check
     int m_imported = 0;
     bool m_gone = false; // the directory
     QStringList m_unreadable;

@@ -20,9 +20,10 @@ QString install(const LintedFile& file, DescriptionFolder::ExistingFile existing
     for (const LintFinding& finding : file.findings)
         printError(textOf(file.path, finding));
     if (file.unreadable)
-        return QStringLiteral("%1 cannot be read: %2").arg(file.path, *file.unreadable);
+        return QStringLiteral("cannot read %1: %2").arg(file.path, *file.unreadable);
     if (file.hasErrors())
-        return QStringLiteral("%1 is not installed: correct the errors above first").arg(file.path);
+        return QStringLiteral("%1 was not installed; correct the errors above first")
+            .arg(file.path);
     const auto installed = DescriptionFolder::install(file.path, existing);
     if (installed.problem.isEmpty())
         printOutput(QStringLiteral("\"%1\" is installed: %2\n")
@@ -51,22 +52,24 @@ Command installCommand()
 {
     Command command;
     command.name = QStringLiteral("install");
-    command.summary = QStringLiteral("install device descriptions of your own");
+    command.summary = QStringLiteral("install device descriptions");
     command.description = QStringList{
         QStringLiteral(
-            "Checks each file as 'digitizer lint' does, copies it to the descriptions of "
-            "this project's programs, and says where it went. A file with errors is not "
-            "installed; warnings are shown. Its driver can then be used with --driver."),
-        QStringLiteral("Another application has a folder of its own: install the file there too, "
-                       "with what that application offers for it, or copy it to the folder "
-                       "\"generated\" of its data.")};
-    command.arguments = {{QStringLiteral("FILE..."), QStringLiteral("The descriptions.")}};
+            "Checks each file as 'digitizer lint' does, copies it to the folder of installed "
+            "descriptions and prints its new path. From then on --driver accepts the name in it. A "
+            "file with errors is not installed; warnings are only shown."),
+        QStringLiteral("Other applications have separate folders. To use the description there, "
+                       "install it with that application, or copy it to the folder \"generated\" "
+                       "in the application's data folder.")};
+    command.arguments = {
+        {QStringLiteral("FILE..."), QStringLiteral("The description files to install.")}};
     command.options = {
-        {forceOption, QStringLiteral("Replaces an installed file of the same name.")}};
-    command.examples = {{QStringLiteral("digitizer install my-table.xml"),
-                         QStringLiteral("From then on 'digitizer drivers' lists it.")}};
+        {forceOption, QStringLiteral("Replace an installed file of the same name.")}};
+    command.examples = {
+        {QStringLiteral("digitizer install my-table.xml"),
+         QStringLiteral("Install a description; 'digitizer drivers' then lists it.")}};
     command.exitStatusNotes =
-        QStringList{QStringLiteral("'install' ends with 0 when all files are installed.")};
+        QStringList{QStringLiteral("'install' exits with 0 if all files were installed.")};
     command.run = run;
     return command;
 }

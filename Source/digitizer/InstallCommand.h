@@ -6,7 +6,7 @@
 
 namespace ReferenceHost {
 
-/// The command "install": installs description files after a check.
+/// "digitizer install": checks description files and installs them.
 Command installCommand();
 
 } // namespace ReferenceHost

@@ -16,16 +16,16 @@ namespace LineOptions {
 
 QList<QCommandLineOption> options()
 {
-    QList<QCommandLineOption> result = {{QStringLiteral("device"),
-                                         QStringLiteral("The serial port, such as /dev/ttyUSB0."),
-                                         QStringLiteral("PORT")}};
+    QList<QCommandLineOption> result = {
+        {QStringLiteral("device"), QStringLiteral("Use serial port PORT, such as /dev/ttyUSB0."),
+         QStringLiteral("PORT")}};
     for (const LineSettings::Setting& setting : LineSettings::settings()) {
         const QStringList others = setting.accepted.mid(1);
         result << QCommandLineOption(setting.name,
-                                     QStringLiteral("The line's %1: %2 (default), %3.")
+                                     QStringLiteral("Set the %1: %2 (default), %3.")
                                          .arg(setting.explanation, setting.accepted.constFirst(),
                                               others.join(QStringLiteral(", "))),
-                                     QStringLiteral("TEXT"));
+                                     QStringLiteral("VALUE"));
     }
     return result;
 }

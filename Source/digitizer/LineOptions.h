@@ -10,15 +10,15 @@
 namespace ReferenceHost {
 
 /// The options --device, --baudrate, --databit, --parity, --stopbit and --flowctrl of the commands
-/// that read a line by themselves.
+/// that read a port without the driver.
 namespace LineOptions {
 
 QList<QCommandLineOption> options();
 
-/// Returns whether one of the settings is given.
+/// Returns whether any of the serial settings is given.
 bool areGiven(const QCommandLineParser& parser);
 
-/// Returns the settings: those given, and \a others for the rest.
+/// Returns the serial settings: those given, and \a others for the rest.
 PortSettings settings(const QCommandLineParser& parser, const PortSettings& others);
 
 /// Returns 9600 8 None 1 none.

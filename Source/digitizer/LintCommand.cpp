@@ -29,7 +29,7 @@ int run(const QCommandLineParser& parser)
         for (const LintFinding& finding : file.findings)
             lines += lineOf(file.path, finding) + QLatin1Char('\n');
         if (file.unreadable)
-            printError(QStringLiteral("%1 cannot be read: %2").arg(file.path, *file.unreadable));
+            printError(QStringLiteral("cannot read %1: %2").arg(file.path, *file.unreadable));
     }
     const bool wrong = std::any_of(files.begin(), files.end(),
                                    [](const LintedFile& file) { return file.hasErrors(); });
@@ -44,20 +44,21 @@ Command lintCommand()
     command.name = QStringLiteral("lint");
     command.summary = QStringLiteral("find faults in device descriptions");
     command.description = QStringList{
-        QStringLiteral("Says of description files what the driver takes without a message: XML "
-                       "that is not well-formed, unknown elements and attributes, texts and "
-                       "numbers that are not accepted, a template that does not fit its length, "
-                       "button codes that are equal or that no report can match, a name that "
-                       "another installed file has. Each fault is one line: FILE:LINE:COLUMN: "
-                       "error or warning, what it is, what was found, what is accepted."),
-        QStringLiteral("An error: the driver does something else than the file says, or nothing "
-                       "at all. A warning: it works as written, but may not be what is meant.")};
-    command.arguments = {{QStringLiteral("FILE..."), QStringLiteral("The descriptions.")}};
+        QStringLiteral(
+            "Finds faults that the driver does not report: XML that is not well-formed, unknown "
+            "elements and attributes, values and numbers that are not accepted, a template that "
+            "does not fit its length, button codes that are equal or that no report can match, and "
+            "a name that another installed file has. Each fault is one line that begins with "
+            "FILE:LINE:COLUMN: and \"error\" or \"warning\"."),
+        QStringLiteral("An error means that the driver does not do what the file says. A warning "
+                       "means that the file works as written, but may not be what you meant.")};
+    command.arguments = {
+        {QStringLiteral("FILE..."), QStringLiteral("The description files to check.")}};
     command.options = {listFormatOption()};
     command.examples = {{QStringLiteral("digitizer lint mine.xml"),
-                         QStringLiteral("Checks a description before it is installed.")}};
+                         QStringLiteral("Check a description before installing it.")}};
     command.exitStatusNotes = QStringList{
-        QStringLiteral("'lint' ends with 0 when there are no errors, warnings or not.")};
+        QStringLiteral("'lint' exits with 0 if there are no errors, even if there are warnings.")};
     command.run = run;
     return command;
 }

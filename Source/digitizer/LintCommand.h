@@ -6,7 +6,7 @@
 
 namespace ReferenceHost {
 
-/// The command "lint": says of descriptions what the driver takes without a message.
+/// "digitizer lint": finds faults in descriptions that the driver does not report.
 Command lintCommand();
 
 } // namespace ReferenceHost

@@ -41,7 +41,7 @@ LineMonitor monitorFor(const DescribedDriver& driver)
                        });
 }
 
-// Returns whether the user stopped; otherwise the line has ended.
+// Returns whether the user stopped; otherwise the port is gone.
 bool showLine(SerialLine& line, LineMonitor& monitor)
 {
     QEventLoop loop;
@@ -53,7 +53,7 @@ bool showLine(SerialLine& line, LineMonitor& monitor)
     QTimer quiet;
     quiet.setSingleShot(true);
     QObject::connect(&quiet, &QTimer::timeout, [&] {
-        // Only a second look tells a quiet line from a terminal that kept this program waiting.
+        // Only a second check tells a quiet port from a terminal that kept this program waiting.
         if (quiet.interval() > 0)
             quiet.start(0);
         else
@@ -81,7 +81,9 @@ int run(const QCommandLineParser& parser)
     const bool hasDriver = DriverOptions::areGiven(parser);
     if (hasDriver && LineOptions::areGiven(parser))
         throw CommandError(
-            QStringLiteral("the description already brings the settings of the line"), ExitUsage);
+            QStringLiteral("the description contains the serial settings; leave out --baudrate, "
+                           "--databit, --parity, --stopbit and --flowctrl"),
+            ExitUsage);
     PortSettings settings = LineOptions::settings(parser, LineOptions::usualSettings());
     LineMonitor monitor;
     if (hasDriver) {
@@ -92,7 +94,7 @@ int run(const QCommandLineParser& parser)
     SerialLine line;
     line.open(LineOptions::device(parser), settings);
     if (!showLine(line, monitor))
-        throw CommandError(QStringLiteral("the line has ended; was the cable pulled?"));
+        throw CommandError(QStringLiteral("the port is gone; check the cable and start again"));
     return ExitSuccess;
 }
 
@@ -102,32 +104,32 @@ Command monitorCommand()
 {
     Command command;
     command.name = QStringLiteral("monitor");
-    command.summary = QStringLiteral("show what arrives on a serial line, byte by byte");
+    command.summary = QStringLiteral("show every byte that arrives at a serial port");
     command.description = QStringList{
-        QStringLiteral("Shows all bytes in hexadecimal and as text, with the seconds since the "
-                       "start. With --driver or --description it shows which of them are reports, "
-                       "with the button "
-                       "and the point in centimetres, and which the driver passes over. Beneath "
-                       "each byte stands its role in the template, \"!\" before a byte that does "
-                       "not fit its role, and \"?\" beneath what has not the length of a report."),
-        QStringLiteral("The reports are those that 'digitizer capture' takes. With --strict-count "
-                       "it reads by the number of bytes alone; what the bytes are does not matter "
-                       "then."),
-        QStringLiteral("Ctrl-C ends it with a summary: bytes, reports, reports a second, bytes "
-                       "passed over, the largest x and y. The enter key shows the summary at any "
-                       "time. No other program may have the port open.")};
+        QStringLiteral(
+            "Shows all bytes in hexadecimal and as text, with the seconds since the start. With "
+            "--driver or --description it also shows which of them are reports, with the button "
+            "and the point in centimetres, and which ones the driver passes over. Below each byte "
+            "is its role in the template, with \"!\" in front if the byte does not fit it. \"?\" "
+            "marks bytes that do not have the length of a report."),
+        QStringLiteral("The reports are the same as in 'digitizer capture', which with "
+                       "--strict-count goes by the number of bytes alone."),
+        QStringLiteral("Ctrl-C prints a summary and stops: bytes, reports, reports per second, "
+                       "bytes passed over, and the largest x and y. Enter prints the summary at "
+                       "any time. No other program may have the port open.")};
     command.options = LineOptions::options();
     command.options.insert(1, DriverOptions::driver());
     command.options.insert(2, DriverOptions::description());
     command.examples = {
         {QStringLiteral("digitizer monitor --device /dev/ttyUSB0 --baudrate 9600 --databit 7 "
                         "--parity Even"),
-         QStringLiteral("The bytes of an unknown tablet. Unreadable ones mean wrong settings.")},
+         QStringLiteral("Show the bytes of an unknown tablet. If they are unreadable, the settings "
+                        "are wrong.")},
         {QStringLiteral("digitizer monitor --device /dev/ttyUSB0 --driver \"Genius NewSketch MM "
                         "(500 LPI)\""),
-         QStringLiteral("The reports of a known one.")}};
-    command.exitStatusNotes =
-        QStringList{QStringLiteral("Ctrl-C is success; a line that ends by itself is not.")};
+         QStringLiteral("Show the reports of a known tablet.")}};
+    command.exitStatusNotes = QStringList{
+        QStringLiteral("'monitor' exits with 0 after Ctrl-C, and with 1 if the port is lost.")};
     command.run = run;
     return command;
 }

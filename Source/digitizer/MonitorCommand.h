@@ -6,7 +6,7 @@
 
 namespace ReferenceHost {
 
-/// "digitizer monitor": shows what arrives on a line.
+/// "digitizer monitor": shows every byte that arrives at a port.
 Command monitorCommand();
 
 } // namespace ReferenceHost

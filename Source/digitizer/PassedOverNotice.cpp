@@ -12,7 +12,7 @@ namespace ReferenceHost {
 namespace {
 
 constexpr int silenceMilliseconds = 1000;
-constexpr int bytesShown = 40; // more do not fit into a line of a terminal
+constexpr int bytesShown = 40; // as many as fit on a line of a terminal
 
 } // namespace
 
@@ -35,11 +35,10 @@ void PassedOverNotice::add(const QByteArray& bytes)
         return;
     }
     const bool all = bytes.size() <= bytesShown;
-    printError(
-        QStringLiteral("%1%2 arrived, which is no report, and was passed over: press again if "
-                       "a point is missing, or see what arrives with 'digitizer monitor'")
-            .arg(QString::fromLatin1(quotedBytes(bytes.left(bytesShown))),
-                 QLatin1String(all ? "" : "...")));
+    printError(QStringLiteral("passed over %1%2, which is not a report; if a point is missing, "
+                              "press the button again; 'digitizer monitor' shows what arrives")
+                   .arg(QString::fromLatin1(quotedBytes(bytes.left(bytesShown))),
+                        QLatin1String(all ? "" : "...")));
     m_silence.start();
 }
 

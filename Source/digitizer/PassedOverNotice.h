@@ -7,14 +7,14 @@
 
 namespace ReferenceHost {
 
-/// Tells the user on the error stream which bytes the driver passed over: one line at once, then at
-/// most one line a second with the number of those that came since.
+/// Shows on standard error which bytes the driver passed over: one line immediately, then at most
+/// one line per second with the number of bytes since.
 class PassedOverNotice
 {
 public:
     PassedOverNotice();
 
-    /// Says what was not said yet.
+    /// Prints what has not been printed yet.
     ~PassedOverNotice();
 
     void add(const QByteArray& bytes);

@@ -25,8 +25,9 @@ int run(const QCommandLineParser& parser)
     for (const PortEntry& port : serialPorts())
         entries << (json ? lineOf(port) : textOf(port));
     if (entries.isEmpty())
-        throw CommandError(QStringLiteral("this machine has no serial port; plug the adapter in, "
-                                          "or give a program that needs none its path"));
+        throw CommandError(
+            QStringLiteral("no serial port was found; plug in the adapter (pseudo-terminals are "
+                           "not listed, but --device takes their paths)"));
     return printOutput(entries.join(QLatin1String(json ? "" : "\n"))) ? ExitSuccess : ExitFailure;
 }
 
@@ -38,10 +39,9 @@ Command portsCommand()
     command.name = QStringLiteral("ports");
     command.summary = QStringLiteral("list the serial ports and who may use them");
     command.description = QStringList{
-        QStringLiteral("Lists the serial ports of this machine: what the adapter is, whether this "
-                       "user may use it and otherwise what to do, and which programs have it open. "
-                       "No port is opened for it. A program of another user is seen by root "
-                       "only.")};
+        QStringLiteral("Lists the serial ports of this machine: what the adapter is, whether you "
+                       "may use the port and what to do if not, and which programs have it open. "
+                       "No port is opened. Only root sees the programs of other users.")};
     command.options = {listFormatOption()};
     command.run = run;
     return command;

@@ -6,7 +6,7 @@
 
 namespace ReferenceHost {
 
-/// The command "ports": lists the serial ports of this machine.
+/// "digitizer ports": lists the serial ports of this machine.
 Command portsCommand();
 
 } // namespace ReferenceHost

@@ -28,7 +28,7 @@ PressDialog::PressDialog(SerialLine& line, std::optional<double> distance)
     connect(&m_quiet, &QTimer::timeout, this, &PressDialog::endPress);
     connect(&line, &SerialLine::received, this, &PressDialog::take);
     connect(&line, &SerialLine::ended, this,
-            [this] { fail(QStringLiteral("the line has ended; was the cable pulled?")); });
+            [this] { fail(QStringLiteral("the port is gone; check the cable and start again")); });
 }
 
 QVector<RecordedSession::Chunk> PressDialog::ask()
@@ -38,7 +38,7 @@ QVector<RecordedSession::Chunk> PressDialog::ask()
             [this] { fail(QStringLiteral("stopped; nothing was written")); });
     const InputLines input;
     connect(&input, &InputLines::entered, this, &PressDialog::takeAnswer);
-    tell(QStringLiteral("'r' and the enter key take back the last press, Ctrl-C stops.\n"));
+    tell(QStringLiteral("To repeat the last press, type r and Enter. To stop, press Ctrl-C.\n"));
     showPrompt();
     m_loop.exec();
     if (!m_problem.isEmpty())
@@ -82,7 +82,7 @@ void PressDialog::takeAnswer(const QString& answer)
 void PressDialog::showPrompt() const
 {
     const QString end = m_presses.size() >= PressProtocol::minimumPresses
-                            ? QStringLiteral(" If there is none, press the enter key.")
+                            ? QStringLiteral(" If there is no such button, press Enter.")
                             : QString();
     tell(QStringLiteral("%1. %2%3\n")
              .arg(QString::number(m_presses.size() + 1),

@@ -12,17 +12,17 @@
 
 namespace ReferenceHost {
 
-/// Asks the user for the presses of the protocol, one after the other, on the terminal.
+/// Asks the user at the terminal for the presses of the protocol, one at a time.
 class PressDialog : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The distance is that of PressProtocol::promptOf().
+    /// \a distance is that of PressProtocol::promptOf(), in centimetres.
     PressDialog(SerialLine& line, std::optional<double> distance);
 
     /// Returns what arrived, one chunk for each press, when the user says that there are no more
-    /// buttons. Throws a CommandError when the user stops or the line ends.
+    /// buttons. Throws a CommandError if the user stops or the port is lost.
     QVector<RecordedSession::Chunk> ask();
 
 private:

@@ -30,10 +30,9 @@ Program digitizerProgram()
     program.name = QStringLiteral("digitizer");
     program.version = MavSystem::versionText();
     program.summary = QStringLiteral("take points from digitizing tablets and digital pens");
-    program.description = QStringList{
-        QStringLiteral("Takes points from a digitizing tablet on a serial port, described by an "
-                       "XML file, or from the files of a digital pen. Coordinates are "
-                       "centimetres.")};
+    program.description = QStringList{QStringLiteral(
+        "Takes points from a digitizing tablet on a serial port or from the files of a digital "
+        "pen. An XML description says what the tablet sends. Coordinates are in centimetres.")};
     program.commands = {
         captureCommand(), importCommand(),  driversCommand(), checkCommand(),
         portsCommand(),   beepCommand(),    monitorCommand(), describeCommand(),
@@ -41,11 +40,10 @@ Program digitizerProgram()
     };
     program.files = {
         {QStringLiteral("~/.local/share/DigitizerGeneric/generated"),
-         QStringLiteral(
-             "The installed device descriptions. 'digitizer install' adds files of your own; a "
-             "file that you have changed is never overwritten.")},
+         QStringLiteral("The installed device descriptions. 'digitizer install' adds more. An "
+                        "update never overwrites a file that you have changed.")},
         {QStringLiteral("~/.config/DigitizerGeneric/digitizer.conf"),
-         QStringLiteral("The settings.")}};
+         QStringLiteral("The settings of this program.")}};
     return program;
 }
 
@@ -56,13 +54,13 @@ bool paintsPicture(int argc, char** argv)
     });
 }
 
-// Only text in pictures needs more than a QCoreApplication, and never a display.
+// Only the text in pictures needs a QGuiApplication; nothing needs a display.
 std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv)
 {
     if (!paintsPicture(argc, argv))
         return std::make_unique<QCoreApplication>(argc, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    // Complaints about a missing session of the desktop are nothing to a program without windows.
+    // A program without windows need not warn about a missing desktop session.
     const QtMessageHandler handler =
         qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     auto application = std::make_unique<QGuiApplication>(argc, argv);
