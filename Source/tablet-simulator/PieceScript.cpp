@@ -63,11 +63,10 @@ ReadScript readScript(const QByteArray& content)
         if (line.isEmpty())
             continue;
         if (!parseLine(line, press)) {
-            script.error =
-                QStringLiteral("line %1: '%2' is not x and y in centimetres and a button number, "
-                               "such as 12.5 30 1")
-                    .arg(number)
-                    .arg(line);
+            script.error = QStringLiteral("line %1: '%2' must be x and y in centimetres and a "
+                                          "button number, such as 12.5 30 1")
+                               .arg(number)
+                               .arg(line);
             return script;
         }
         script.presses.append(press);

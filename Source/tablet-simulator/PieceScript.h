@@ -9,14 +9,15 @@
 
 namespace TabletSimulation {
 
-/// What reading a script yields; the presses are usable when \a error is empty.
+/// The result of reading a script. The presses are usable if \a error is empty.
 struct ReadScript
 {
     QVector<Press> presses;
     QString error; ///< "line 7: ..."
 };
 
-/// Returns the presses of a script: "x y button" on a line, in centimetres; "#" begins a comment.
+/// Returns the presses of a script. Each line is "x y button", in centimetres; "#" starts a
+/// comment.
 ReadScript readScript(const QByteArray& content);
 
 /// Returns a bodice front of about 25 by 46 centimetres, traced once around: corners, curve points

@@ -17,16 +17,16 @@ PortLink::PortLink(const QString& port, const QString& link) : m_port(port)
         return;
     const QFileInfo taken(link);
     if (taken.exists() && !taken.isSymLink())
-        throw CommandError(QStringLiteral("'%1' is there and is not a link").arg(link));
+        throw CommandError(QStringLiteral("%1 exists and is not a symbolic link").arg(link));
     QFile::remove(link);
     if (!QFile::link(port, link))
-        throw CommandError(QStringLiteral("the link '%1' cannot be made").arg(link));
+        throw CommandError(QStringLiteral("cannot create the link %1").arg(link));
     m_link = link;
 }
 
 PortLink::~PortLink()
 {
-    // Another simulator may have taken the name over meanwhile.
+    // Another simulator may have replaced the link meanwhile.
     if (!m_link.isEmpty() && QFileInfo(m_link).symLinkTarget() == m_port)
         QFile::remove(m_link);
 }

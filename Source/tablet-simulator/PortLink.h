@@ -6,18 +6,19 @@
 
 namespace TabletSimulation {
 
-/// A symbolic link to a port, removed when the object goes.
+/// A symbolic link to a port, removed when the object is destroyed.
 class PortLink
 {
 public:
-    /// Links \a link to \a port, in place of a link that is there; an empty \a link makes none.
-    /// Throws CommandError when the name is taken by anything but a link or cannot be made.
+    /// Creates the link \a link to \a port and replaces an existing link. Does nothing if \a link
+    /// is empty. Throws a CommandError if the name belongs to anything but a link, or if the link
+    /// cannot be created.
     PortLink(const QString& port, const QString& link);
     ~PortLink();
     PortLink(const PortLink&) = delete;
     PortLink& operator=(const PortLink&) = delete;
 
-    /// Returns the path to open: the link's, or the port's own without a link.
+    /// Returns the path to open: that of the link, or that of the port without a link.
     QString path() const { return m_link.isEmpty() ? m_port : m_link; }
 
 private:

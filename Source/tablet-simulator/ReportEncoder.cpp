@@ -12,7 +12,7 @@ using namespace MavSystem;
 
 namespace {
 
-// The template's room for one axis.
+// The characters that the template has for one axis.
 struct AxisRoom
 {
     QString name;
@@ -76,7 +76,7 @@ AxisText encodeAxis(double centimetres, double unitsInCentimetre, const AxisRoom
         const double largest = limit / std::pow(10.0, room.fractionDigits) / unitsInCentimetre;
         return {{},
                 ' ',
-                QStringLiteral("%1: the layout has %2 digits for %3, which hold up to %4 cm")
+                QStringLiteral("%1: the template has %2 digits for %3, enough for at most %4 cm")
                     .arg(pointText(press))
                     .arg(room.digits)
                     .arg(room.name)
@@ -86,14 +86,14 @@ AxisText encodeAxis(double centimetres, double unitsInCentimetre, const AxisRoom
     if (negative && !room.hasSign)
         return {{},
                 ' ',
-                QStringLiteral("%1: the layout has no sign for %2, so 0 cm is the least")
+                QStringLiteral("%1: the template has no sign for %2, which must not be below 0 cm")
                     .arg(pointText(press), room.name)};
     return {QByteArray::number(steps, 'f', 0).rightJustified(room.digits, '0'),
             negative ? '-' : '+',
             {}};
 }
 
-// What a report carries of \a code; blanks where its layout has no place.
+// The part of \a code that fits into the template, filled with blanks.
 ButtonValue sentCode(const DigitizerArgument& description, const ButtonValue& code)
 {
     const std::vector<ReportFormatValues>& roles = description.m_reportFormat;
@@ -103,7 +103,7 @@ ButtonValue sentCode(const DigitizerArgument& description, const ButtonValue& co
     return sent;
 }
 
-// The button that the library takes \a code for.
+// The button that the library finds for \a code.
 int buttonOf(const DigitizerArgument& description, int searched, const ButtonValue& code)
 {
     const auto significant =
@@ -116,7 +116,8 @@ int buttonOf(const DigitizerArgument& description, int searched, const ButtonVal
     return 0;
 }
 
-// The code that the library turns into the press's button, or the reason why there is none.
+// Finds the code that the library turns into the press's button. Returns an empty text, or why
+// there is none.
 QString findCode(const DigitizerArgument& description, const Press& press, ButtonValue& code)
 {
     const int first = description.m_fourButtons ? 1 : 0;
@@ -126,7 +127,7 @@ QString findCode(const DigitizerArgument& description, const Press& press, Butto
     if (searched == 0)
         return QStringLiteral("%1: the description has no buttons").arg(pointText(press));
     if (index < 0 || index >= searched)
-        return QStringLiteral("%1: there is no button %2, the description has buttons %3 to %4")
+        return QStringLiteral("%1: there is no button %2; the description has buttons %3 to %4")
             .arg(pointText(press))
             .arg(press.button)
             .arg(first)
@@ -135,13 +136,14 @@ QString findCode(const DigitizerArgument& description, const Press& press, Butto
     const int arriving = buttonOf(description, searched, code);
     return arriving == press.button
                ? QString()
-               : QStringLiteral("%1: by the description's codes, button %2 would arrive as %3")
+               : QStringLiteral(
+                     "%1: with the codes in the description, button %2 would arrive as button %3")
                      .arg(pointText(press))
                      .arg(press.button)
                      .arg(arriving);
 }
 
-// Hands out the characters of the report role by role.
+// Returns the characters of the report, role by role.
 class Characters
 {
 public:
@@ -188,8 +190,7 @@ EncodedReport encodeReport(const DigitizerArgument& description, const Press& pr
 {
     if (!(description.m_resolution > 0.0))
         return {{},
-                QStringLiteral("%1: the description's resolution is %2 where a number above 0 "
-                               "is needed")
+                QStringLiteral("%1: the resolution in the description is %2, but must be above 0")
                     .arg(pointText(press))
                     .arg(description.m_resolution)};
     const Rooms rooms = roomsOf(description);
@@ -221,13 +222,13 @@ EncodedReport encodeLectraE92Report(const Press& press)
         const qint64 steps = text.digits.toLongLong();
         if (steps == 0)
             return {{},
-                    QStringLiteral("%1: this tablet rejects what is not above 0 cm")
+                    QStringLiteral("%1: this tablet rejects coordinates that are not above 0 cm")
                         .arg(pointText(press))};
         fields[axis] = QByteArray::number(steps).rightJustified(6, ' ');
     }
     if (press.button < 2 || press.button > 5)
         return {{},
-                QStringLiteral("%1: there is no button %2, this tablet has buttons 2 to 5")
+                QStringLiteral("%1: there is no button %2; this tablet has buttons 2 to 5")
                     .arg(pointText(press))
                     .arg(press.button)};
     return {"000000" + QByteArray::number(29 + press.button) + " 0" + fields[0] + ' ' + fields[1] +

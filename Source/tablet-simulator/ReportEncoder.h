@@ -10,7 +10,8 @@
 
 namespace TabletSimulation {
 
-/// What a tablet is told to send: a point in centimetres and the number that its report is to have.
+/// What a tablet is to send: a point in centimetres and the button number that the driver is to
+/// deliver.
 struct Press
 {
     MavSystem::GeoPoint2D point;
@@ -21,15 +22,15 @@ struct Press
 struct EncodedReport
 {
     QByteArray bytes;
-    QString error; ///< names the point and the limit; empty when there are bytes
+    QString error; ///< names the point and the limit; otherwise empty
 };
 
-/// Returns the report that the driver library decodes to \a press by \a description, its point
+/// Returns the report that the driver library decodes to \a press with \a description. The point is
 /// rounded to the nearest step of the resolution.
 EncodedReport encodeReport(const MavSystem::DigitizerArgument& description, const Press& press);
 
-/// The same in the fixed layout of the "Lectra E92": positive coordinates in steps of 0.01, buttons
-/// 2 to 5, with a carriage return and a line feed behind it.
+/// The same in the fixed layout of the "Lectra E92": positive coordinates in steps of 0.01 cm,
+/// buttons 2 to 5, a carriage return and a line feed at the end.
 EncodedReport encodeLectraE92Report(const Press& press);
 
 } // namespace TabletSimulation

@@ -19,10 +19,10 @@ namespace {
 
 volatile std::sig_atomic_t s_stopped = 0;
 
-constexpr int slice = 20; // milliseconds between two looks at s_stopped
+constexpr int slice = 20; // milliseconds between two checks of s_stopped
 
-// Microseconds between the last report and the end of the line, which may overtake it in a program
-// that has taken the report but not looked at it yet.
+// Microseconds between the last report and the hang-up, which may overtake it in a program that has
+// received the report but not processed it yet.
 constexpr qint64 lingering = 200000;
 
 void printArrived(const QByteArray& bytes)
@@ -54,7 +54,7 @@ bool waitUntilTaken(PseudoTerminal& tablet)
     return true;
 }
 
-// What the system keeps on the way reaches the port's queue within the lingering.
+// Bytes that are still on their way reach the port's queue within that time.
 bool waitUntilAllTaken(PseudoTerminal& tablet)
 {
     do {
@@ -93,13 +93,13 @@ bool waitForTurn(PseudoTerminal& tablet, Pace pace, qint64 pauseMicroseconds)
     return !s_stopped;
 }
 
-// All of it, however long the line is full.
+// Writes all of it, however long the buffer is full.
 bool write(PseudoTerminal& tablet, QByteArray bytes)
 {
     while (!bytes.isEmpty() && !s_stopped) {
         const int written = tablet.writeSome(bytes, slice);
         if (written < 0) {
-            printError(QStringLiteral("the line takes no more: %1").arg(qt_error_string()));
+            printError(QStringLiteral("cannot write to the port: %1").arg(qt_error_string()));
             return false;
         }
         bytes.remove(0, written);

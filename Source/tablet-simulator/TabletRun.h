@@ -9,30 +9,30 @@
 
 namespace TabletSimulation {
 
-/// When each write of a run goes to the line.
+/// When each write of a run is sent.
 enum class Pace {
     Timed, ///< after its pause
-    Taken, ///< when the one before has been taken
-    Flood, ///< as soon as the line takes it, whatever the program does
+    Taken, ///< when the previous one has been read
+    Flood, ///< as soon as there is room in the port's buffer, whatever the program does
 };
 
-/// How the writes of a run reach the line.
+/// How the writes of a run are sent.
 struct RunOptions
 {
-    /// A program has the port open for so long before the first write: many discard what arrives
-    /// while they open it, and some open it twice, first to see whether it is there.
+    /// How long a program must have the port open before the first write. Many discard what arrives
+    /// while they open it, and some open it twice, first to see whether it exists.
     int openDelayMilliseconds = 300;
     Pace pace = Pace::Timed;
-    bool stay = false; ///< keep the line at the end until stopped
+    bool stay = false; ///< keep the port open at the end until stopped
 };
 
-/// Sends \a writes over \a tablet once a program has opened its port, and prints to the standard
-/// error stream what arrives from there. Returns whether all was sent and taken; false after
-/// stopTabletRun(), and when the line fails, which it says on the error stream.
+/// Sends \a writes through \a tablet once a program has opened its port, and prints what arrives
+/// from there on standard error. Returns whether everything was sent and read; false after
+/// stopTabletRun(), and if the port fails, which prints an error.
 bool runTablet(ReferenceHost::PseudoTerminal& tablet, const QVector<Transmission>& writes,
                const RunOptions& options);
 
-/// Lets runTablet() return soon. Safe in a signal handler.
+/// Makes runTablet() return soon. Safe in a signal handler.
 void stopTabletRun();
 
 } // namespace TabletSimulation

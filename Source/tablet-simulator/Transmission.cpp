@@ -9,7 +9,7 @@ namespace TabletSimulation {
 
 namespace {
 
-// Long enough for the receiver to see two chunks instead of one.
+// Long enough for the receiver to get two chunks instead of one.
 constexpr qint64 splitPauseMicroseconds = 5000;
 
 QByteArray garbageOf(std::mt19937& random)

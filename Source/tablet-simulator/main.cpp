@@ -32,7 +32,7 @@ QByteArray contentOf(const QString& path)
     QFile file(path);
     const QString problem = openRegularFile(file);
     if (!problem.isEmpty())
-        throw CommandError(QStringLiteral("'%1' cannot be read: %2").arg(path, problem));
+        throw CommandError(QStringLiteral("cannot read %1: %2").arg(path, problem));
     return file.readAll();
 }
 
@@ -41,8 +41,8 @@ DescribedDriver chosenDriver(const QCommandLineParser& parser)
     if (parser.isSet(QStringLiteral("description")))
         return requireReports(driverFromFile(parser.value(QStringLiteral("description"))));
     const QString name = requiredValue(parser, QStringLiteral("driver"),
-                                       QStringLiteral("'digitizer drivers' lists them"));
-    // Its layout is built in, so it needs no description.
+                                       QStringLiteral("'digitizer drivers' lists the names"));
+    // The layout of this tablet is built in, so it needs no description.
     DescribedDriver driver;
     driver.name = name;
     if (driver.isLectraE92() && !DescriptionFolder::find(name)) {
@@ -97,12 +97,14 @@ LineFaults chosenFaults(const QCommandLineParser& parser, const QVector<Transmis
     faults.hangUpAfter = numberValue(parser, QStringLiteral("hangup-after"), 0, 1000000000, -1);
     const int longest = longestOf(reports) * faults.mergedReports;
     if (faults.splitOffset >= longest)
-        throw CommandError(QStringLiteral("--split is %1, but at most %2 bytes are sent at once")
-                               .arg(faults.splitOffset)
-                               .arg(longest),
-                           ExitUsage);
+        throw CommandError(
+            QStringLiteral(
+                "--split is %1, but must be less than %2, the length of the longest write")
+                .arg(faults.splitOffset)
+                .arg(longest),
+            ExitUsage);
     if (faults.garbage)
-        printError(QStringLiteral("garbage of seed %1").arg(faults.seed));
+        printError(QStringLiteral("the seed of the random bytes is %1").arg(faults.seed));
     return faults;
 }
 
@@ -132,14 +134,14 @@ QVector<Transmission> replayed(const QString& path)
     return chunks;
 }
 
-// What is to be sent, in the pace that the command line asks for.
+// The reports to send, at the pace given on the command line.
 QVector<Transmission> chosenReports(const QCommandLineParser& parser)
 {
     const QVector<Transmission> once = parser.isSet(QStringLiteral("replay"))
                                            ? replayed(parser.value(QStringLiteral("replay")))
                                            : simulated(parser);
     if (once.isEmpty())
-        throw CommandError(QStringLiteral("there is nothing to send"));
+        throw CommandError(QStringLiteral("nothing to send"));
     const int rate = numberValue(parser, QStringLiteral("rate"), 1, 10000, 0);
     const int repetitions = numberValue(parser, QStringLiteral("repeat"), 1, 1000000, 1);
     QVector<Transmission> reports;
@@ -160,7 +162,7 @@ void refuseContradictions(const QCommandLineParser& parser)
         {"flood", "rate"},         {"hangup-after", "stay"}};
     for (const auto& [one, other] : contradictions) {
         if (parser.isSet(QLatin1String(one)) && parser.isSet(QLatin1String(other)))
-            throw CommandError(QStringLiteral("--%1 and --%2 exclude each other")
+            throw CommandError(QStringLiteral("--%1 and --%2 cannot be combined")
                                    .arg(QLatin1String(one), QLatin1String(other)),
                                ExitUsage);
     }
@@ -195,7 +197,7 @@ int run(const QCommandLineParser& parser)
     PseudoTerminal tablet;
     if (!tablet.isOpen())
         throw CommandError(
-            QStringLiteral("there is no pseudo-terminal: %1").arg(tablet.errorString()));
+            QStringLiteral("cannot open a pseudo-terminal: %1").arg(tablet.errorString()));
     const PortLink link(tablet.path(), parser.value(QStringLiteral("link")));
     stopOnSignals();
     printOutput(link.path() + QLatin1Char('\n'));
@@ -212,69 +214,64 @@ Program simulatorProgram()
 {
     Command command;
     command.options = {
-        option("driver", "The tablet: the name of an installed description, or \"Lectra E92\".",
+        option("driver", "Simulate the tablet of driver NAME: an installed one, or \"Lectra E92\".",
                "NAME"),
-        option("description", "The tablet: a description file, instead of --driver.", "FILE"),
+        option("description",
+               "Simulate the tablet of description FILE instead of an installed driver.", "FILE"),
         option("script",
-               "Send this instead of the built-in piece: \"x y button\" a line, in centimetres and "
-               "the button number that is to arrive; # begins a comment.",
+               "Send the points in FILE instead of the built-in piece. Each line is \"x y "
+               "button\": the point in centimetres and the button number that the driver is to "
+               "deliver. # starts a comment.",
                "FILE"),
-        option(
-            "replay",
-            "Send a recorded session, in its own time unless --rate, --fast or --flood is given; "
-            "it needs no tablet.",
-            "FILE"),
-        option("link", "Make a symbolic link to the port; it is removed at the end.", "PATH"),
-        option("rate",
-               "Send so many reports a second. Default: as many as the line's speed allows.", "N"),
-        option("fast", "Send each report as soon as the one before has been taken."),
-        option(
-            "flood",
-            "Send everything as fast as the line takes it, whether the program reads or not, and "
-            "wait while the line is full. Reports then arrive merged and in pieces."),
-        option("repeat", "Send everything so often.", "N"),
+        option("replay",
+               "Send the recorded session in FILE, with the recorded timing unless --rate, --fast "
+               "or --flood is given. Neither --driver nor --description is needed.",
+               "FILE"),
+        option("link", "Create the symbolic link PATH to the port and remove it at the end.",
+               "PATH"),
+        option("rate", "Send N reports per second. Default: as many as the baud rate allows.", "N"),
+        option("fast", "Send each report as soon as the previous one has been read."),
+        option("flood",
+               "Send everything as fast as possible, whether the program reads or not, and wait "
+               "only while the port's buffer is full. Reports then arrive merged and in pieces."),
+        option("repeat", "Send everything N times.", "N"),
         option("delay",
-               "Wait until the port has been open for so many milliseconds (default 300); a driver "
-               "discards what arrives while it opens.",
+               "Send the first report when the port has been open for MS milliseconds. Default: "
+               "300. A driver discards what arrives while it opens the port.",
                "MS"),
-        option("stay", "Keep the port at the end until stopped with Ctrl-C."),
-        option("split", "Fault: send each report in two writes, the first of so many bytes.",
+        option("stay", "Keep the port open at the end, until Ctrl-C."),
+        option("split", "Fault: send each report in two writes, the first of OFFSET bytes.",
                "OFFSET"),
-        option(
-            "merge",
-            "Fault: send so many reports in one write. A driver without checked reading then reads "
-            "nothing more until its port is opened again.",
-            "K"),
+        option("merge",
+               "Fault: send K reports in one write. A driver without checked reading then reads "
+               "nothing until its port is opened again.",
+               "K"),
         option("garbage", "Fault: send one to four random bytes between reports."),
-        option("seed", "Seed of the random bytes (default 1).", "N"),
-        option("hangup-after", "Fault: pull the cable after so many reports.", "N"),
+        option("seed", "Use N as the seed of the random bytes. Default: 1.", "N"),
+        option("hangup-after", "Fault: hang up after N reports, as a pulled cable does.", "N"),
     };
     command.examples = {
         {QStringLiteral("tablet-simulator --driver 'Generic 5-5-1 (ASCII)' --link /tmp/tablet"),
-         QStringLiteral(
-             "Wait for a program that opens /tmp/tablet and trace a bodice front there.")},
+         QStringLiteral("Wait until a program opens /tmp/tablet, then trace a bodice front.")},
         {QStringLiteral("tablet-simulator --replay session.log --fast"),
          QStringLiteral("Send a recorded session again.")},
     };
-    command.exitStatusNotes =
-        QStringList{QStringLiteral("0 when all was sent, 1 when it was stopped before.")};
+    command.exitStatusNotes = QStringList{QStringLiteral(
+        "The status is 0 if everything was sent, and 1 if the simulator was stopped before that.")};
     command.run = run;
 
     Program program;
     program.name = QStringLiteral("tablet-simulator");
     program.version = versionText();
-    program.summary = QStringLiteral("a digitizing tablet without a tablet");
-    program.description =
-        QStringList{QStringLiteral("Opens a pseudo-terminal, prints its path, waits until a "
-                                   "program opens that as a serial port, and "
-                                   "sends reports as the described tablet does. What the program "
-                                   "sends, such as a beep, is printed "
-                                   "to the error stream."),
-                    QStringLiteral("The built-in piece is a bodice front: button 1 corner, 2 curve "
-                                   "point, 3 punch hole, 4 end of piece "
-                                   "and, on tablets with sixteen buttons, 5 notch; with four "
-                                   "buttons the notches are left out. The \"Lectra E92\" numbers "
-                                   "its four buttons from 2.")};
+    program.summary = QStringLiteral("simulate a digitizing tablet on a pseudo-terminal");
+    program.description = QStringList{
+        QStringLiteral("Opens a pseudo-terminal, prints its path, waits until a program opens it "
+                       "as a serial port, and sends reports as the tablet would. What the program "
+                       "sends, such as a beep, is printed on standard error."),
+        QStringLiteral("The built-in piece is a bodice front. Button 1 is a corner, 2 a curve "
+                       "point, 3 a punch hole, 4 the end of the piece and, on tablets with sixteen "
+                       "buttons, 5 a notch. With four buttons, the notches are left out. The "
+                       "\"Lectra E92\" numbers its four buttons from 2.")};
     program.commands = {command};
     return program;
 }
