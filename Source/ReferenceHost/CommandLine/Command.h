@@ -14,15 +14,15 @@
 
 namespace ReferenceHost {
 
-/// What a program tells its caller when it ends.
+/// The exit status of a program.
 enum ExitStatus {
     ExitSuccess = 0,
-    ExitFailure = 1, ///< what was asked for could not be done
-    ExitUsage = 2,   ///< it was asked for in a wrong way
+    ExitFailure = 1, ///< the command failed
+    ExitUsage = 2,   ///< the command line is wrong
 };
 
-/// Ends a command with one line on the error stream; the program's name is put in front of it.
-/// To be thrown from Command::run only, never through an event loop.
+/// Ends a command with one line on standard error, which begins with the program's name. To be
+/// thrown from Command::run only, never through an event loop.
 class CommandError : public std::runtime_error
 {
 public:
@@ -36,7 +36,7 @@ private:
     ExitStatus m_status;
 };
 
-/// A positional argument; "[FILE]" may be left out, "FILE..." may be repeated, "[FILE...]" both.
+/// A positional argument. "[FILE]" is optional, "FILE..." may be repeated, "[FILE...]" is both.
 struct CommandArgument
 {
     QString name;
@@ -49,22 +49,23 @@ struct CommandExample
     QString explanation;
 };
 
-/// A command of a program: what the command line accepts, what the help says, and what is run.
+/// A command of a program: its arguments and options, its help, and the function that runs it.
 struct Command
 {
     QString name;
     QString summary;         ///< one line, no full stop
     QStringList description; ///< paragraphs
     QVector<CommandArgument> arguments;
-    QList<QCommandLineOption> options; ///< "--help" comes by itself
+    QList<QCommandLineOption> options; ///< "--help" is added to them
     QVector<CommandExample> examples;
-    QStringList exitStatusNotes; ///< paragraphs on what this command means by 0 and 1
+    QStringList exitStatusNotes; ///< paragraphs on when this command exits with 0 or 1
     /// Returns the exit status. The parser has accepted the options and the number of arguments.
     std::function<int(const QCommandLineParser&)> run;
 };
 
-/// A program: several commands, of which the first word of the command line names one; or a single
-/// command without name, summary and description of its own, which takes the whole command line.
+/// A program. It has several commands, and the first word of the command line names one of them. Or
+/// it has a single command, without name, summary and description, that takes the whole command
+/// line.
 struct Program
 {
     QString name;

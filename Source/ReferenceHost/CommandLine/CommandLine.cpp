@@ -12,8 +12,7 @@ namespace {
 
 CommandError usageError(const QString& text, const QString& helpCommand)
 {
-    return CommandError(QStringLiteral("%1 ('%2 --help' explains)").arg(text, helpCommand),
-                        ExitUsage);
+    return CommandError(QStringLiteral("%1; see '%2 --help'").arg(text, helpCommand), ExitUsage);
 }
 
 QString optionsMeant(const QString& unknown, const QList<QCommandLineOption>& options)
@@ -24,7 +23,7 @@ QString optionsMeant(const QString& unknown, const QList<QCommandLineOption>& op
     return suggestion(unknown, names);
 }
 
-// The parser's own texts, but for what it cannot know: the nearest option.
+// The parser's own text, except that an unknown option comes with the nearest known ones.
 QString parsingProblem(const QCommandLineParser& parser, const Command& command)
 {
     const QStringList unknown = parser.unknownOptionNames();

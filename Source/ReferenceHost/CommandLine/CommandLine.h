@@ -6,11 +6,11 @@
 
 namespace ReferenceHost {
 
-/// Runs the command that \a arguments name, the program's path in front, and returns its exit
-/// status. A wrong command line is one line on the error stream and ExitUsage.
+/// Runs the command that \a arguments name and returns its exit status. The first argument is the
+/// program's path. A wrong command line prints one line on standard error and returns ExitUsage.
 ///
-/// Understood everywhere: "--help", and "--version" in the place of a command. "--manual-page" in
-/// that place prints the manual page in roff; the help does not list it.
+/// Every command accepts "--help". In place of a command, "--version" prints the version and
+/// "--manual-page", which the help does not list, the manual page in roff.
 int runProgram(const Program& program, const QStringList& arguments);
 
 } // namespace ReferenceHost

@@ -6,11 +6,11 @@
 
 namespace ReferenceHost {
 
-/// Writes \a text to the standard output at once and returns whether that worked.
+/// Writes \a text to standard output without delay. Returns whether that worked.
 bool printOutput(const QString& text);
 
-/// Writes one line to the standard error stream: the program's name, a colon, and \a text. Line
-/// breaks in it become blanks.
+/// Writes one line to standard error: the program's name, a colon, and \a text. Line breaks in it
+/// become blanks.
 void printError(const QString& text);
 
 } // namespace ReferenceHost

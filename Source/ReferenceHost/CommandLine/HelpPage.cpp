@@ -25,7 +25,7 @@ QVector<CommandArgument> entriesOf(const Command& command)
         if (!(option.flags() & QCommandLineOption::HiddenFromHelp))
             entries.append({termOf(option), option.description()});
     }
-    entries.append({QStringLiteral("-h, --help"), QStringLiteral("Shows this help.")});
+    entries.append({QStringLiteral("-h, --help"), QStringLiteral("Show this help.")});
     return entries;
 }
 
@@ -44,9 +44,8 @@ HelpSection exitStatusSection(const QStringList& notes)
     section.paragraphs = notes;
     section.entries = {
         {QStringLiteral("0"), QStringLiteral("Success.")},
-        {QStringLiteral("1"),
-         QStringLiteral("It could not be done; one line on the error stream says why.")},
-        {QStringLiteral("2"), QStringLiteral("The command line was wrong.")}};
+        {QStringLiteral("1"), QStringLiteral("Failure; a message on standard error says why.")},
+        {QStringLiteral("2"), QStringLiteral("Wrong command line.")}};
     return section;
 }
 
@@ -82,7 +81,7 @@ QString entryText(const CommandArgument& entry)
     return term.leftJustified(termWidth) + wrapped(entry.explanation, termWidth).mid(termWidth);
 }
 
-// A leading dot or apostrophe would be a request, a hyphen would be set as a dash.
+// A leading dot or apostrophe would be a request, and a hyphen would be printed as a dash.
 QString escaped(QString text)
 {
     text.replace(QLatin1Char('\\'), QLatin1String("\\e"));
@@ -161,7 +160,7 @@ HelpPage programPage(const Program& program)
     for (const Command& command : program.commands)
         commands.entries.append({command.name, command.summary});
     const QString more =
-        QStringLiteral("'%1 COMMAND --help' explains a command.").arg(program.name);
+        QStringLiteral("'%1 COMMAND --help' shows the help of a command.").arg(program.name);
     return {{QStringLiteral("Usage"), {synopsisOf(program)}, {}},
             {QString(), program.description, {}},
             commands,

@@ -6,7 +6,7 @@
 
 namespace ReferenceHost {
 
-/// The help of programs, made from the tables that their command lines are parsed with.
+/// The help of programs, made from the tables that also drive the parsing of their command lines.
 
 struct HelpSection
 {
@@ -20,18 +20,18 @@ struct HelpSection
 
 using HelpPage = QVector<HelpSection>;
 
-/// Returns whether \a program has but one command, without a name.
+/// Returns whether \a program has a single command without a name.
 bool isSingle(const Program& program);
 
-/// Returns how \a command is called: "digitizer capture", or only the program's name when the
-/// command has none.
+/// Returns how \a command is called: "digitizer capture", or only the program's name if the command
+/// has no name.
 QString callNameOf(const Program& program, const Command& command);
 
 /// What "--help" shows of the whole program and of one command.
 HelpPage programPage(const Program& program);
 HelpPage commandPage(const Program& program, const Command& command);
 
-/// Returns \a page for a terminal, in lines of at most 80 characters where words allow.
+/// Returns \a page for a terminal, in lines of at most 80 characters unless a word is longer.
 QString textOf(const HelpPage& page);
 
 /// Returns the program's manual page in roff, for section 1.

@@ -7,7 +7,8 @@
 
 namespace ReferenceHost {
 
-/// Lines that the user types, without blocking the event loop. Silent after the end of the input.
+/// Reads the lines that the user types without blocking the event loop. Emits nothing after the end
+/// of the input.
 class InputLines : public QObject
 {
     Q_OBJECT

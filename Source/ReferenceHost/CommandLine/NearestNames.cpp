@@ -22,7 +22,7 @@ QString comparable(const QString& text)
     return characters;
 }
 
-// What a row of the edit distance starts and ends with: the whole name, or its best part.
+// Whether the typed text is compared with the whole name or with the part of it that fits best.
 enum class Against { WholeName, PartOfName };
 
 int editDistance(const QString& typed, const QString& name, Against against)

@@ -7,12 +7,13 @@
 
 namespace ReferenceHost {
 
-/// Returns the names that someone who typed \a typed probably meant: at most three, the nearest
-/// first, without regard to letter case, blanks and punctuation. A part of a long name is near to
-/// it: "bitpad" to "Bit Pad Two (CR)". Empty when nothing is near.
+/// Returns the names that the user probably meant by \a typed: at most three, the nearest first.
+/// Letter case, blanks and punctuation are ignored. Part of a long name is enough: "bitpad" finds
+/// "Bit Pad Two (CR)". Returns an empty list if nothing is near.
 QStringList nearestNames(const QString& typed, const QStringList& names);
 
-/// Returns "; did you mean A or B?" for those names, or nothing; made to end an error message.
+/// Returns "; did you mean A or B?" for those names, to end an error message; empty if there are
+/// none.
 QString suggestion(const QString& typed, const QStringList& names);
 
 } // namespace ReferenceHost

@@ -46,7 +46,8 @@ QString choiceValue(const QCommandLineParser& parser, const QString& option,
 
 QCommandLineOption listFormatOption()
 {
-    return {QStringLiteral("format"), QStringLiteral("text (default) or json, one object a line."),
+    return {QStringLiteral("format"),
+            QStringLiteral("Print text (default) or json with one object per line."),
             QStringLiteral("FORMAT")};
 }
 

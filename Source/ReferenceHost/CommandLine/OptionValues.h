@@ -9,24 +9,24 @@
 
 namespace ReferenceHost {
 
-/// Values of options, checked. Each function throws a CommandError with ExitUsage that names the
-/// option, what was given, and what is accepted.
+/// Checked values of options. Each function throws a CommandError with ExitUsage that names the
+/// option, the value given, and what is accepted.
 
 /// Returns the value of an option that must be given; \a hint says where to find one.
 QString requiredValue(const QCommandLineParser& parser, const QString& option, const QString& hint);
 
-/// Returns the number given, or \a absent when the option is not. Decimal digits only.
+/// Returns the number given, or \a absent without the option. Decimal digits only.
 int numberValue(const QCommandLineParser& parser, const QString& option, int minimum, int maximum,
                 int absent);
 
-/// Returns the option "--format" of a list: text, or json with one object a line.
+/// Returns the option "--format" of a list: text, or json with one object per line.
 QCommandLineOption listFormatOption();
 
 /// Returns whether listFormatOption() was given as json.
 bool wantsJson(const QCommandLineParser& parser);
 
-/// Returns the value given when it is one of \a accepted, or the first of these when the option is
-/// not given.
+/// Returns the value given, which must be one of \a accepted, or the first of these without the
+/// option.
 QString choiceValue(const QCommandLineParser& parser, const QString& option,
                     const QStringList& accepted);
 

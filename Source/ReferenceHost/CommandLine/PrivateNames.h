@@ -6,7 +6,7 @@
 
 namespace ReferenceHost {
 
-/// Names that do not belong in a text that is sent to strangers. An empty one is not looked for.
+/// Names to leave out of a text that is sent to strangers. Empty ones are ignored.
 struct PrivateNames
 {
     QString home; ///< path of the home folder
@@ -14,11 +14,11 @@ struct PrivateNames
     QString host;
 };
 
-/// Returns the names of whoever runs this program, and where.
+/// Returns the names of the user and the machine that run this program.
 PrivateNames ownPrivateNames();
 
-/// Returns \a text with the home folder as "~", the user as "USER" and the machine as "HOST",
-/// wherever these stand as whole words.
+/// Returns \a text with "~" for the home folder, "USER" for the user and "HOST" for the machine,
+/// wherever these are whole words.
 QString withoutPrivateNames(const QString& text, const PrivateNames& names);
 
 } // namespace ReferenceHost

@@ -37,7 +37,7 @@ void install(int number, void (*handler)(int))
 StopSignals::StopSignals()
 {
     if (pipe2(s_pipe, O_CLOEXEC | O_NONBLOCK) != 0)
-        qFatal("no pipe for signals");
+        qFatal("cannot create a pipe for signals");
     m_notifier = new QSocketNotifier(s_pipe[0], QSocketNotifier::Read, this);
     connect(m_notifier, &QSocketNotifier::activated, this, &StopSignals::drain);
     for (const int number : stopSignals)

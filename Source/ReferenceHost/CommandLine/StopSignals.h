@@ -8,9 +8,9 @@ class QSocketNotifier;
 
 namespace ReferenceHost {
 
-/// Turns Ctrl-C and a polite request to end (SIGINT, SIGTERM, SIGHUP) into a Qt signal, so that a
-/// host can close its device first. While an object lives, SIGPIPE is ignored: writing to a reader
-/// that has gone is then an error like any other. One at a time; POSIX only.
+/// Turns Ctrl-C and requests to terminate (SIGINT, SIGTERM, SIGHUP) into a Qt signal, so that a
+/// host can close its device first. While the object lives, SIGPIPE is ignored, so writing to a
+/// closed pipe is an error like any other. One object at a time; POSIX only.
 class StopSignals : public QObject
 {
     Q_OBJECT
@@ -18,11 +18,11 @@ class StopSignals : public QObject
 public:
     StopSignals();
 
-    /// Brings back what was there before.
+    /// Restores the default handling of the signals.
     ~StopSignals() override;
 
 signals:
-    /// Emitted from the event loop, at every such signal.
+    /// Emitted from the event loop for each such signal.
     void stopRequested();
 
 private:

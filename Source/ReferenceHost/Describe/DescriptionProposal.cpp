@@ -18,10 +18,11 @@ namespace {
 constexpr int fewButtons = 4;
 constexpr int placeholderLines = 1000;
 
-// Distances along x and y that were meant to be equal differ by more than a hand's inaccuracy.
+// Equal distances along x and y that differ by more than this were not measured inaccurately by
+// hand.
 constexpr double unevenAxes = 0.01;
 
-// "--" may not stand in a comment.
+// A comment must not contain "--".
 QString commentText(QString text)
 {
     return text.replace(QLatin1String("--"), QLatin1String("-\\-"));
@@ -93,31 +94,30 @@ private:
 void Proposal::doubtLine()
 {
     if (!m_facts.isLineKnown) {
-        doubt(Doubt::About::Line,
-              QStringLiteral("nothing says with which settings the bytes were read; these are the "
-                             "usual ones."));
+        doubt(Doubt::About::Line, QStringLiteral("the recording does not say which serial settings "
+                                                 "were used; these are the usual ones."));
         return;
     }
     doubt(Doubt::About::Line,
-          QStringLiteral("the bytes were read with these settings and are text, but bytes do not "
-                         "show parity, stop bits and flow control. Compare with the tablet's "
-                         "switches or its manual."));
+          QStringLiteral(
+              "the bytes read with these settings are text, but bytes do not show parity, stop "
+              "bits and flow control. Compare with the tablet's switches or manual."));
 }
 
 void Proposal::doubtLength()
 {
     if (m_split.evidence == ReportSplit::Evidence::WholePress)
-        doubt(
-            Doubt::About::Template,
-            QStringLiteral("no line end; all that came with one press was taken for one report."));
+        doubt(Doubt::About::Template,
+              QStringLiteral(
+                  "there is no line end; everything sent for one press was taken for one report."));
     if (m_split.evidence == ReportSplit::Evidence::Repetition)
         doubt(Doubt::About::Template,
-              QStringLiteral("no line end; the text repeats itself after this many characters."));
+              QStringLiteral("there is no line end; the bytes repeat after this many characters."));
     if (m_split.mostReportsInPress > 1)
         doubt(Doubt::About::Template,
-              QStringLiteral("up to %1 reports came with one press, and the first was taken. The "
-                             "driver reads a report only while no other waits behind it: set the "
-                             "tablet to one report a press.")
+              QStringLiteral("up to %1 reports came with one press; the first was used. Set the "
+                             "tablet to one report per press: without checked reading, the driver "
+                             "does not read reports that arrive together.")
                   .arg(m_split.mostReportsInPress));
 }
 
@@ -125,17 +125,16 @@ void Proposal::findResolution()
 {
     if (!m_facts.distance) {
         doubt(Doubt::About::Resolution,
-              QStringLiteral("no distance was measured, and %1 stands here for a number that is "
-                             "not known. Lengths come out wrong by a constant factor until it is "
-                             "right.")
+              QStringLiteral("no distance was given, so %1 is only a placeholder. Until it is "
+                             "corrected, all lengths are wrong by the same factor.")
                   .arg(placeholderLines));
         return;
     }
     const auto estimate = estimateResolution(std::abs(m_layout.xCounts), *m_facts.distance);
     if (estimate.lines == 0) {
         doubt(Doubt::About::Resolution,
-              QStringLiteral("%1 counts in %2 cm fit no resolution that a description can state; "
-                             "%3 stands here for it.")
+              QStringLiteral("no resolution in a description gives %1 counts in %2 cm, so %3 is "
+                             "only a placeholder.")
                   .arg(m_layout.xCounts)
                   .arg(*m_facts.distance)
                   .arg(placeholderLines));
@@ -147,11 +146,11 @@ void Proposal::findResolution()
                        .arg(m_layout.xCounts)
                        .arg(*m_facts.distance)
                        .arg(estimate.measuredLines, 0, 'f', 1);
-    text += estimate.isUsual ? QStringLiteral("%1 is the nearest that tablets have.")
+    text += estimate.isUsual ? QStringLiteral("%1 is the nearest usual resolution.")
                                    .arg(resolutionText(m_lines, m_unit))
-                             : QStringLiteral("no tablet is known with such a resolution.");
+                             : QStringLiteral("no known tablet has that resolution.");
     if (m_unit == LPI && m_lines * 10 % 254 == 0)
-        text += QStringLiteral(" %1 LPMM is as near: the two differ by 0.0125 %.")
+        text += QStringLiteral(" %1 LPMM is just as near: the two differ by 0.0125 %.")
                     .arg(m_lines * 10 / 254);
     doubt(Doubt::About::Resolution, text);
     doubtEvenAxes();
@@ -164,12 +163,12 @@ void Proposal::doubtEvenAxes()
     if (std::abs(x - y) > unevenAxes * x)
         doubt(Doubt::About::Resolution,
               QStringLiteral("the same distance was %1 counts along x and %2 along y. A "
-                             "description has one resolution for both: measure again.")
+                             "description has one resolution for both, so measure again.")
                   .arg(x)
                   .arg(y));
 }
 
-// Equal codes would hide the later button; a table of fewer than four would count from 0.
+// Equal codes would hide the later button, and a table of fewer than four would be numbered from 0.
 void Proposal::completeCodes()
 {
     const int pressed = m_layout.codes.size();
@@ -184,8 +183,8 @@ void Proposal::completeCodes()
     }
     if (!unknown.isEmpty())
         doubt(Doubt::About::Buttons,
-              QStringLiteral("the code of button %1 is not known; a character that no other "
-                             "button sends stands in its place.")
+              QStringLiteral("the codes of these buttons are not known: %1. In their place are "
+                             "characters that no button sends.")
                   .arg(unknown.join(QStringLiteral(", "))));
     if (pressed > fewButtons && pressed < PressProtocol::maximumButtons)
         doubt(Doubt::About::Buttons,
@@ -193,8 +192,8 @@ void Proposal::completeCodes()
                   .arg(pressed));
     if (pressed > fewButtons)
         doubt(Doubt::About::Buttons,
-              QStringLiteral("with more than four buttons the first one has the number 0, which "
-                             "is also that of an unknown code."));
+              QStringLiteral("with more than four buttons, the first one has the number 0, which "
+                             "is also the number of an unknown code."));
 }
 
 QString Proposal::comments(Doubt::About about) const
@@ -209,15 +208,16 @@ QString Proposal::comments(Doubt::About about) const
 
 QString Proposal::headText() const
 {
-    return QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                          "<!--\n"
-                          "Proposed by \"digitizer describe\" from %1 presses of %2 buttons.\n"
-                          "\n"
-                          "Example report: %3\n"
-                          "\n"
-                          "What is not sure is marked above the element that it is about.\n"
-                          "-->\n"
-                          "<digitizer name=\"%4\" support=\"untested\">\n")
+    return QStringLiteral(
+               "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+               "<!--\n"
+               "Proposed by \"digitizer describe\" from %1 presses of %2 buttons.\n"
+               "\n"
+               "Example report: %3\n"
+               "\n"
+               "Comments marked \"Not sure\" say what to check in the element below them.\n"
+               "-->\n"
+               "<digitizer name=\"%4\" support=\"untested\">\n")
         .arg(m_split.reports.size())
         .arg(m_layout.codes.size())
         .arg(commentText(printable(m_split.reports.first())), m_facts.name.toHtmlEscaped());

@@ -12,18 +12,17 @@
 
 namespace ReferenceHost {
 
-/// What a tablet's bytes do not show and its user has to say.
+/// What the user has to say about a tablet, because its bytes do not show it.
 struct TabletFacts
 {
     QString name;                   ///< the driver name
-    PortSettings line;              ///< the settings with which the bytes were read
-    bool isLineKnown = true;        ///< otherwise the settings are only the usual ones
+    PortSettings line;              ///< the serial settings with which the bytes were read
+    bool isLineKnown = true;        ///< otherwise \a line holds the usual settings
     std::optional<double> distance; ///< from the first press to the second, in centimetres
 };
 
-/// Returns a description file for the tablet. It is complete and well-formed; all that is not sure
-/// stands in it as a comment "Not sure: ..." above the element that it is about. Neither \a split
-/// nor \a layout has an error.
+/// Returns a description file for the tablet. It is complete and well-formed; comments "Not sure:
+/// ..." above an element say what to check. Neither \a split nor \a layout may have an error.
 QString proposeDescription(const ReportSplit& split, const FoundLayout& layout,
                            const TabletFacts& facts);
 

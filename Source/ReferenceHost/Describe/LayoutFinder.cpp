@@ -22,7 +22,7 @@ constexpr int maximumCodeCharacters = 3;
 // A coordinate moves at least this many times farther along its own axis than along the other.
 constexpr double clearMovement = 4.0;
 
-// What all reports hold at one position, one byte for each press.
+// The bytes of all reports at one position, one for each press.
 using Column = QByteArray;
 
 bool isDigit(char character)
@@ -45,7 +45,7 @@ bool isAlways(const Column& column, char character)
     return column.count(character) == column.size();
 }
 
-// Follows the button and nothing else: the same wherever button 1 is pressed.
+// Changes with the button and with nothing else: the same wherever button 1 is pressed.
 bool followsButton(const Column& column)
 {
     return isConstant(column.left(placeCount)) && !isConstant(column);
@@ -57,7 +57,7 @@ bool isSign(const Column& column)
            column.count('+') + column.count('-') + column.count(' ') == column.size();
 }
 
-// Positions of a number: digits, perhaps with a point among them, perhaps with a sign before.
+// Positions of a number: digits, possibly with a point among them or a sign in front.
 struct Number
 {
     int start = 0;
@@ -71,7 +71,7 @@ struct Number
     }
 };
 
-// A button code at an end of a number, with nothing between.
+// A button code at an end of a number, without a separator.
 struct PackedButton
 {
     int codes; // that differ
@@ -145,8 +145,8 @@ FoundLayout LayoutSearch::result()
     findNumbers();
     findButtons();
     if (m_buttonPositions.isEmpty()) {
-        fail(QStringLiteral("No character tells the buttons apart: every button was expected to "
-                            "send a code of its own."));
+        fail(QStringLiteral(
+            "no character tells the buttons apart; each button must send a different code"));
         return m_layout;
     }
     if (!findAxes() || !isExpressible())
@@ -164,7 +164,7 @@ bool LayoutSearch::fail(const QString& error)
     return false;
 }
 
-// What a template cannot express, as far as one position shows it.
+// Fails for what a template cannot express, as far as a single position shows it.
 bool LayoutSearch::isTextOfDigits()
 {
     for (int position = 0; position < m_columns.size(); ++position) {
@@ -174,14 +174,15 @@ bool LayoutSearch::isTextOfDigits()
         const bool isText = std::all_of(column.begin(), column.end(),
                                         [](char byte) { return byte >= ' ' && byte <= '~'; });
         if (!isText)
-            return fail(QStringLiteral("Position %1 changes and is not text: the report is binary, "
-                                       "or the line settings are wrong.")
+            return fail(QStringLiteral("position %1 changes and is not text; the report is binary, "
+                                       "or the serial settings are wrong")
                             .arg(position));
         const bool hasDigits = std::any_of(column.begin(), column.end(), isDigit);
         if (hasDigits && column.contains(' ') && !followsButton(column))
-            return fail(QStringLiteral("Position %1 holds a digit or a blank: a template cannot "
-                                       "express numbers that are filled up with blanks.")
-                            .arg(position));
+            return fail(
+                QStringLiteral("position %1 holds a digit in some reports and a blank in others; a "
+                               "template cannot express numbers padded with blanks")
+                    .arg(position));
     }
     return true;
 }
@@ -199,8 +200,7 @@ bool LayoutSearch::moves(const Number& number) const
                        [](const Column& column) { return !isConstant(column.left(placeCount)); });
 }
 
-// The number in a range of digits and points, with its sign; points at its ends do not belong to
-// it.
+// The number in a range of digits and points, with its sign. Points at the ends are not part of it.
 Number LayoutSearch::numberAt(int start, int end) const
 {
     while (start < end && !isDigits(m_columns.at(start)))
@@ -219,7 +219,7 @@ Number LayoutSearch::numberAt(int start, int end) const
     return number;
 }
 
-// Runs of digits that change with the place.
+// Finds the runs of digits that change with the place.
 void LayoutSearch::findNumbers()
 {
     int position = 0;
@@ -242,7 +242,8 @@ bool LayoutSearch::isInNumber(int position) const
                        [=](const Number& number) { return number.contains(position); });
 }
 
-// Positions outside the numbers that follow the button; without any, those at an end of a number.
+// Finds the positions outside the numbers that change with the button. If there are none, the
+// button may be at an end of a number.
 void LayoutSearch::findButtons()
 {
     for (int position = 0; position < m_columns.size(); ++position) {
@@ -287,9 +288,9 @@ QVector<PackedButton> LayoutSearch::packedButtons() const
     return found;
 }
 
-// The button at an end of a number, from which it is then taken. Of the ends, the one that tells
-// most buttons apart with the fewest characters, and the last of these: a digit may follow the
-// button by chance.
+// Takes the button from an end of a number. Of the possible ends, this is the one that tells most
+// buttons apart with the fewest characters, and the last of these: a digit may follow the button by
+// chance.
 void LayoutSearch::findPackedButton()
 {
     const QVector<PackedButton> found = packedButtons();
@@ -334,22 +335,22 @@ bool LayoutSearch::findAxes()
             y = number;
         else
             doubt(Doubt::About::Template,
-                  QStringLiteral("Positions %1 to %2 change too; they follow neither x nor y and "
+                  QStringLiteral("positions %1 to %2 also change, but follow neither x nor y; they "
                                  "are marked as unused.")
                       .arg(number.start)
                       .arg(number.end - 1));
     }
     if (!x || !y)
-        return fail(QStringLiteral("No number follows %1: was each point pressed as asked, with "
-                                   "the tablet in an absolute mode?")
+        return fail(QStringLiteral("no number follows %1; press each point as asked, with the "
+                                   "tablet in an absolute mode")
                         .arg(x ? QStringLiteral("y") : QStringLiteral("x")));
     m_x = *x;
     m_y = *y;
     return true;
 }
 
-// x and y without anything between them: of the ways to part the digits that agree with the
-// movements, the one nearest to the middle.
+// For x and y without a separator: of the ways to split the digits that agree with the movements,
+// the one nearest to the middle.
 bool LayoutSearch::findPackedAxes()
 {
     const Number whole = m_numbers.first();
@@ -370,23 +371,23 @@ bool LayoutSearch::findPackedAxes()
         }
     }
     if (best == 0)
-        return fail(QStringLiteral("The digits cannot be parted into an x that grows to the right "
-                                   "and a y that grows upwards."));
+        return fail(QStringLiteral("the digits cannot be split into an x that grows to the right "
+                                   "and a y that grows upwards"));
     doubt(Doubt::About::Template,
-          QStringLiteral("Nothing stands between x and y; the digits were parted at position %1.")
+          QStringLiteral("nothing separates x and y; the digits were split at position %1.")
               .arg(best));
     return true;
 }
 
-// The driver gives the first point of a report to x.
+// The driver assigns the first point of a report to x.
 bool LayoutSearch::isExpressible()
 {
     if (m_y.point >= 0 && (m_x.point < 0 || m_y.start < m_x.start))
-        return fail(QStringLiteral("A template cannot express a decimal point of y unless x has "
-                                   "one too and stands before it."));
+        return fail(QStringLiteral(
+            "a template cannot express a decimal point in y unless x has one too and comes first"));
     if (m_x.point >= 0 && m_y.start < m_x.start)
-        return fail(QStringLiteral("A template cannot express a decimal point of x unless x stands "
-                                   "before y."));
+        return fail(QStringLiteral(
+            "a template cannot express a decimal point in x unless x comes before y"));
     return true;
 }
 
@@ -397,16 +398,16 @@ void LayoutSearch::assignNumber(const Number& number, char role)
         m_layout.roles[number.point] = '.';
 }
 
-// The driver gives the first sign of a report to x.
+// The driver assigns the first sign of a report to x.
 void LayoutSearch::assignSigns()
 {
     if (m_x.sign < 0 && m_y.sign < 0)
         return;
     if (m_x.sign < 0 || (m_y.sign >= 0 && m_y.sign < m_x.sign)) {
         doubt(Doubt::About::Template,
-              QStringLiteral("A template cannot express a sign of y unless x has one and stands "
-                             "before it: the signs are marked as unused, and negative coordinates "
-                             "come out positive. Keep the origin at the lower left."));
+              QStringLiteral("a template cannot express a sign of y unless x has one too and comes "
+                             "first. The signs are marked as unused, so negative coordinates "
+                             "become positive. Keep the origin at the lower left."));
         return;
     }
     m_layout.roles[m_x.sign] = 'S';
@@ -415,7 +416,7 @@ void LayoutSearch::assignSigns()
     for (const int position : {m_x.sign, m_y.sign}) {
         if (position >= 0 && !m_columns.at(position).contains('-'))
             doubt(Doubt::About::Template,
-                  QStringLiteral("Position %1 was never a minus; it is taken for a sign.")
+                  QStringLiteral("position %1 was never a minus, but is taken for a sign.")
                       .arg(position));
     }
 }
@@ -435,8 +436,8 @@ void LayoutSearch::assignRoles()
     if (m_buttonPositions.size() > maximumCodeCharacters) {
         m_buttonPositions.resize(maximumCodeCharacters);
         doubt(Doubt::About::Buttons,
-              QStringLiteral("More than three characters follow the button; the first three are "
-                             "taken."));
+              QStringLiteral(
+                  "more than three characters change with the button; the first three are used."));
     }
     for (const int position : qAsConst(m_buttonPositions))
         m_layout.roles[position] = 'B';
@@ -451,8 +452,8 @@ void LayoutSearch::readCodes()
         const int same = m_layout.codes.indexOf(code);
         if (same >= 0)
             doubt(Doubt::About::Buttons,
-                  QStringLiteral("Buttons %1 and %2 send the same code: press them again, one by "
-                                 "one.")
+                  QStringLiteral(
+                      "buttons %1 and %2 send the same code; press them again, one at a time.")
                       .arg(same + 1)
                       .arg(buttonOf(press)));
         m_layout.codes.append(code);
@@ -465,8 +466,8 @@ void LayoutSearch::noteDirections()
     m_layout.yCounts = movement(m_y, Above);
     if (m_layout.xCounts < 0 || m_layout.yCounts < 0)
         doubt(Doubt::About::Template,
-              QStringLiteral("%1 falls where it should grow; a template cannot turn an axis. Turn "
-                             "the tablet or change its origin.")
+              QStringLiteral("%1 decreases where it should increase, and a template cannot reverse "
+                             "an axis. Turn the tablet or change its origin.")
                   .arg(m_layout.xCounts < 0 ? QStringLiteral("x") : QStringLiteral("y")));
 }
 
@@ -477,16 +478,16 @@ void LayoutSearch::noteUnusedDigits()
         const char role = m_layout.roles.at(position);
         if (role == 'U' && isDigits(column) && isConstant(column))
             doubt(Doubt::About::Template,
-                  QStringLiteral("Position %1 was %2 in every report and is marked as unused.")
+                  QStringLiteral("position %1 was %2 in every report and is marked as unused.")
                       .arg(position)
                       .arg(QLatin1Char(column.at(0))));
         if ((role == 'X' || role == 'Y') && isConstant(column))
-            doubt(Doubt::About::Template,
-                  QStringLiteral("Position %1 was %2 in every report; it is taken for a digit of "
-                                 "%3.")
-                      .arg(position)
-                      .arg(QLatin1Char(column.at(0)))
-                      .arg(QLatin1Char(role == 'X' ? 'x' : 'y')));
+            doubt(
+                Doubt::About::Template,
+                QStringLiteral("position %1 was %2 in every report; it is taken for a digit of %3.")
+                    .arg(position)
+                    .arg(QLatin1Char(column.at(0)))
+                    .arg(QLatin1Char(role == 'X' ? 'x' : 'y')));
     }
 }
 

@@ -8,7 +8,7 @@
 
 namespace ReferenceHost {
 
-/// Something that a layout leaves open, and the part of the description it is about.
+/// An open question about a layout, and the part of the description that it concerns.
 struct Doubt
 {
     enum class About { Line, Resolution, Template, Buttons };
@@ -20,15 +20,15 @@ struct Doubt
 struct FoundLayout
 {
     QByteArray roles;          ///< a template of a description, one character for each position
-    QVector<QByteArray> codes; ///< the code of each button that was pressed, in their order
+    QVector<QByteArray> codes; ///< the code of each button that was pressed, in that order
     double xCounts = 0;        ///< from the first press to the one at its right
     double yCounts = 0;        ///< from the first press to the one above it
     QVector<Doubt> doubts;
-    QString error; ///< why no template can be given; empty when there is one
+    QString error; ///< why there is no template; otherwise empty
 };
 
-/// Finds the layout. \a reports are of one length, one for each press of the protocol in its order,
-/// for at least two buttons.
+/// Finds the layout. \a reports have the same length, one for each press of the protocol in its
+/// order, with at least two buttons.
 FoundLayout findLayout(const QVector<QByteArray>& reports);
 
 } // namespace ReferenceHost

@@ -49,8 +49,8 @@ QString problemOf(const QVector<QByteArray>& presses)
 {
     if (presses.size() >= minimumPresses && presses.size() <= maximumPresses)
         return {};
-    return QStringLiteral("there are %1 presses, parted by pauses of %2 milliseconds; button 1 at "
-                          "four points and each further button once make %3 to %4")
+    return QStringLiteral("found %1 presses with pauses of %2 milliseconds between them; expected "
+                          "%3 to %4: button 1 at four points, then every other button once")
         .arg(presses.size())
         .arg(pauseMilliseconds)
         .arg(minimumPresses)

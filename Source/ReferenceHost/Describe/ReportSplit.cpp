@@ -9,7 +9,7 @@ namespace ReferenceHost {
 
 namespace {
 
-// No report is shorter: a digit of x, one of y and a button, with something around them.
+// No report is shorter: a digit of x, one of y and a button, with separators.
 constexpr int shortestReport = 5;
 
 bool isLineEnd(char character)
@@ -25,7 +25,7 @@ QByteArray lineEndOf(const QByteArray& bytes)
     return bytes.mid(start);
 }
 
-// Each with its line end; what follows the last line end comes last.
+// Each with its line end. Anything after the last line end comes last.
 QVector<QByteArray> linesOf(const QByteArray& bytes, const QByteArray& lineEnd)
 {
     QVector<QByteArray> lines;
@@ -81,8 +81,8 @@ int repetitionOf(const QVector<QByteArray>& presses)
 
 QString lengthsText(const QVector<int>& lengths)
 {
-    return QStringLiteral("The reports have between %1 and %2 characters; a template needs reports "
-                          "of one length.")
+    return QStringLiteral(
+               "the reports have %1 to %2 characters, but a template needs reports of fixed length")
         .arg(*std::min_element(lengths.begin(), lengths.end()))
         .arg(*std::max_element(lengths.begin(), lengths.end()));
 }
@@ -100,9 +100,8 @@ void checkLengths(ReportSplit& split, const QVector<QVector<QByteArray>>& parts)
     if (std::any_of(lengths.begin(), lengths.end(), [first](int other) { return other != first; }))
         split.error = lengthsText(lengths);
     else if (first < shortestReport)
-        split.error =
-            QStringLiteral("A report of %1 characters is too short for x, y and a button.")
-                .arg(first);
+        split.error = QStringLiteral("a report of %1 characters is too short for x, y and a button")
+                          .arg(first);
 }
 
 } // namespace

@@ -8,23 +8,23 @@
 
 namespace ReferenceHost {
 
-/// The reports in what an unknown tablet sent for a row of presses.
+/// The reports that an unknown tablet sent for a series of presses.
 struct ReportSplit
 {
     /// What shows where a report ends.
     enum class Evidence {
         LineEnd,    ///< the carriage return or line feed at its end
-        Repetition, ///< the text repeats itself after as many characters
-        WholePress, ///< nothing but the pause: what came with one press is one report
+        Repetition, ///< the bytes repeat after a report's length
+        WholePress, ///< only the pause: everything sent for one press is one report
     };
 
-    QVector<QByteArray> reports; ///< the first report of each press, all of one length
+    QVector<QByteArray> reports; ///< the first report of each press, all of the same length
     Evidence evidence = Evidence::LineEnd;
     int mostReportsInPress = 1;
-    QString error; ///< why there is no common length; empty when there is one
+    QString error; ///< why there is no common length; otherwise empty
 };
 
-/// Finds the length of a report. \a presses are the bytes of each press; none of them is empty.
+/// Finds the length of a report. \a presses are the bytes of each press, none of them empty.
 ReportSplit splitReports(const QVector<QByteArray>& presses);
 
 } // namespace ReferenceHost

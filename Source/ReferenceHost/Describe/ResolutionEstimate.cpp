@@ -16,8 +16,8 @@ namespace {
 constexpr double centimetresPerInch = 2.5396825396825; // the driver's inch
 constexpr double tolerance = 0.005;
 
-// Resolutions closer than this cannot be told apart by hand: 2540 lines per inch and 100 per
-// millimetre are 0.0125 % apart. The one that is listed first is taken.
+// Measuring by hand cannot tell resolutions apart that are closer than this: 2540 lines per inch
+// and 100 per millimetre differ by 0.0125 %. The one listed first is taken.
 constexpr double indistinguishable = 0.0005;
 
 struct Resolution
@@ -39,7 +39,7 @@ constexpr Resolution usual[] = {
 
 ResolutionEstimate nearestWhole(double linesPerInch)
 {
-    // 40 lines per inch is a special case of the driver, which counts them as per millimetre.
+    // 40 lines per inch is a special case of the driver, which takes it as 40 lines per millimetre.
     const double whole = std::round(linesPerInch);
     if (whole < 1 || whole > std::numeric_limits<short>::max() || whole == 40)
         return {};

@@ -8,20 +8,20 @@
 
 namespace ReferenceHost {
 
-/// The resolution that a measured distance leads to.
+/// The resolution that follows from a measured distance.
 struct ResolutionEstimate
 {
-    int lines = 0; ///< 0 when no resolution of a description fits
+    int lines = 0; ///< 0 if no resolution in a description fits
     MavSystem::ResolutionUnit unit = MavSystem::LPI;
-    bool isUsual = false;     ///< one that tablets have; otherwise the nearest whole number
-    double measuredLines = 0; ///< what the distance gave, in lines per inch
+    bool isUsual = false; ///< a resolution that tablets have; otherwise the nearest whole number
+    double measuredLines = 0; ///< the measured value, in lines per inch
 };
 
-/// Returns the resolution with which \a counts of the tablet are \a centimetres for the driver.
-/// One that tablets have is preferred when the distance agrees with it within half a per cent.
+/// Returns the resolution with which the driver turns \a counts into \a centimetres. A resolution
+/// that tablets have is preferred if it agrees with the distance within half a per cent.
 ResolutionEstimate estimateResolution(double counts, double centimetres);
 
-/// Returns "1000 LPI" or the like.
+/// Returns a text such as "1000 LPI".
 QString resolutionText(int lines, MavSystem::ResolutionUnit unit);
 
 } // namespace ReferenceHost

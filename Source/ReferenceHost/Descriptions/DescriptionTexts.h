@@ -9,19 +9,18 @@
 
 namespace ReferenceHost {
 
-/// The values of a device description in the words of its file.
+/// The values of a device description as its file writes them.
 
-/// Returns speed, data bits, parity, stop bits and flow control, each as its attribute has it.
+/// Returns baud rate, data bits, parity, stop bits and flow control, each as its attribute has it.
 QStringList lineSettingTexts(const PortSettings& settings);
 
-/// Returns speed, data bits, parity, stop bits, and flow control unless there is none:
-/// "9600 7 Even 1".
+/// Returns the same as one text, without flow control if it is off: "9600 7 Even 1".
 QString lineSettingsText(const PortSettings& settings);
 
 /// Returns the report template: "XXXXUYYYYUBC".
 QString layoutText(const MavSystem::DigitizerArgument& description);
 
-/// Returns the characters of a button code that count: "01".
+/// Returns the characters of a button code that are compared: "01".
 QString buttonCodeText(const MavSystem::DigitizerArgument& description,
                        const MavSystem::ButtonValue& button);
 

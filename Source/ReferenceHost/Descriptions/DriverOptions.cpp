@@ -20,7 +20,7 @@ const QString descriptionOption = QStringLiteral("description");
 DescribedDriver driverOf(const DescriptionFolder::Result& read)
 {
     if (!read.problem.isEmpty())
-        throw CommandError(QStringLiteral("%1 ('digitizer lint' says more)").arg(read.problem));
+        throw CommandError(QStringLiteral("%1 ('digitizer lint' shows where)").arg(read.problem));
     return read.driver;
 }
 
@@ -30,14 +30,14 @@ namespace DriverOptions {
 
 QCommandLineOption driver()
 {
-    return {driverOption, QStringLiteral("The driver to use; 'digitizer drivers' lists them."),
+    return {driverOption, QStringLiteral("Use driver NAME; 'digitizer drivers' lists the names."),
             QStringLiteral("NAME")};
 }
 
 QCommandLineOption description()
 {
     return {descriptionOption,
-            QStringLiteral("The description file to use instead of an installed driver."),
+            QStringLiteral("Use description FILE instead of an installed driver."),
             QStringLiteral("FILE")};
 }
 
@@ -52,7 +52,7 @@ DescribedDriver chosen(const QCommandLineParser& parser)
         return requiredDriver(requiredValue(parser, driverOption,
                                             QStringLiteral("'digitizer drivers' lists the names")));
     if (parser.isSet(driverOption))
-        throw CommandError(QStringLiteral("--description and --driver exclude each other"),
+        throw CommandError(QStringLiteral("--description and --driver cannot be combined"),
                            ExitUsage);
     return driverOf(StandardHost::useOnly(parser.value(descriptionOption)));
 }
@@ -67,18 +67,17 @@ DescribedDriver requiredDriver(const QString& name)
     QStringList names;
     for (const DescribedDriver& installed : DescriptionFolder::drivers())
         names << QStringLiteral("\"%1\"").arg(installed.name);
-    throw CommandError(QStringLiteral("no installed description has the name \"%1\"%2 "
-                                      "('digitizer drivers' lists them)")
-                           .arg(name, suggestion(name, names)));
+    throw CommandError(
+        QStringLiteral("no driver has the name \"%1\"%2 ('digitizer drivers' lists the names)")
+            .arg(name, suggestion(name, names)));
 }
 
 DescribedDriver requireReports(const DescribedDriver& driver)
 {
     if (!driver.takesReports())
         throw CommandError(
-            QStringLiteral(
-                "the description %1 has no usable report template: it is a pen's, or broken "
-                "('digitizer lint %1' says why)")
+            QStringLiteral("the description %1 has no usable report template: it is for a pen, or "
+                           "it is broken ('digitizer lint %1' says why)")
                 .arg(driver.file));
     return driver;
 }

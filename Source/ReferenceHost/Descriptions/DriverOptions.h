@@ -10,7 +10,7 @@
 
 namespace ReferenceHost {
 
-/// The options --driver NAME and --description FILE: which tablet a command is for.
+/// The options --driver NAME and --description FILE, which choose the tablet of a command.
 namespace DriverOptions {
 
 QCommandLineOption driver();
@@ -19,21 +19,20 @@ QCommandLineOption description();
 /// Returns whether one of them is given.
 bool areGiven(const QCommandLineParser& parser);
 
-/// Returns the driver that the options name, after which the driver library finds it by its name: a
-/// description given by its file is the only one of this process from then on. Throws a
-/// CommandError when there is none of them or both, or the file cannot be used.
+/// Returns the driver that the options name. From then on the driver library finds it by its name:
+/// a description given by its file becomes the only one in this process. Throws a CommandError if
+/// neither or both options are given, or if the file cannot be used.
 MavSystem::DescribedDriver chosen(const QCommandLineParser& parser);
 
 } // namespace DriverOptions
 
-/// Returns the installed driver named \a name, or throws a CommandError that tells the nearest
-/// names.
+/// Returns the installed driver named \a name, or throws a CommandError with the nearest names.
 MavSystem::DescribedDriver requiredDriver(const QString& name);
 
-/// Returns \a driver, or throws a CommandError when the library takes no reports by it.
+/// Returns \a driver, or throws a CommandError if the library cannot read reports with it.
 MavSystem::DescribedDriver requireReports(const MavSystem::DescribedDriver& driver);
 
-/// Returns the driver in the description \a path, installed or not; throws a CommandError when it
+/// Returns the driver in the description \a path, installed or not, or throws a CommandError if it
 /// cannot be used.
 MavSystem::DescribedDriver driverFromFile(const QString& path);
 

@@ -36,7 +36,7 @@ namespace LineSettings {
 const QVector<Setting>& settings()
 {
     static const QVector<Setting> all = {
-        {QStringLiteral("baudrate"), QStringLiteral("bits a second"),
+        {QStringLiteral("baudrate"), QStringLiteral("baud rate"),
          textsOf(BaudrateMap(), QStringLiteral("9600")),
          [](PortSettings& line, const QString& text) { line.BaudRate = BaudrateMap().at(text); }},
         {QStringLiteral("databit"), QStringLiteral("data bits"),

@@ -10,10 +10,10 @@
 
 namespace ReferenceHost {
 
-/// The settings of a line in the words of a description file.
+/// Serial settings as a description file writes them.
 namespace LineSettings {
 
-/// One setting: its attribute, the texts it takes with the usual one first, and what it sets.
+/// One setting: its attribute, the accepted values with the usual one first, and how to apply one.
 struct Setting
 {
     QString name;
@@ -25,11 +25,11 @@ struct Setting
 /// Returns the five settings in the order of lineSettingsText().
 const QVector<Setting>& settings();
 
-/// Returns the settings that texts such as "9600 7 Even 1 none" stand for; flow control may be left
-/// out. Returns nothing when a text is missing or not accepted.
+/// Returns the settings in a text such as "9600 7 Even 1 none"; flow control may be left out.
+/// Returns nothing if a value is missing or not accepted.
 std::optional<PortSettings> parse(const QString& text);
 
-/// Gives \a settings to \a port, which is to be opened after it.
+/// Applies \a settings to \a port. To be called before the port is opened.
 void apply(const PortSettings& settings, QextSerialPort& port);
 
 } // namespace LineSettings

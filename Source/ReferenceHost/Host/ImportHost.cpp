@@ -14,7 +14,7 @@ namespace ReferenceHost {
 
 namespace {
 
-// Returns the choice that was typed, or -1. What destroys is not taken from a slip of the finger.
+// Returns the choice that was typed, or -1. A mistyped letter must not delete anything.
 int typedChoice(const QString& typed, const QStringList& choices)
 {
     for (int index = 0; index < choices.size(); ++index) {
@@ -86,9 +86,9 @@ int ImportHost::confirmContinue(const QString& text, const QString& /*title*/, c
         printError(text);
         m_answered = askAtTerminal({first, second, third});
     } else {
-        printError(QStringLiteral("%1 There is no terminal to ask at and no --answer, so they are "
-                                  "left as they are.")
-                       .arg(text));
+        printError(
+            QStringLiteral("%1 There is no terminal and no --answer, so they are left alone.")
+                .arg(text));
         m_answered = Cancel;
     }
     return *m_answered;

@@ -8,12 +8,12 @@
 
 namespace ReferenceHost {
 
-/// The program's host while pen files are imported: it asks at the terminal where the library asks
-/// the user. All else it leaves to the host that was there before, which it brings back.
+/// The program's host while pen files are imported: it asks the library's questions at the
+/// terminal. Everything else goes to the previous host, which is restored at the end.
 class ImportHost : public MavSystem::MavApplication
 {
 public:
-    /// With \a answer, the index of a choice, the user is not asked.
+    /// With \a answer, the index of a choice, nobody is asked.
     explicit ImportHost(std::optional<int> answer);
     ~ImportHost() override;
 
@@ -23,13 +23,14 @@ public:
                         QWidget* parent) const override;
     void displayError(const QString& text, const QString& details, QWidget* parent) const override;
 
-    /// A choice is typed by its first letters; the second one, which deletes, in full. Without a
-    /// terminal, and at the end of the input, the third one is taken.
+    /// The first letters of a choice are enough, except for the second one, which deletes and must
+    /// be typed in full. Without a terminal, and at the end of the input, the third choice is
+    /// taken.
     int confirmContinue(const QString& text, const QString& title, const QString& first,
                         const QString& second, const QString& third,
                         QWidget* parent) const override;
 
-    /// Returns the answer that was given, or nothing when the library has not asked.
+    /// Returns the answer that was given, or nothing if the library has not asked.
     std::optional<int> answered() const { return m_answered; }
 
     enum Answer {

@@ -34,13 +34,13 @@ QString reasonToStay(const QFileInfo& file)
     const QFileInfo target(file.path() + QLatin1Char('/') + file.completeBaseName() +
                            QStringLiteral(".txt"));
     if (target.exists() || target.isSymLink())
-        return QStringLiteral("its points are imported, but %1 is there already; the next import "
+        return QStringLiteral("its points were imported, but %1 already exists; the next import "
                               "delivers them again")
             .arg(target.fileName());
     if (!QFileInfo(file.path()).isWritable())
-        return QStringLiteral("its points are imported, but files in the folder cannot be renamed; "
-                              "the next import delivers them again");
-    return QStringLiteral("it arrived during the import, or was not complete");
+        return QStringLiteral("its points were imported, but the directory is not writable; the "
+                              "next import delivers them again");
+    return QStringLiteral("it arrived during the import or was not complete");
 }
 
 } // namespace

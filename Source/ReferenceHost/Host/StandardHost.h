@@ -7,8 +7,8 @@
 
 namespace ReferenceHost {
 
-/// What the programs of this project are to the driver library: where descriptions are, and how
-/// messages are shown.
+/// The host that the programs of this project are to the driver library. It says where the
+/// descriptions are and shows messages.
 ///
 /// Settings and data are the project's own, never those of another program:
 ///   settings           ~/.config/DigitizerGeneric/PROGRAM.conf
@@ -19,22 +19,22 @@ namespace ReferenceHost {
 class StandardHost : public MavSystem::MavApplication
 {
 public:
-    /// Names the application \a programName, makes this object the MavApplication, and brings the
-    /// installed descriptions up to date. To be made once, after the QCoreApplication.
+    /// Names the application \a programName, makes this object the MavApplication, and updates the
+    /// installed descriptions. To be created once, after the QCoreApplication.
     explicit StandardHost(const QString& programName);
 
-    /// Makes the description \a file the only one of this process, in a data folder of its own that
-    /// goes with the process. Returns its driver, or why it stays as it was.
+    /// Makes the description \a file the only one of this process, in a temporary data folder.
+    /// Returns its driver, or why it cannot be used.
     static MavSystem::DescriptionFolder::Result useOnly(const QString& file);
 
     QDir appDataLocation() const override;
 
-    /// Each is one line on the standard error stream.
+    /// Both print one line on standard error.
     void displayWarning(const QString& text, const QString& details,
                         QWidget* parent) const override;
     void displayError(const QString& text, const QString& details, QWidget* parent) const override;
 
-    /// Says what was asked and answers with the third choice, the harmless one.
+    /// Prints the question and answers with the third choice, the harmless one.
     int confirmContinue(const QString& text, const QString& title, const QString& first,
                         const QString& second, const QString& third,
                         QWidget* parent) const override;

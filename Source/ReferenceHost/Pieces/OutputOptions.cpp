@@ -14,8 +14,8 @@ namespace ReferenceHost {
 QCommandLineOption formatOption()
 {
     return {QStringLiteral("format"),
-            QStringLiteral("text (default), csv, or json with one object a line. Numbers are exact "
-                           "in csv and json, and rounded to 4 decimals in text."),
+            QStringLiteral("Print text (default), csv, or json with one object per line. Numbers "
+                           "are exact in csv and json, and rounded to 4 decimal places in text."),
             QStringLiteral("FORMAT")};
 }
 
@@ -28,10 +28,11 @@ ReportWriter::Format formatValue(const QCommandLineParser& parser)
 
 QCommandLineOption pictureOption()
 {
-    return {QStringLiteral("picture"),
-            QStringLiteral("Draws the pieces at the end, as SVG at true size or as PNG, by the "
-                           "extension. A piece without its end is drawn dashed."),
-            QStringLiteral("FILE")};
+    return {
+        QStringLiteral("picture"),
+        QStringLiteral("Draw the pieces when the command ends: as SVG at true size or as PNG, "
+                       "depending on the extension of FILE. A piece that was not ended is dashed."),
+        QStringLiteral("FILE")};
 }
 
 QString writablePicture(const QCommandLineParser& parser)
@@ -44,8 +45,7 @@ QString writablePicture(const QCommandLineParser& parser)
             QStringLiteral("--picture is '%1', but must end in .svg or .png").arg(path), ExitUsage);
     const QFileInfo folder(QFileInfo(path).absolutePath());
     if (!folder.isDir() || !folder.isWritable())
-        throw CommandError(
-            QStringLiteral("cannot write into the folder %1").arg(folder.filePath()));
+        throw CommandError(QStringLiteral("cannot write to the folder %1").arg(folder.filePath()));
     return path;
 }
 
@@ -54,7 +54,7 @@ int savePicture(const QVector<Piece>& pieces, const QString& path)
     if (path.isEmpty())
         return ExitSuccess;
     const QString problem =
-        pieces.isEmpty() ? QStringLiteral("nothing was traced, so %1 is not written").arg(path)
+        pieces.isEmpty() ? QStringLiteral("nothing was traced, so %1 was not written").arg(path)
                          : PieceDrawing(pieces).save(path);
     if (problem.isEmpty())
         return ExitSuccess;

@@ -10,7 +10,7 @@
 
 namespace ReferenceHost {
 
-/// What becomes of points: the options that the commands that take points share.
+/// The output options of the commands that deliver points.
 
 /// The option --format.
 QCommandLineOption formatOption();
@@ -21,12 +21,12 @@ ReportWriter::Format formatValue(const QCommandLineParser& parser);
 /// The option --picture.
 QCommandLineOption pictureOption();
 
-/// Returns the path given, or an empty text. Throws a CommandError when nothing can be written
-/// there: found out before anything is traced, it costs nobody's work.
+/// Returns the path given, or an empty text. Throws a CommandError if nothing can be written there,
+/// so that the user knows before any work is done.
 QString writablePicture(const QCommandLineParser& parser);
 
-/// Draws \a pieces to \a path and returns the exit status; an empty path is no picture. Says what
-/// went wrong.
+/// Draws \a pieces to \a path and returns the exit status. Does nothing if the path is empty.
+/// Prints an error if it fails.
 int savePicture(const QVector<Piece>& pieces, const QString& path);
 
 } // namespace ReferenceHost

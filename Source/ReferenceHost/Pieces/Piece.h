@@ -20,7 +20,7 @@ struct Piece
 
     QVector<OutlinePoint> outline; ///< in the order traced
     QVector<QPointF> holes;
-    bool finished = false; ///< the outline is closed; otherwise tracing ended before it was
+    bool finished = false; ///< the outline is closed; otherwise tracing stopped too early
 
     bool isEmpty() const { return outline.isEmpty() && holes.isEmpty(); }
 };

@@ -75,7 +75,8 @@ QVector<Piece> sideBySide(const QVector<Piece>& pieces)
     return row;
 }
 
-// Painters measure text in pixels and downwards, so it is set outside of the centimetres.
+// Painters measure text in pixels, with y downwards, so it is drawn without the scaling to
+// centimetres.
 void drawText(QPainter& painter, const QPointF& centre, double height, const QString& text)
 {
     const QPointF pixel = painter.transform().map(centre);
@@ -187,7 +188,7 @@ QString PieceDrawing::save(const QString& path) const
 
 QString PieceDrawing::saveSvg(const QString& path) const
 {
-    // Enough to tell the finest tablets' points apart.
+    // Fine enough to tell the points of the finest tablets apart.
     constexpr double unitsPerCentimetre = 100.0;
     QBuffer picture;
     QSvgGenerator generator;

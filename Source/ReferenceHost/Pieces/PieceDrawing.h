@@ -15,8 +15,8 @@ namespace ReferenceHost {
 /// A drawing of traced pieces on white paper, with a scale bar: outlines, notches, punch holes,
 /// a mark on each corner and a number in each piece. Painting text needs a QGuiApplication.
 ///
-/// The pieces lie where they were traced, unless two of them overlap because each was traced on
-/// the same place of the table: then they lie side by side.
+/// The pieces are drawn where they were traced. If two of them overlap, because they were traced at
+/// the same place on the table, all are drawn side by side.
 class PieceDrawing
 {
 public:
@@ -28,7 +28,7 @@ public:
     /// Paints the drawing into the upper left corner of the painter's device.
     void paint(QPainter& painter, double pixelsPerCentimetre) const;
 
-    /// Writes the drawing to \a path, as SVG at its true size or as PNG, by the extension.
+    /// Writes the drawing to \a path, as SVG at true size or as PNG, depending on the extension.
     /// Returns an empty text, or what went wrong.
     QString save(const QString& path) const;
 
@@ -40,7 +40,7 @@ private:
     QString savePng(const QString& path) const;
     void paintScaleBar(QPainter& painter) const;
 
-    QVector<Piece> m_pieces; // moved to where they are drawn
+    QVector<Piece> m_pieces; // at the place where they are drawn
     QRectF m_area;           // y upwards, so its top is the drawing's lower edge
 };
 

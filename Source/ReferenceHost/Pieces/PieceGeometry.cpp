@@ -79,8 +79,8 @@ QVector<Run> runsOf(const Piece& piece)
     return splitAtCorners(points);
 }
 
-// The change of the curve with its length. Weighted by the distances to both neighbours, since
-// hands do not trace at even steps, and an unweighted mean would bulge where steps differ.
+// The direction of the curve. Weighted by the distances to both neighbours: people do not trace in
+// even steps, and an unweighted mean would bulge where the steps differ.
 QPointF slopeBetween(const QPointF& before, const QPointF& here, const QPointF& after)
 {
     const double in = lengthOf(here - before);

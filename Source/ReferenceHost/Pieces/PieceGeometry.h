@@ -10,18 +10,17 @@
 
 namespace ReferenceHost {
 
-/// How a person draws a traced piece. Lengths are centimetres.
+/// The geometry of a traced piece as a person would draw it. Lengths are in centimetres.
 
-/// Returns the outline: straight lines between corners, and where curve points lie between two
-/// corners a smooth curve through all points there. Closed when the piece is finished. A point
-/// traced twice in a row counts once.
+/// Returns the outline: a straight line between two corners, or a smooth curve if there are curve
+/// points between them. Closed if the piece is finished. A point traced twice in a row counts once.
 QPainterPath outlineOf(const Piece& piece);
 
 /// Returns the notches: lines of \a length from the outline into the piece, at right angles to it.
 QVector<QLineF> notchesOf(const Piece& piece, double length);
 
-/// Returns the place for a piece's label: the middle of the widest free room in its outline, or
-/// the middle of its points when it has no room inside.
+/// Returns the place for a piece's label: the centre of the largest free area in the outline, or
+/// the centre of its points if there is none.
 QPointF labelPlaceOf(const Piece& piece);
 
 } // namespace ReferenceHost

@@ -9,7 +9,7 @@ namespace ReferenceHost {
 
 void PieceRecorder::add(const QPointF& point, PointRole role)
 {
-    // What a description without a resolution makes of a report; the end of a piece needs no place.
+    // A description without a resolution yields such points. The end of a piece needs no place.
     if (role != PointRole::End && !(std::isfinite(point.x()) && std::isfinite(point.y())))
         return;
     switch (role) {
@@ -22,7 +22,7 @@ void PieceRecorder::add(const QPointF& point, PointRole role)
         m_current.holes.append(point);
         break;
     case PointRole::End:
-        // A second press at the end of a piece is no piece of its own.
+        // A second press at the end of a piece does not make another piece.
         if (!m_current.isEmpty()) {
             m_current.finished = true;
             m_finished.append(std::exchange(m_current, Piece()));

@@ -6,15 +6,15 @@
 
 namespace ReferenceHost {
 
-/// Puts points together to pieces.
+/// Collects points into pieces.
 class PieceRecorder
 {
 public:
-    /// Adds a point in centimetres. PointRole::End completes the piece; roles that are no part of
+    /// Adds a point in centimetres. PointRole::End completes the piece. Roles that do not belong to
     /// a piece, and points that are not finite, change nothing.
     void add(const QPointF& point, PointRole role);
 
-    /// Returns the pieces so far, the last of them unfinished when its end has not come.
+    /// Returns the pieces so far. The last one may be unfinished.
     QVector<Piece> pieces() const;
 
 private:

@@ -14,7 +14,7 @@ namespace ReferenceHost {
 
 namespace {
 
-// In the order of the enumerators; those before "other" can be given to a button.
+// In the order of the enumerators. A button can have those before "other".
 constexpr const char* names[] = {"corner", "curve", "hole",    "end",
                                  "notch",  "other", "closing", "rejected"};
 
@@ -29,7 +29,7 @@ PointRole parseRole(const QString& name, const QString& entry)
     for (int role = 0; role < int(PointRole::Other); ++role)
         accepted << roleName(PointRole(role));
     throw CommandError(
-        QStringLiteral("--buttons has '%1', but a button can be %2%3")
+        QStringLiteral("--buttons contains '%1', but a button must be one of %2%3")
             .arg(entry, accepted.join(QStringLiteral(", ")), suggestion(name, accepted)),
         ExitUsage);
 }
@@ -62,13 +62,12 @@ ButtonRoles parseButtonRoles(const QString& text)
         bool isNumber = false;
         const int button = entry.left(equals).toInt(&isNumber);
         if (equals < 0 || !isNumber || button < 0)
-            throw CommandError(
-                QStringLiteral("--buttons has '%1' where BUTTON=MEANING is expected, such as "
-                               "1=corner,2=curve")
-                    .arg(entry),
-                ExitUsage);
+            throw CommandError(QStringLiteral("--buttons contains '%1', but each entry must be "
+                                              "BUTTON=MEANING, such as 1=corner")
+                                   .arg(entry),
+                               ExitUsage);
         if (roles.contains(button))
-            throw CommandError(QStringLiteral("--buttons gives button %1 twice").arg(button),
+            throw CommandError(QStringLiteral("--buttons contains button %1 twice").arg(button),
                                ExitUsage);
         roles.insert(button, parseRole(entry.mid(equals + 1).trimmed(), entry));
     }

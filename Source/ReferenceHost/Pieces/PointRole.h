@@ -12,12 +12,12 @@ class DigitalReport;
 
 namespace ReferenceHost {
 
-/// What a report means to the hosts. The library knows button numbers only.
+/// What a report means to the hosts. The library knows only button numbers.
 enum class PointRole {
     Corner,   ///< the outline turns here
     Curve,    ///< the outline passes here smoothly
     Hole,     ///< a punch hole
-    End,      ///< the piece is complete; where it was pressed does not matter
+    End,      ///< the piece is complete; the point does not matter
     Notch,    ///< a point of the outline with a notch
     Other,    ///< a button without a meaning
     Closing,  ///< the library's last report: the device was closed
@@ -30,13 +30,13 @@ using ButtonRoles = QMap<int, PointRole>;
 /// Returns "corner", "curve", "hole", "end", "notch", "other", "closing" or "rejected".
 QString roleName(PointRole role);
 
-/// Returns the meaning of the buttons of \a driver: 1 corner, 2 curve, 3 hole, 4 end. A table with
-/// sixteen buttons has 5 for a notch too; the others, 0 among them, have none, since 0 is also what
-/// an unknown code arrives as. "Lectra E92" numbers its four buttons from 2 to 5.
+/// Returns the meaning of the buttons of \a driver: 1 corner, 2 curve, 3 hole, 4 end. With sixteen
+/// buttons, 5 is a notch. The others have no meaning, not even 0, which is also the number of an
+/// unknown code. "Lectra E92" numbers its four buttons from 2 to 5.
 ButtonRoles standardButtonRoles(const MavSystem::DescribedDriver& driver);
 
-/// Returns the map that \a text gives in the manner "1=corner,2=curve,3=hole,4=end,5=notch".
-/// Throws a CommandError with ExitUsage that names the wrong part.
+/// Returns the map in a text such as "1=corner,2=curve,3=hole,4=end,5=notch". Throws a CommandError
+/// with ExitUsage that names the wrong entry.
 ButtonRoles parseButtonRoles(const QString& text);
 
 /// Returns what \a report means.

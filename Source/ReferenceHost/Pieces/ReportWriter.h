@@ -9,7 +9,7 @@
 
 namespace ReferenceHost {
 
-/// A report on its way to the user.
+/// A report to be shown to the user.
 struct NumberedReport
 {
     int number;    ///< counted from 1
@@ -18,24 +18,24 @@ struct NumberedReport
     PointRole role;
 };
 
-/// Formats of reports as lines of text. Numbers know no locale. In CSV and JSON they are exact:
-/// they read back as the same double. Text has 4 decimal places of a centimetre, and none for
-/// reports that are not points.
+/// Formats reports as lines of text. Numbers do not depend on the locale. In CSV and JSON they are
+/// exact: reading them gives the same double. Text has 4 decimal places of a centimetre, and no
+/// numbers for reports that are not points.
 class ReportWriter
 {
 public:
     enum Format {
-        Text, ///< columns for the eye
-        Csv,  ///< a header line, then one line a report
-        Json, ///< one object a line
+        Text, ///< columns to be read by people
+        Csv,  ///< a header line, then one line per report
+        Json, ///< one object per line
     };
 
     explicit ReportWriter(Format format) : m_format(format) {}
 
-    /// Returns what comes before the first report, a line or nothing.
+    /// Returns the line before the first report, or an empty text.
     QString header() const;
 
-    /// Returns the line of \a report, line feed included.
+    /// Returns the line for \a report, including the line feed.
     QString line(const NumberedReport& report) const;
 
     /// Returns the names of the formats in the order of the enumerators.

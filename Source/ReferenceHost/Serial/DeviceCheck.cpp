@@ -21,9 +21,8 @@ QString deviceProblem(const QString& driver, const QString& device)
     const QString moreOnPort = portProblem(device);
     if (!moreOnPort.isEmpty())
         return moreOnPort;
-    // The library's port is also locked against programs that only agree to lock; an open alone
-    // does not tell of these.
-    return QStringLiteral("%1; held by: %2")
+    // Some programs only lock the port. The library notices that, an open alone does not.
+    return QStringLiteral("%1; in use by: %2")
         .arg(problem, holdersText(portHolders(portPath(device))));
 }
 

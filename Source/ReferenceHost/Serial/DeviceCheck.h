@@ -6,8 +6,8 @@
 
 namespace ReferenceHost {
 
-/// Selects the driver and the device, a serial port or "File:", and returns why they cannot be used
-/// and what to do; an empty text when they can. A port is opened for a moment.
+/// Selects the driver and the device, a serial port or "File:". Returns why they cannot be used and
+/// what to do about it, or an empty text if they can. Opens the port for a moment.
 QString deviceProblem(const QString& driver, const QString& device);
 
 } // namespace ReferenceHost

@@ -29,7 +29,7 @@ QString hexText(const QByteArray& bytes)
     return QString::fromLatin1(bytes.toHex(' ')).leftJustified(markWidth * bytesInRow);
 }
 
-// Control characters and what is above ASCII as a dot, so that a line stays a line.
+// Control characters and everything above ASCII become a dot, so that a line stays a line.
 QString plainText(QByteArray bytes)
 {
     for (char& byte : bytes)
@@ -93,8 +93,8 @@ QString LineMonitor::waitingLines(qint64 milliseconds)
     return lines;
 }
 
-// The bytes in rows of equal length, beneath each row its marks, and beside the last marks what
-// the item means.
+// The bytes in rows of equal length, with the marks below each row and the meaning of the item next
+// to the last marks.
 QString LineMonitor::itemLines(qint64 milliseconds, const StreamItem& item)
 {
     const QString meaning = meaningOf(milliseconds, item);
@@ -115,8 +115,8 @@ QString LineMonitor::itemLines(qint64 milliseconds, const StreamItem& item)
     return lines;
 }
 
-// The letter of each role beneath its byte, with an exclamation mark before one that does not fit;
-// a question mark for each byte of what is no report by its length alone.
+// The letter of each role below its byte, after an exclamation mark if the byte does not fit. A
+// question mark for each byte if the number of bytes alone shows that this is not a report.
 QString LineMonitor::marksOf(const QByteArray& bytes) const
 {
     if (m_letters.isEmpty())
@@ -147,7 +147,7 @@ QString LineMonitor::misfitText(const QByteArray& bytes) const
     for (int i = 0; i < bytes.size(); ++i)
         misfits += m_stream.allows(i, bytes.at(i)) ? 0 : 1;
     if (misfits == 0)
-        return QStringLiteral("passed over by the driver: where it begins is not certain");
+        return QStringLiteral("passed over by the driver: the start of the report is uncertain");
     return QStringLiteral("passed over by the driver: %1")
         .arg(misfits == 1 ? QStringLiteral("one character does not fit")
                           : QStringLiteral("%1 characters do not fit").arg(misfits));
@@ -160,7 +160,7 @@ QString LineMonitor::reportText(qint64 milliseconds, const QByteArray& bytes)
     m_lastReport = milliseconds;
     const auto report = m_decoder(bytes);
     if (!report)
-        return QStringLiteral("not decoded: the driver reads up to a zero byte only");
+        return QStringLiteral("not decoded: the driver stops reading at the zero byte");
     const double x = report->coordinate().x();
     const double y = report->coordinate().y();
     m_largestX = std::max(m_largestX, x);

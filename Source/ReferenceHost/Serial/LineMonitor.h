@@ -11,35 +11,34 @@
 
 namespace ReferenceHost {
 
-/// Lists what a line sends: each byte in hexadecimal and as text, with the time; under a
-/// description the role of each byte beneath it and the decoded reports. These are the reports that
-/// the driver hands over when it checks what it reads; all else it passes over.
+/// Lists what arrives at a port: each byte in hexadecimal and as text, with the time. With a
+/// description, it also lists the role of each byte and the decoded reports. These are the reports
+/// that the driver delivers with checked reading; it passes over everything else.
 ///
-/// Bytes in, text out. Times are milliseconds since the listing began. Every text that is returned
-/// is empty or ends in a line feed.
+/// Bytes in, text out. Times are milliseconds since the listing began. Each returned text is empty
+/// or ends with a line feed.
 class LineMonitor
 {
 public:
-    /// Decodes the bytes of one report; returns nothing when the driver could not.
+    /// Decodes the bytes of one report; returns nothing if the driver could not.
     using Decoder = std::function<std::optional<MavSystem::DigitalReport>(const QByteArray&)>;
 
     /// A listing without a description.
     LineMonitor();
 
-    /// A listing under \a description. When that has no template, each chunk is a report.
+    /// A listing with \a description. If that has no template, each chunk is a report.
     LineMonitor(const MavSystem::DigitizerArgument& description, Decoder decoder);
 
-    /// Returns the lines for what \a bytes complete.
+    /// Returns the lines for everything that \a bytes complete.
     QString take(qint64 milliseconds, const QByteArray& bytes);
 
-    /// Returns the lines for what can be decided now that the line has been quiet for
-    /// pauseMilliseconds().
+    /// Returns the lines for everything that is decided by pauseMilliseconds() without input.
     QString pause(qint64 milliseconds);
 
     int pauseMilliseconds() const { return m_pauseMilliseconds; }
 
-    /// Returns what has been seen so far: bytes, reports, reports a second between the first and
-    /// the last, bytes passed over, the largest x and y in centimetres.
+    /// Returns a summary so far: bytes, reports, reports per second between the first and the last,
+    /// bytes passed over, the largest x and y in centimetres.
     QString summary() const;
 
 private:

@@ -33,16 +33,14 @@ LineTap::LineTap(const MavSystem::DescribedDriver& driver, const QString& device
       m_writer(path, headerOf(driver))
 {
     if (!problem().isEmpty())
-        throw CommandError(
-            QStringLiteral("the recording '%1' cannot be made: %2").arg(path, problem()));
+        throw CommandError(QStringLiteral("cannot record to %1: %2").arg(path, problem()));
     if (!m_terminal.isOpen())
         throw CommandError(
-            QStringLiteral("there is no pseudo-terminal: %1").arg(m_terminal.errorString()));
+            QStringLiteral("cannot open a pseudo-terminal: %1").arg(m_terminal.errorString()));
     m_port->setPortName(device);
     LineSettings::apply(driver.description.m_portSettings, *m_port);
     if (!m_port->open(QIODevice::ReadWrite))
-        throw CommandError(
-            QStringLiteral("%1 cannot be used: %2").arg(device, m_port->errorString()));
+        throw CommandError(QStringLiteral("cannot open %1: %2").arg(device, m_port->errorString()));
     m_clock.start();
     connect(m_port, &QextSerialPort::readyRead, this, &LineTap::record);
     connect(m_port, &QIODevice::readChannelFinished, this, [this] {

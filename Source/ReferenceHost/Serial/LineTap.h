@@ -15,27 +15,27 @@ class QextSerialPort;
 
 namespace ReferenceHost {
 
-/// Records what passes on a line: it opens the tablet's port itself and offers the driver library a
-/// pseudo-terminal instead, between which it passes everything on in both directions. When the
-/// tablet's port is gone the pseudo-terminal stays, and the port is opened again when it is back.
+/// Records what passes between a tablet and the driver library: it opens the tablet's port, offers
+/// the library a pseudo-terminal instead, and passes everything on in both directions. If the
+/// tablet's port is lost, the pseudo-terminal stays and the port is opened again when it is back.
 class LineTap : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Opens \a device with the settings of \a driver and records into the new file \a path. Throws
-    /// a CommandError when either cannot be opened.
+    /// Opens \a device with the settings of \a driver and records to the new file \a path. Throws a
+    /// CommandError if either cannot be opened.
     LineTap(const MavSystem::DescribedDriver& driver, const QString& device, const QString& path);
     ~LineTap() override;
 
     /// Returns the path of the port for the driver library.
     QString port() const { return m_terminal.path(); }
 
-    /// Returns why the recording is not complete, or an empty text.
+    /// Returns why the recording is incomplete, or an empty text.
     QString problem() const { return m_writer.errorString(); }
 
 Q_SIGNALS:
-    /// The tablet's port is gone. What arrived before is on its way to the driver.
+    /// The tablet's port is lost. Everything that arrived before is on its way to the driver.
     void lost();
     void returned();
 

@@ -19,14 +19,14 @@ using namespace MavSystem;
 
 namespace {
 
-// Opened without waiting for a carrier and without becoming the program's terminal.
+// Opens without waiting for a carrier and without making the port the program's terminal.
 QString openProblem(const QString& path)
 {
     const int port = open(QFile::encodeName(path).constData(), O_RDWR | O_NOCTTY | O_NONBLOCK);
     if (port < 0)
         return errno == EBUSY ? QStringLiteral("another program has %1 open: %2")
                                     .arg(path, holdersText(portHolders(path)))
-                              : QStringLiteral("%1 does not open: %2")
+                              : QStringLiteral("cannot open %1: %2")
                                     .arg(path, QString::fromLocal8Bit(std::strerror(errno)));
     const bool isTerminal = isatty(port) != 0;
     close(port);

@@ -6,8 +6,8 @@
 
 namespace ReferenceHost {
 
-/// Returns why \a device cannot be used as a serial port and what to do, or an empty text. Opens it
-/// for a moment, which alone tells whether it is a terminal and not taken.
+/// Returns why \a device cannot be used as a serial port and what to do about it, or an empty text.
+/// Opens it for a moment: only that shows whether it is a terminal, and whether it is free.
 QString portProblem(const QString& device);
 
 } // namespace ReferenceHost

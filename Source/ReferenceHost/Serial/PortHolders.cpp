@@ -32,7 +32,7 @@ QString programOf(const QDir& process)
 
 PortHolders portHolders(const QString& port, const QDir& processes)
 {
-    // A port may be named through a link; the kernel shows the device itself.
+    // The name of a port may be a link; the kernel shows the device itself.
     const QString canonical = QFileInfo(port).canonicalFilePath();
     const QString device = canonical.isEmpty() ? port : canonical;
     PortHolders holders;
@@ -45,7 +45,7 @@ PortHolders portHolders(const QString& port, const QDir& processes)
             continue;
         const QDir process(processes.filePath(folder));
         const QDir openFiles(process.filePath(QStringLiteral("fd")));
-        // A process may end while we look.
+        // A process may end meanwhile.
         if (openFiles.exists() && !openFiles.isReadable())
             ++hidden;
         else if (hasOpen(openFiles, device))
@@ -61,7 +61,7 @@ QString holdersText(const PortHolders& holders)
     if (holders.complete)
         return known.isEmpty() ? QStringLiteral("nobody") : known;
     return known.isEmpty()
-               ? QStringLiteral("not known; the processes of other users cannot be looked at")
+               ? QStringLiteral("unknown; only root can see the programs of other users")
                : known + QStringLiteral(", and perhaps programs of other users");
 }
 

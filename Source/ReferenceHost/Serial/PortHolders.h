@@ -8,18 +8,18 @@
 
 namespace ReferenceHost {
 
-/// The programs that have a port open, as far as this user may know.
+/// The programs that have a port open, as far as this user may see them.
 struct PortHolders
 {
-    QStringList programs;  ///< each as "minicom (1234)", with the number of its process
-    bool complete = false; ///< whether all processes could be looked at
+    QStringList programs;  ///< such as "minicom (1234)", with the process number
+    bool complete = false; ///< whether all processes could be inspected
 };
 
-/// Looks for the port with that path in the process folder \a processes. Nothing is known, and so
-/// nothing complete, on a system without one.
+/// Looks for the programs that have \a port open in the process folder \a processes. On a system
+/// without such a folder the result is empty and not complete.
 PortHolders portHolders(const QString& port, const QDir& processes = QDir(QStringLiteral("/proc")));
 
-/// Returns "nobody", or the programs, and that there may be more when there may.
+/// Returns the programs as text, or "nobody"; says so if there may be more.
 QString holdersText(const PortHolders& holders);
 
 } // namespace ReferenceHost

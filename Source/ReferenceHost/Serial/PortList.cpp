@@ -32,7 +32,7 @@ PortEntry entryOf(const QSerialPortInfo& info)
 
 QString orNotKnown(const QString& text)
 {
-    return text.isEmpty() ? QStringLiteral("not known") : text;
+    return text.isEmpty() ? QStringLiteral("unknown") : text;
 }
 
 } // namespace
@@ -50,12 +50,12 @@ QString textOf(const PortEntry& port)
     const QString identifier =
         port.identifier.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(port.identifier);
     const QString rights =
-        port.rightsProblem.isEmpty() ? QStringLiteral("this user may use it") : port.rightsProblem;
+        port.rightsProblem.isEmpty() ? QStringLiteral("you may use it") : port.rightsProblem;
     return QStringLiteral("%1\n"
                           "  description  %2\n"
                           "  maker        %3\n"
                           "  rights       %4\n"
-                          "  held by      %5\n")
+                          "  in use by    %5\n")
         .arg(port.path, orNotKnown(port.description), orNotKnown(port.maker) + identifier, rights,
              holdersText(port.holders));
 }

@@ -14,17 +14,17 @@ namespace ReferenceHost {
 struct PortEntry
 {
     QString path;
-    QString description; ///< empty when the system does not know
+    QString description; ///< empty if the system does not know it
     QString maker;
     QString identifier;    ///< vendor and product of a USB adapter: "0403:6001"
-    QString rightsProblem; ///< why this user may not use it and what to do; empty when they may
+    QString rightsProblem; ///< why this user may not use it and what to do; otherwise empty
     PortHolders holders;
 };
 
-/// Returns the serial ports of this machine. Opens none of them: an open can reset what is there.
+/// Returns the serial ports of this machine. Opens none of them: that could reset a device.
 QVector<PortEntry> serialPorts();
 
-/// Returns the port in lines of text.
+/// Returns the port as lines of text.
 QString textOf(const PortEntry& port);
 
 QJsonObject jsonOf(const PortEntry& port);

@@ -104,14 +104,14 @@ bool PseudoTerminal::drained() const
 
 bool PseudoTerminal::taken()
 {
-    constexpr qint64 discarded = 100; // milliseconds; far longer than bytes are on their way
+    constexpr qint64 discarded = 100; // milliseconds; far longer than bytes take to arrive
     takeUses();
     return drained() && (m_wasRead || m_sinceWrite.hasExpired(discarded));
 }
 
 void PseudoTerminal::takeUses()
 {
-    // None carries a name, since what is watched is no directory.
+    // The events have no names, since a device is watched and not a directory.
     alignas(inotify_event) char bytes[16 * sizeof(inotify_event)];
     const auto* const events = reinterpret_cast<const inotify_event*>(bytes);
     ssize_t size;

@@ -34,7 +34,7 @@ bool takeByte(QByteArray& text, QByteArray& bytes)
     if (first != '\\') {
         bytes += first;
         text.remove(0, 1);
-        // What an editor may have re-encoded is no longer what the tablet sent.
+        // A character that an editor has re-encoded is no longer what the tablet sent.
         return isPrintable(first) && first != '"';
     }
     if (text.startsWith("\\x")) {
@@ -75,7 +75,7 @@ bool parseChunk(const QByteArray& line, RecordedSession::Chunk& chunk)
            parseQuoted(line.mid(blank + 1).trimmed(), chunk.bytes);
 }
 
-// Both return what is wrong with the line, or nothing.
+// Both return what is wrong with the line, or an empty text.
 
 QString takeHeader(const QByteArray& line, RecordedSession& session)
 {
@@ -92,7 +92,7 @@ QString takeHeader(const QByteArray& line, RecordedSession& session)
         session.date = QDateTime::fromString(value, Qt::ISODate);
     if (key != QLatin1String("date") || session.date.isValid())
         return {};
-    return QStringLiteral("the date '%1' is not like 2026-03-01T14:02:11Z").arg(value);
+    return QStringLiteral("the date '%1' does not have the form 2026-03-01T14:02:11Z").arg(value);
 }
 
 QString takeChunk(const QByteArray& line, RecordedSession& session)
@@ -103,7 +103,7 @@ QString takeChunk(const QByteArray& line, RecordedSession& session)
                               "quotes, such as 120 \"0512\\r\"")
             .arg(QString::fromUtf8(line.left(60)));
     if (!session.chunks.isEmpty() && chunk.milliseconds < session.chunks.constLast().milliseconds)
-        return QStringLiteral("the time %1 lies before that of the chunk before")
+        return QStringLiteral("the time %1 is earlier than that of the previous chunk")
             .arg(chunk.milliseconds);
     session.chunks.append(chunk);
     return {};

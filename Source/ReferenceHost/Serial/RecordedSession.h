@@ -10,12 +10,12 @@
 
 namespace ReferenceHost {
 
-/// A session recorded on a serial line: where it comes from, and every chunk with its time.
+/// A session recorded at a serial port: where it comes from, and every chunk with its time.
 ///
 /// The file is text: a first line "# digitizer session 1", header lines "# KEY: VALUE", then a line
 /// for each chunk: the time in milliseconds since the start, a blank, and the bytes in double
 /// quotes with the escapes \r \n \t \\ \" and \xHH. Other lines that begin with "#" are comments.
-/// The times do not go back.
+/// The times never decrease.
 struct RecordedSession
 {
     struct Chunk
@@ -25,34 +25,34 @@ struct RecordedSession
     };
 
     QString tablet;   ///< free text
-    QString driver;   ///< name of the description in use; may be empty
-    QString settings; ///< of the line, such as "9600 8 None 1 none"
+    QString driver;   ///< the driver in use; may be empty
+    QString settings; ///< the serial settings, such as "9600 8 None 1 none"
     QDateTime date;
     QVector<Chunk> chunks;
 };
 
-/// What reading a session yields; the session is usable when \a error is empty.
+/// The result of reading a session, which is usable if \a error is empty.
 struct ReadSession
 {
     RecordedSession session;
-    QString error; ///< "line 7: ...", what was found and what is accepted
+    QString error; ///< "line 7: ...": what was found and what is accepted
 };
 
 /// Returns the session whose file holds \a content.
 ReadSession readSession(const QByteArray& content);
 
-/// Returns \a bytes in double quotes, with escapes for what does not print.
+/// Returns \a bytes in double quotes, with escapes for bytes that are not printable.
 QByteArray quotedBytes(const QByteArray& bytes);
 
-/// Writes a session while it is recorded; each chunk reaches the file at once.
+/// Writes a session while it is recorded. Each chunk is written to the file immediately.
 class SessionWriter
 {
 public:
-    /// Creates \a path with the header of \a session, whose chunks are written too; an existing
-    /// file is refused. errorString() is empty when that worked.
+    /// Creates \a path and writes the header and the chunks of \a session. Fails if the file
+    /// exists. errorString() is empty if that worked.
     SessionWriter(const QString& path, const RecordedSession& session);
 
-    /// Appends a chunk; returns whether it was written.
+    /// Appends a chunk and returns whether it was written.
     bool append(const RecordedSession::Chunk& chunk);
 
     QString errorString() const { return m_error; }

@@ -17,7 +17,7 @@ void SerialLine::open(const QString& path, const PortSettings& settings)
 {
     m_port.setPortName(path);
     LineSettings::apply(settings, m_port);
-    // For writing too, since only that discards what arrived before.
+    // For writing as well, since only that discards what arrived before.
     if (!m_port.open(QIODevice::ReadWrite))
         throw CommandError(QStringLiteral("cannot open %1: %2").arg(path, m_port.errorString()));
     m_clock.start();

@@ -8,7 +8,7 @@
 
 namespace ReferenceHost {
 
-/// A serial port as it is, without the driver: every byte, with its time.
+/// A serial port without the driver: every byte, with its time.
 class SerialLine : public QObject
 {
     Q_OBJECT
@@ -16,7 +16,7 @@ class SerialLine : public QObject
 public:
     SerialLine();
 
-    /// Opens \a path and discards what arrived before. Throws a CommandError.
+    /// Opens \a path and discards what arrived before. Throws a CommandError if that fails.
     void open(const QString& path, const PortSettings& settings);
 
     /// Milliseconds since open().
@@ -25,8 +25,8 @@ public:
 signals:
     void received(const QByteArray& bytes);
 
-    /// The port is gone, for instance because the cable was pulled; emitted once. The system's
-    /// reason is not told: after a hang-up it is whatever error came last.
+    /// The port is gone, for example because the cable was pulled. Emitted once. No reason is
+    /// given: after a hang-up, the system's is only the last error of many.
     void ended();
 
 private:
