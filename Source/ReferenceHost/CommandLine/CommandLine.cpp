@@ -12,7 +12,7 @@ namespace {
 
 CommandError usageError(const QString& text, const QString& helpCommand)
 {
-    return CommandError(QStringLiteral("%1; see '%2 --help'").arg(text, helpCommand), ExitUsage);
+    return CommandError(QStringLiteral("%1 (see '%2 --help')").arg(text, helpCommand), ExitUsage);
 }
 
 QString optionsMeant(const QString& unknown, const QList<QCommandLineOption>& options)

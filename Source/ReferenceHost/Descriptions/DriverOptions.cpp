@@ -75,10 +75,9 @@ DescribedDriver requiredDriver(const QString& name)
 DescribedDriver requireReports(const DescribedDriver& driver)
 {
     if (!driver.takesReports())
-        throw CommandError(
-            QStringLiteral("the description %1 has no usable report template: it is for a pen, or "
-                           "it is broken ('digitizer lint %1' says why)")
-                .arg(driver.file));
+        throw CommandError(QStringLiteral("the description %1 has no usable report template: it is "
+                                          "for a pen, or it is broken ('digitizer lint' says why)")
+                               .arg(driver.file));
     return driver;
 }
 

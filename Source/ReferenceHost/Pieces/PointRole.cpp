@@ -29,7 +29,7 @@ PointRole parseRole(const QString& name, const QString& entry)
     for (int role = 0; role < int(PointRole::Other); ++role)
         accepted << roleName(PointRole(role));
     throw CommandError(
-        QStringLiteral("--buttons contains '%1', but a button must be one of %2%3")
+        QStringLiteral("--buttons contains '%1', but a meaning must be one of %2%3")
             .arg(entry, accepted.join(QStringLiteral(", ")), suggestion(name, accepted)),
         ExitUsage);
 }
@@ -67,7 +67,7 @@ ButtonRoles parseButtonRoles(const QString& text)
                                    .arg(entry),
                                ExitUsage);
         if (roles.contains(button))
-            throw CommandError(QStringLiteral("--buttons contains button %1 twice").arg(button),
+            throw CommandError(QStringLiteral("--buttons names button %1 twice").arg(button),
                                ExitUsage);
         roles.insert(button, parseRole(entry.mid(equals + 1).trimmed(), entry));
     }

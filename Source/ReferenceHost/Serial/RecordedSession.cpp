@@ -150,9 +150,8 @@ ReadSession readSession(const QByteArray& content)
     ReadSession result;
     const QList<QByteArray> lines = content.split('\n');
     if (lines.at(0).trimmed() != firstLine) {
-        result.error = errorAt(
-            1,
-            QStringLiteral("a recorded session begins with \"%1\"").arg(QLatin1String(firstLine)));
+        result.error = errorAt(1, QStringLiteral("a recorded session must begin with \"%1\"")
+                                      .arg(QLatin1String(firstLine)));
         return result;
     }
     for (int index = 1; index < lines.size() && result.error.isEmpty(); ++index) {
