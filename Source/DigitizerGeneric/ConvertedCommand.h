@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The texts that a converted command of the digital pen is made of:
-/// code, x, separator, y, line feed, carriage return (in this order).
+/// The parts of a converted command of the digital pen: code, x, separator, y, line feed, carriage
+/// return, in this order.
 namespace MavSystem {
 
 inline constexpr char IDLE_CODE[] = "";

@@ -11,10 +11,10 @@ class QWidget;
 
 namespace MavSystem {
 
-/// What the library asks of its host: two folders, a main window, and three message boxes.
+/// What the library needs from its host: two folders, a main window and three message boxes.
 ///
-/// A host derives from this class and makes its object known with setInstance(). Every operation
-/// has a sensible default: message boxes while a QApplication runs, the standard error stream
+/// A host derives from this class and registers its object with setInstance(). Every operation has
+/// a default: messages appear in message boxes if a QApplication runs, and on standard error
 /// otherwise. Thread: the main thread.
 class MAVCORE_EXPORT MavApplication
 {
@@ -24,30 +24,30 @@ public:
     /// Returns the host's object, or the default one; never null.
     static MavApplication* instance();
 
-    /// Makes \a application the host's object. Not owned; it must outlive its use. Null brings the
-    /// default back.
+    /// Makes \a application the host's object. It is not owned and must outlive its use. Null
+    /// restores the default.
     static void setInstance(MavApplication* application);
 
-    /// Returns the parent for message boxes. Default: the active window, null when there is none.
+    /// Returns the parent for message boxes. Default: the active window, or null if there is none.
     virtual QWidget* mainWindow() const;
 
     /// Returns the directory that holds "digitizer/generated" with the shipped descriptions.
-    /// Default: "plugins" beside the executable.
+    /// Default: "plugins" next to the executable.
     virtual QDir pluginsDir() const;
 
-    /// Returns the directory that holds "generated" with the installed descriptions.
-    /// Default: the application's own data location of the user. Not created here.
+    /// Returns the directory that holds "generated" with the installed descriptions. Default: the
+    /// user's data location for this application. The directory is not created.
     virtual QDir appDataLocation() const;
 
-    /// Shows a warning; returns when it has been dismissed.
+    /// Shows a warning and returns when it has been dismissed.
     virtual void displayWarning(const QString& text, const QString& details, QWidget* parent) const;
 
-    /// Shows an error; returns when it has been dismissed.
+    /// Shows an error and returns when it has been dismissed.
     virtual void displayError(const QString& text, const QString& details, QWidget* parent) const;
 
-    /// Asks \a text and returns the index of the choice taken: 0 \a first, 1 \a second, 2 \a third.
-    /// A dismissed dialog returns 2. So does a process without dialogs: the third choice is the
-    /// harmless one, and nothing is imported or deleted unasked.
+    /// Asks \a text and returns the choice: 0 for \a first, 1 for \a second, 2 for \a third. A
+    /// dismissed dialog returns 2, and so does a process without dialogs: the third choice is
+    /// harmless, and nothing is imported or deleted without being asked for.
     virtual int confirmContinue(const QString& text, const QString& title, const QString& first,
                                 const QString& second, const QString& third, QWidget* parent) const;
 };

@@ -10,10 +10,11 @@
 
 namespace MavSystem {
 
-/// The start-up registry: libraries register work when they are loaded, the host runs it once.
+/// The start-up registry: libraries register functions when they are loaded, and the host runs them
+/// once.
 ///
-/// Registration is safe before main() and before any QCoreApplication exists.
-/// Thread: registration while a library is loaded, runOnce() on the main thread; no locks.
+/// Registration is safe before main() and before any QCoreApplication exists. Thread: registration
+/// while a library is loaded, runOnce() on the main thread. Not thread-safe.
 class MAVCORE_EXPORT MavInit
 {
 public:
@@ -23,15 +24,16 @@ public:
         STAGE_APPLICATION = 1,
     };
 
-    /// Returns the one registry of the process; it is created on first use and never null.
+    /// Returns the only registry of the process. It is created on first use and never null.
     static MavInit* instance();
 
-    /// Keeps \a function until the next runOnce(). Within a stage functions run by ascending
-    /// \a order, equal orders in the sequence of their registration.
+    /// Keeps \a function until the next runOnce(). Within a stage, functions run in ascending \a
+    /// order; those with equal \a order run in the order of their registration.
     void registerRunOnce(boost::function<void()> function, RunStage stage, int order);
 
-    /// Runs what is registered, stage by stage, and forgets it. Functions registered meanwhile
-    /// wait for the next call. An exception of a function passes through; the rest is then dropped.
+    /// Runs the registered functions, stage by stage, and forgets them. Functions registered
+    /// meanwhile wait for the next call. If a function throws, the exception is passed on and the
+    /// remaining functions are dropped.
     void runOnce();
 
 private:

@@ -4,7 +4,7 @@
 
 namespace MavSystem {
 
-/// A point of the plane; the library delivers both coordinates in centimetres.
+/// A point in the plane. The library delivers both coordinates in centimetres.
 class GeoPoint2D
 {
 public:

@@ -6,7 +6,7 @@
 
 #include <iterator>
 
-/// How fast a serial line with given settings is.
+/// The speed of a serial port with given settings.
 namespace SerialTiming {
 
 inline constexpr int speeds[] = {50,    75,    110,   134,    150,    200,   300,   600,
@@ -19,8 +19,8 @@ constexpr int bitsPerSecond(BaudRateType baudRate)
     return speeds[baudRate];
 }
 
-/// Returns the time of one character in microseconds: it has a start bit, its data bits, a parity
-/// bit if there is one, and its stop bits.
+/// Returns the time of one character in microseconds: a start bit, the data bits, a parity bit if
+/// there is one, and the stop bits.
 constexpr double characterMicroseconds(const PortSettings& settings)
 {
     constexpr double stopBits[] = {1, 1.5, 2};

@@ -223,8 +223,8 @@ void QextSerialPort::doubtLine()
 
 void QextSerialPort::checkLine()
 {
-    // Another program may have taken the bytes that were announced: a read then gives nothing, and
-    // the inner port takes that for an error. On a line that has hung up the next read fails too.
+    // Another program may have taken the bytes that were announced: a read then returns nothing,
+    // and the inner port takes that for an error. After a hang-up the next read fails too.
     if (m_inDoubt && m_port->isOpen() && !m_port->waitForReadyRead(0))
         m_inDoubt = m_port->error() != QSerialPort::TimeoutError;
 }

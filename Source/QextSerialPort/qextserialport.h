@@ -10,7 +10,7 @@
 
 class QSerialPort;
 
-/// Line speeds in bits a second, numbered in sequence.
+/// Baud rates in bits per second, numbered in sequence.
 enum BaudRateType {
     BAUD50,
     BAUD75,
@@ -41,7 +41,8 @@ enum ParityType { PAR_NONE, PAR_ODD, PAR_EVEN, PAR_MARK, PAR_SPACE };
 enum StopBitsType { STOP_1, STOP_1_5, STOP_2 };
 enum FlowType { FLOW_OFF, FLOW_HARDWARE, FLOW_XONXOFF };
 
-/// The settings of a serial line. Timeout_Millisec is in milliseconds and is kept for hosts only.
+/// The serial settings of a port. Timeout_Millisec is in milliseconds; it is kept for hosts and not
+/// used.
 struct PortSettings
 {
     BaudRateType BaudRate = BAUD50;
@@ -54,18 +55,17 @@ struct PortSettings
 
 /// A serial port with the interface of the QextSerialPort library, over Qt SerialPort.
 ///
-/// Settings are given before open(). Received bytes are announced by readyRead() from the event
-/// loop, never from inside the inner port's own signal, so a receiver may run an event loop of its
-/// own, close or delete the port, or throw.
+/// Settings take effect at open(). Received bytes are announced by readyRead() from the event loop,
+/// never inside a signal of the inner port, so a receiver may run a nested event loop, close or
+/// delete the port, or throw.
 ///
-/// A read that gives nothing because another program took the bytes changes nothing; only when the
-/// next one fails as well has the line hung up. A hang-up (the adapter was unplugged) is announced
-/// once by readChannelFinished(), in both query modes: from the event loop and behind the
-/// readyRead() that announces the bytes received before it. A receiver of either may close or
-/// delete the port. It is not announced once the port has been closed, whether or not it was opened
-/// again. After a hang-up the port stays open and quiet until close(): its error stays readable
-/// through errorString(), bytes received before it can still be read, and nothing more is
-/// announced.
+/// A read that returns nothing because another program took the bytes changes nothing. Only if the
+/// next one fails as well has the port hung up. A hang-up (the adapter was unplugged) is announced
+/// once by readChannelFinished(), in both query modes: from the event loop, and after the
+/// readyRead() for the bytes received before it. A receiver of either signal may close or delete
+/// the port. A hang-up is not announced after close(), even if the port is opened again. After a
+/// hang-up the port stays open until close(): errorString() returns the error, bytes received
+/// before can still be read, and nothing more is announced.
 ///
 /// Thread: the thread that owns the object.
 class QEXTSERIALPORT_EXPORT QextSerialPort : public QIODevice
@@ -81,7 +81,7 @@ public:
     explicit QextSerialPort(QueryMode mode = EventDriven, QObject* parent = nullptr);
     ~QextSerialPort() override;
 
-    /// The name as it was given; a path or a name without its directory.
+    /// The name as it was given: a path, or a name without its directory.
     QString portName() const;
     void setPortName(const QString& name);
     QueryMode queryMode() const;
@@ -91,17 +91,18 @@ public:
     void setStopBits(StopBitsType stopBits);
     void setFlowControl(FlowType flowControl);
 
-    /// Opens the port with the settings given so far. Opened for reading and writing, it discards
-    /// what arrived before; opened for reading only, it takes a look: what waits then stays for
-    /// whoever reads it, here or in another program. close() discards nothing that was not yet
-    /// read from the line. \a mode may hold Unbuffered; the port never lets QIODevice buffer.
-    /// Returns false on failure, and errorString() says why.
+    /// Opens the port with the settings given so far. If it is opened for reading and writing,
+    /// input that arrived before is discarded. If it is opened for reading only, that input is kept
+    /// for whoever reads it, here or in another program. close() does not discard input that was
+    /// not yet read from the device. \a mode may contain Unbuffered; QIODevice never buffers in any
+    /// case. Returns false on failure; errorString() then says why.
     bool open(OpenMode mode) override;
     void close() override;
     bool isSequential() const override;
     qint64 bytesAvailable() const override;
 
-    /// Does nothing and succeeds: a serial line has no position. Silent, unlike QIODevice's.
+    /// Does nothing and returns true, because a serial port has no position. Prints no warning,
+    /// unlike QIODevice::reset().
     bool reset() override;
 
     /// Returns "No Error has occurred" or the text of the last error since open().
@@ -110,8 +111,8 @@ public:
 protected:
     qint64 readData(char* data, qint64 maxSize) override;
 
-    /// Hands the bytes to the line before it returns: what is still buffered dies with the port.
-    /// After a hang-up it returns -1.
+    /// Writes the bytes to the device before it returns, because buffered bytes would be lost with
+    /// the port. Returns -1 after a hang-up.
     qint64 writeData(const char* data, qint64 size) override;
 
 private:
@@ -129,6 +130,7 @@ private:
     QByteArray m_received;
     QString m_error;
     bool m_announcementPending = false;
-    bool m_inDoubt = false; // a read has failed, and no byte or rest of the line came since
-    bool m_ended = false;   // by a hang-up that is still to be announced
+    bool m_inDoubt =
+        false; // a read has failed, and neither a byte nor a check has cleared that since
+    bool m_ended = false; // by a hang-up that is still to be announced
 };

@@ -9,7 +9,8 @@
 namespace MavSystem {
 
 /// Limits beyond which a description counts as not well-formed. A real one has about 1,500 bytes
-/// and four levels; what they stop is a file that would exhaust the stack, the memory or patience.
+/// and four levels. The limits stop files that would exhaust the stack or the memory, or take too
+/// long.
 namespace DescriptionLimits {
 inline constexpr qint64 bytes = 1024 * 1024;
 inline constexpr int nesting = 100;
@@ -19,8 +20,8 @@ inline constexpr int charactersWithDeclarations = 16 * 1024;
 } // namespace DescriptionLimits
 
 /// Reads the XML of a description token by token and stops at the limits. The document parser
-/// recurses and expands without limit and takes what is not well-formed, so it only sees what this
-/// has read to its end without a problem.
+/// recurses and expands entities without limit and accepts malformed XML, so it only gets what this
+/// class has read to the end without a problem.
 class BoundedXmlReader
 {
 public:
@@ -32,7 +33,7 @@ public:
     /// The token that was read last.
     const QXmlStreamReader& token() const { return m_reader; }
 
-    /// Where it begins and ends, as positions in text(); blanks in front of it may belong to it.
+    /// Where it begins and ends, as positions in text(); it may include blanks in front of it.
     int tokenBegin() const { return m_tokenBegin; }
     int tokenEnd() const { return m_tokenEnd; }
 
@@ -44,7 +45,7 @@ public:
     /// What is wrong with the document as far as it has been read; empty when nothing is.
     QString problem() const;
 
-    /// Where it is wrong, as a position in text().
+    /// Where the problem is, as a position in text().
     int problemOffset() const;
 
 private:

@@ -12,31 +12,30 @@ class QextSerialPort;
 
 namespace MavSystem {
 
-/// The checked reading of one open port: its bytes, its pauses and its end become items of a
-/// ReportStream.
+/// Checked reading of one open port. Its bytes, pauses and end become items of a ReportStream.
 ///
-/// Calls nobody but \a turn, which asks for a turn of the event loop in which one item is taken.
-/// The host may do anything with a report, so each comes from a turn of its own, asked for before
-/// the host has the one in front of it.
+/// Calls only \a turn, which asks the event loop to call next() once. The host may do anything with
+/// a report, so each report comes from a separate event, which is requested before the host gets
+/// the previous report.
 class CheckedInput
 {
 public:
-    /// \a port and \a settings are those of the open port, which lives longer than this.
+    /// \a port is open and must outlive this object.
     CheckedInput(QextSerialPort& port, const DigitizerArgument& description,
                  std::function<void()> turn);
 
     ReportStream& stream() { return m_stream; }
 
-    /// From here on items are handed out; what has arrived waits until then.
+    /// Starts to return items. What has arrived so far is kept until then.
     void start();
 
-    /// Says that the port has ended.
+    /// To be called when the port is gone.
     void end();
 
-    /// Returns the next item, or nothing. Asks for another turn if there is more to do.
+    /// Returns the next item, or nothing. Calls \a turn again if there is more to do.
     std::optional<StreamItem> next();
 
-    /// Returns true once, when the port has ended and every item has been taken.
+    /// Returns true once, when the port is gone and every item has been returned.
     bool takeEnd();
 
 private:

@@ -9,9 +9,9 @@
 
 namespace MavSystem {
 
-/// A driver as a description file has it: one kind of tablet, or the pen.
+/// A driver as a description file defines it: one kind of tablet, or the pen.
 ///
-/// A plain record; it does not follow later changes of the file.
+/// A plain record. It does not follow later changes of the file.
 class DIGITIZERGENERIC_EXPORT DescribedDriver
 {
 public:
@@ -26,11 +26,12 @@ public:
     /// Returns the resolution in words: "1000 LPI" or "40 LPMM".
     QString resolutionText() const;
 
-    /// Whether a tablet's reports can be taken by it. A description without a report template
-    /// cannot, which is right for a pen, and the "Lectra E92" needs none.
+    /// Returns whether a tablet's reports can be read with it. They cannot without a report
+    /// template, which is right for a pen. The "Lectra E92" needs none.
     bool takesReports() const;
 
-    /// Whether the reports have the built-in layout of the "Lectra E92" instead of a template.
+    /// Returns whether the reports have the built-in layout of the "Lectra E92" instead of a
+    /// template.
     bool isLectraE92() const;
 };
 

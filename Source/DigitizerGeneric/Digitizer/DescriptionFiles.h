@@ -13,13 +13,13 @@
 /// The description files that are installed: found and parsed here and nowhere else.
 namespace MavSystem::DescriptionFiles {
 
-/// How a search takes a file that cannot be opened or is not well-formed.
+/// What a search does with a file that cannot be opened or is not well-formed.
 enum class BrokenFile {
     Skipped, ///< it matches no driver name
     Unnamed, ///< it matches the empty driver name, as a file without a name does
 };
 
-/// The content of a file that somebody else has put where it is.
+/// The content of a file from outside.
 struct Content
 {
     QString path;
@@ -27,7 +27,7 @@ struct Content
     QString problem; ///< why there are none, a sentence with the path; or empty
 };
 
-/// Reads the file \a path, unless it is larger than a description may be. Never waits.
+/// Reads the file \a path, unless it is larger than a description may be. Never blocks.
 Content contentOf(const QString& path);
 
 /// A description file as a document.
@@ -37,7 +37,7 @@ struct Parsed
     QString problem;       ///< why it is not well-formed, a sentence with the path; or empty
 };
 
-/// Parses \a content; what could not be read has the problem of that.
+/// Parses \a content, and returns its problem if it could not be read.
 Parsed parse(const Content& content);
 
 /// Returns the driver's name in a document; empty when there is none.

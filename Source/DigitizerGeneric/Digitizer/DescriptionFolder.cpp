@@ -50,19 +50,19 @@ Result check(const DescriptionFiles::Content& content)
     return {driverOf(content.path, parsed.document, read.description), QString()};
 }
 
-// Why the checked file must not become \a target; or an empty text.
+// Returns why the checked file must not become \a target, or an empty text.
 QString clash(const DescribedDriver& driver, const QByteArray& bytes, const QString& target,
               DescriptionFolder::ExistingFile existing)
 {
     const auto known = DescriptionFolder::find(driver.name);
     if (known && QFileInfo(known->file).fileName() != QFileInfo(target).fileName())
-        return QStringLiteral("%1 describes \"%2\", which %3 does already: give it another name")
+        return QStringLiteral(
+                   "%1 describes \"%2\", but %3 already does; give it another driver name")
             .arg(driver.file, driver.name, known->file);
     const bool replaces =
         QFileInfo::exists(target) && DescriptionFiles::contentOf(target).bytes != bytes;
     if (replaces && existing == DescriptionFolder::ExistingFile::Kept)
-        return QStringLiteral("%1 is there already, with another content than %2")
-            .arg(target, driver.file);
+        return QStringLiteral("%1 already exists and differs from %2").arg(target, driver.file);
     return {};
 }
 
@@ -117,7 +117,7 @@ Result DescriptionFolder::install(const QString& file, ExistingFile existing)
         return result;
     const QString name = QFileInfo(file).fileName();
     if (name.startsWith(QLatin1Char('.')))
-        return problem(QStringLiteral("%1 would be a hidden file, which is never read: give it a "
+        return problem(QStringLiteral("%1 would be a hidden file, which is never read; give it a "
                                       "name that does not begin with a full stop")
                            .arg(file));
     const QString target = path() + QLatin1Char('/') + name;

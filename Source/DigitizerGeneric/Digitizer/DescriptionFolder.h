@@ -13,9 +13,9 @@
 namespace MavSystem {
 
 /// The folder with the installed descriptions: "generated" in the host's application data location,
-/// MavApplication::appDataLocation(). A driver can be selected when a file there describes it.
+/// MavApplication::appDataLocation(). A driver can be selected if a file in it describes it.
 ///
-/// Each application has a folder of its own: a description that was installed for one is unknown to
+/// Each application has a separate folder: a description that was installed for one is unknown to
 /// the others. Thread: the main thread.
 class DIGITIZERGENERIC_EXPORT DescriptionFolder
 {
@@ -24,47 +24,47 @@ public:
     struct Result
     {
         DescribedDriver driver; ///< only when there is no problem
-        QString problem;        ///< a sentence with the path of the file; empty when all is well
+        QString problem; ///< a sentence with the path of the file; empty if there is no problem
     };
 
-    /// What install() does with a file of the same name and another content.
+    /// What install() does with an existing file of the same name and different content.
     enum class ExistingFile {
-        Kept,     ///< it stays, and nothing is installed
-        Replaced, ///< the new file takes its place
+        Kept,     ///< it is kept, and nothing is installed
+        Replaced, ///< it is replaced
     };
 
     /// Returns the absolute path of the folder, which need not exist.
     static QString path();
 
-    /// Makes the folder ready; to be called at each start, before Digitizer::instance(). Creates
-    /// it, copies shipped descriptions that are missing, and replaces those that still are, byte
-    /// for byte, as an earlier release shipped them. A file that the user has changed or added is
-    /// never touched. Returns an empty text, or what could not be done.
+    /// Prepares the folder; to be called at each start, before Digitizer::instance(). Creates the
+    /// folder if it is missing, copies shipped descriptions that are missing, and updates those
+    /// that are, byte for byte, what an earlier release shipped. A file that the user has changed
+    /// or added is never touched. Returns an empty text, or what could not be done.
     ///
-    /// Shipped are the files in "digitizer/generated" of the host's MavApplication::pluginsDir();
-    /// when there are none, the descriptions inside this library. What was copied is recorded in
-    /// "shipped-descriptions.ini" beside the folder.
+    /// The shipped descriptions are the files in "digitizer/generated" of the host's
+    /// MavApplication::pluginsDir(), or, if there are none, those inside this library. The file
+    /// "shipped-descriptions.ini" next to the folder records what was copied.
     static QString prepare();
 
-    /// Returns the installed drivers by name. Files that are not well-formed or have no name are
-    /// left out; of several with one name only the first counts, as in Digitizer::selectDevice().
-    /// Reads the files anew on every call.
+    /// Returns the installed drivers, sorted by name. Files that are not well-formed or have no
+    /// driver name are left out. Of several files with the same driver name only the first counts,
+    /// as in Digitizer::selectDevice(). Reads the files anew on every call.
     static QVector<DescribedDriver> drivers();
 
-    /// Returns the driver that Digitizer::selectDevice(\a name, ...) selects; nothing when no
+    /// Returns the driver that Digitizer::selectDevice(\a name, ...) selects, or nothing if no
     /// installed description has exactly that name.
     static std::optional<DescribedDriver> find(const QString& name);
 
-    /// Returns the driver that the description \a file has, installed or not. A problem: it cannot
-    /// be read, is not well-formed, has no driver name, a broken report template or too many
-    /// buttons.
+    /// Returns the driver that the description \a file defines, installed or not. It is a problem
+    /// if the file cannot be read or is not well-formed, or if it has no driver name, a broken
+    /// report template or too many buttons.
     static Result read(const QString& file);
 
-    /// Reads the description \a file as above and copies it into the folder, which is created when
-    /// it is missing; the result names the copy. A problem, beside those of read(): the file is
-    /// hidden, an installed file of another name describes the same driver, one of the same name
-    /// has another content and is to be kept, or the folder cannot be written. An open device and
-    /// the selected driver stay as they are.
+    /// Reads the description \a file as above and copies it to the folder, which is created if it
+    /// is missing. The result names the copy. Besides the problems of read(), it is a problem if
+    /// the file is hidden, if an installed file of another name describes the same driver, if a
+    /// file of the same name has different content and is to be kept, or if the folder cannot be
+    /// written. An open device and the selected driver do not change.
     static Result install(const QString& file, ExistingFile existing = ExistingFile::Kept);
 };
 

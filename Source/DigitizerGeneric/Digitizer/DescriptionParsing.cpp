@@ -114,7 +114,7 @@ ParsedDescription parseDescription(const QDomElement& root)
     const QDomElement buttons = root.firstChildElement(QStringLiteral("buttons"));
     const QString count = attribute(buttons, "count");
     if (count.toInt() > maximumButtonCount)
-        return {DigitizerArgument(), QStringLiteral("it has %1 buttons, but at most %2 are read")
+        return {DigitizerArgument(), QStringLiteral("it has %1 buttons, but at most %2 are allowed")
                                          .arg(count)
                                          .arg(maximumButtonCount)};
     description.m_fourButtons = count == QLatin1String("4");

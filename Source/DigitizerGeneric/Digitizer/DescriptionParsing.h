@@ -13,7 +13,7 @@ namespace MavSystem {
 struct ParsedDescription
 {
     DigitizerArgument description; ///< the record of no file when there is a problem
-    QString problem; ///< what is broken: the report template, or a button count beyond reason
+    QString problem;               ///< what is broken: the report template or the button count
 };
 
 /// Parses the description below the root element \a root of its file.

@@ -4,8 +4,8 @@
 
 #include <QLoggingCategory>
 
-// What the library must keep silent about goes to these categories. They are off by default;
-// QT_LOGGING_RULES="mavsystem.*=true" turns them on.
+// Messages that the library must not show to the user go to these categories. They are off by
+// default; QT_LOGGING_RULES="mavsystem.*=true" turns them on.
 namespace MavSystem {
 
 Q_DECLARE_LOGGING_CATEGORY(lcDescriptions) // mavsystem.descriptions

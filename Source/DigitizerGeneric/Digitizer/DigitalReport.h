@@ -11,11 +11,11 @@
 
 namespace MavSystem {
 
-/// One digitized event, the only output of the library: a point in centimetres and a button number.
+/// One digitized event: a point in centimetres and a button number. The only output of the library.
 ///
 /// Reports reach the host through one handler, synchronously, on the thread of its event loop.
-/// From inside the handler a host may call any operation of Digitizer, show a modal dialog, or
-/// throw. The handler slot is not locked.
+/// Inside the handler a host may call any operation of Digitizer, show a modal dialog or throw.
+/// Setting the handler is not thread-safe.
 class DIGITIZERGENERIC_EXPORT DigitalReport
 {
 public:
@@ -26,18 +26,18 @@ public:
     GeoPoint2D coordinate() const;
     void setCoordinate(GeoPoint2D& point);
 
-    /// Whether this is the report that Digitizer::close() sends: no point was taken. Both of its
-    /// coordinates are the smallest positive normal double, which no tablet can send.
+    /// Returns whether this is the report that Digitizer::close() sends, which is not a point. Both
+    /// of its coordinates are the smallest positive normal double, which no tablet can send.
     bool isClosing() const;
 
-    /// Hands this report to the installed handler and returns when that returns. Without a handler
-    /// the report is dropped. What the handler throws passes through.
+    /// Calls the installed handler with this report and returns when it returns. Without a handler
+    /// the report is dropped. Exceptions of the handler are passed on.
     void flush();
 
     /// Installs a copy of \a handler in place of the previous one.
     static void registerHandle(boost::function<void(const DigitalReport&)> handler);
 
-    /// Leaves no handler installed; reports are dropped from then on.
+    /// Removes the handler; reports are dropped from then on.
     static void unregisterHandle();
 
 private:

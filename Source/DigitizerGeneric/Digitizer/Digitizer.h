@@ -34,28 +34,28 @@ using ParseReportFlags = int;
 ///
 /// Expected order of calls: instance(); selectDevice(), setters and saveConfig() as needed;
 /// DigitalReport::registerHandle(); open(); on success readReport(); close() at the end. A host
-/// that leaves the pen road calls close() before it opens a serial port, also after an open() that
-/// returned false.
+/// that changes from pen input to serial input must call close() in between, even after an open()
+/// that returned false.
 ///
-/// From inside the report handler a host may call any operation of this class, show a modal dialog
-/// or throw. Thread: the thread of the host's event loop, all of it; nothing is locked.
+/// Inside the report handler a host may call any operation of this class, show a modal dialog or
+/// throw. Thread: the thread of the host's event loop. Not thread-safe.
 class DIGITIZERGENERIC_EXPORT Digitizer : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Returns the one driver of the process, made at the first call; it lives until the process
-    /// ends.
+    /// Returns the only driver of the process. It is created by the first call and lives until the
+    /// process ends.
     static boost::shared_ptr<Digitizer> instance();
 
-    /// Reads the saved settings (all empty or false when absent) and the description of the saved
+    /// Reads the saved settings (by default all empty or false) and the description of the saved
     /// driver. Hosts use instance().
     Digitizer();
     ~Digitizer() override;
 
-    /// Selects the description named \a driver and the serial port \a device, or the pen directory
-    /// with the device name "File:". An unknown driver is not an error here; see deviceExist().
-    /// An open device stays as it is, and nothing is saved.
+    /// Selects the driver named \a driver and the serial port \a device, or the pen directory if \a
+    /// device is "File:". An unknown driver is not an error here; see deviceExist(). An open device
+    /// does not change, and nothing is saved.
     void selectDevice(const QString& driver, const QString& device);
 
     /// Writes the selection and the four options to the host's QSettings.
@@ -64,24 +64,25 @@ public:
     QString driver() const;
     QString device() const;
 
-    /// Whether the digital pen's button 3 is a prefix. Takes effect at the next open().
+    /// Whether the digital pen's button 3 is a prefix. Default: false. Takes effect at the next
+    /// open().
     bool extended4Buttons() const;
     void setExtended4Buttons(bool on);
 
-    /// Milliseconds for which a pen file must stand still, in size and time of change, before it is
-    /// imported; for pen software that does not move its files in whole. By default 0: a file is
-    /// imported as soon as it is there. A negative value counts as 0. Taken at the next open(); not
-    /// saved.
+    /// How many milliseconds the size and the modification time of a pen file must stay the same
+    /// before it is imported. For pen software that does not move complete files into the
+    /// directory. Default: 0, a file is imported as soon as it appears. A negative value counts as
+    /// 0. Takes effect at the next open(); not saved.
     ///
-    /// The directory is then looked at by a timer, at least once a second, as long as it is open.
+    /// With a settle time, an open directory is polled at least once a second.
     void setPenFileSettleTime(int milliseconds);
     int penFileSettleTime() const;
 
-    /// Returns how many pen files of the last look at the directory are still to be imported, for
-    /// hosts that import what is there and then end; 0 without a settle time.
+    /// Returns how many pen files, as of the last poll, are still to be imported; 0 without a
+    /// settle time. For hosts that import the existing files and then end.
     int unsettledPenFiles() const;
 
-    // The three options below are kept and saved for the host; the library does not use them.
+    // The next three options are stored and saved for the host. The library does not use them.
     bool dgitizePiecesView() const;
     void setDgitizePiecesView(bool on);
     bool viewDigizedPoints() const;
@@ -89,65 +90,67 @@ public:
     bool highPrecision() const;
     void setHighPrecision(bool on);
 
-    /// Whether the serial input is read report by report, each checked against the template. Off by
-    /// default, taken at the next open(), not one of the saved settings. The "Lectra E92", and a
-    /// driver whose template has no or more than 512 characters, is read without it.
+    /// Whether serial input is read report by report, each checked against the template. Default:
+    /// false. Takes effect at the next open(); not saved. Has no effect on the "Lectra E92", and on
+    /// a driver whose template is empty or has more than 512 characters.
     ///
-    /// Off: a report is read when exactly one is waiting, whatever its characters are; reports that
+    /// Off: a report is read when exactly one is waiting, whatever its characters are. Reports that
     /// arrive together stay unread until the port is opened again.
     ///
-    /// On: each report that fits the template is handed over by itself, in order, however many
-    /// arrived together; what does not fit is passed over and told by inputEvents(). A template
-    /// without line ends, in which a shifted report could fit too, has its reports handed over when
-    /// the line has paused (150 ms and four characters). Not promised: damage that leaves another
-    /// well-formed report, a changed digit for instance, cannot be seen.
+    /// On: each report that fits the template is delivered separately and in order, however many
+    /// arrived together. Bytes that do not fit are passed over and announced by inputEvents(). If a
+    /// template has no line ends and a shifted report could also fit, reports are delivered after a
+    /// pause in the input (150 ms and the time of four characters). Not promised: that damage is
+    /// found if it leaves another well-formed report, such as a changed digit.
     bool checkedReading() const;
     void setCheckedReading(bool on);
 
-    /// Returns what tells of passed-over bytes, unread input and a lost port. The driver owns it;
-    /// it lives as long as the driver.
+    /// Returns the object that signals bytes passed over, unread input and a lost port. It is owned
+    /// by the driver and lives as long.
     InputEvents* inputEvents();
 
-    /// Returns "No Error has occurred" when the selected device can be used; otherwise the reason:
-    /// "Digitizer Not Present..." (translated) when no installed description has the driver's name,
+    /// Returns "No Error has occurred" if the selected device can be used. Otherwise returns
+    /// "Digitizer Not Present..." (translated) if no installed description has the driver's name,
     /// or the serial port's error text.
     ///
-    /// Copies the shipped descriptions into the folder "generated" of the host's application data
-    /// location when that folder exists and is empty. Opens the port for a moment; neither reads
+    /// Copies the shipped descriptions to the folder "generated" of the host's application data
+    /// location if that folder exists and is empty. Opens the port for a moment, but neither reads
     /// nor writes. Shows nothing and throws nothing.
     static QString deviceExist();
 
-    /// Opens the selected device. Returns true if it is open; otherwise returns false, and for a
-    /// serial port has shown a warning. Input that arrived before is discarded. A device that is
-    /// open already is replaced without being closed first.
+    /// Opens the selected device. Returns true if it is open; otherwise returns false and, for a
+    /// serial port, has shown a warning. Serial input that arrived before is discarded. A device
+    /// that is already open is replaced without being closed first.
     ///
     /// With the device "File:" it may ask the user about waiting pen files and imports them before
-    /// it returns; false then means that the directory is not there or cannot be watched, or that
-    /// the user chose not to import. With a settle time it can always be watched, and files that do
-    /// not stand still yet are imported later.
+    /// it returns. Returns false if the directory does not exist or cannot be watched, or if the
+    /// user chose not to import. With a settle time every directory can be watched, and files that
+    /// have not settled yet are imported later.
     bool open();
 
-    /// Starts the delivery of a serial port's reports. To be called once after each open(); without
-    /// effect on the pen road, where reports come by themselves.
+    /// Starts to deliver the reports of a serial port. To be called once after each successful
+    /// open(). Does nothing for pen input, which needs no such call.
     void readReport();
 
     /// Closes the device. Returns true if a serial port was closed, after one closing report: both
-    /// coordinates the smallest positive normal double, button number 5 for a description with four
-    /// buttons and 14 otherwise. Returns false on the pen road and when no port is there.
+    /// coordinates are the smallest positive normal double, the button number is 5 for a
+    /// description with four buttons and 14 otherwise. Returns false for pen input and if there is
+    /// no port.
     bool close();
 
-    /// Returns whether the device is open: the port on the serial road, the watch on the pen road.
+    /// Returns whether the device is open: the serial port, or for pen input the watched directory.
     bool active() const;
 
-    /// Sends the beep command of the selected driver's description to the port. Does nothing when
-    /// there is no such command or no port. Reports nothing. Reads the description file anew.
+    /// Sends the beep command in the selected driver's description to the port. Does nothing if
+    /// there is no such command or no port; errors are not reported. Reads the description file
+    /// anew.
     void digitBeep();
 
-    /// Decodes the text of the last chunk that was read. Coordinates are centimetres. No character
-    /// is checked: malformed digits give whatever value the arithmetic yields.
+    /// Decodes the last chunk that was read. Coordinates are in centimetres. Characters are not
+    /// checked: malformed digits give whatever the arithmetic yields.
     DigitalReport parseReportText(ParseReportFlags flags);
 
-    /// Returns the point in centimetres whose digits \a xDigits and \a yDigits hold in ascending
+    /// Returns the point in centimetres with the digits \a xDigits and \a yDigits, in ascending
     /// order of their positions. The exponents are the powers of ten of the leading digits.
     GeoPoint2D getCoordinate(QMap<int, char> xDigits, QMap<int, char> yDigits,
                              QMap<int, char> signs, short xExponent, short yExponent);
@@ -171,7 +174,7 @@ private Q_SLOTS:
 private:
     friend class DigipenFileDigitalization; // decodes pen commands with m_argument
 
-    // An importer may be replaced while it imports; it then lives until its loop has ended.
+    // An importer may be replaced while it imports. It then lives until its loop has ended.
     struct ReleaseImporter
     {
         Q_DECL_HIDDEN void operator()(DigipenFileDigitalization* importer) const;
@@ -207,16 +210,16 @@ private:
     bool m_pen_mode = false;
 
 public:
-    /// The host's mode code; 50 to 59 put the pen road into its internal mode. Written by the host
-    /// only.
+    /// The host's mode code. 50 to 59 put the pen input into its internal mode. Default: 0. Only
+    /// the host writes it.
     int m_host_mode = 0;
 
 private:
     std::unique_ptr<DigipenFileDigitalization, ReleaseImporter> m_pen_file;
     boost::scoped_ptr<ReportLayout> m_layout; // of m_argument
     bool m_checked_reading = false;
-    boost::scoped_ptr<CheckedInput> m_checked; // of m_port, when it was opened with checked reading
-    boost::scoped_ptr<InputEvents> m_events;   // when the host has asked for them
+    boost::scoped_ptr<CheckedInput> m_checked; // of m_port, if that was opened with checked reading
+    boost::scoped_ptr<InputEvents> m_events;   // if the host has asked for them
     boost::scoped_ptr<QTimer> m_unread;        // runs while input is unread
     int m_pen_file_settle_time = 0;            // milliseconds
 };

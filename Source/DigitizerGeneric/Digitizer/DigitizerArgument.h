@@ -31,15 +31,15 @@ enum ReportFormatValues : std::int32_t {
     FORMAT_LINE_FEED = 8, ///< "L", the line feed
 };
 
-/// The code of a cursor button: three characters, of which a description says how many count.
+/// The code of a cursor button. A description says how many of its three characters are compared.
 struct ButtonValue
 {
     std::array<char, 3> m_code = {' ', ' ', ' '};
 };
 
-/// The description of one kind of tablet, as its description file gives it.
+/// The description of one kind of tablet, as read from its description file.
 ///
-/// A plain record: copies are deep, nothing is checked or cached here.
+/// A plain record: copies are deep, and nothing is checked or cached.
 class DIGITIZERGENERIC_EXPORT DigitizerArgument
 {
 public:
@@ -47,19 +47,19 @@ public:
     /// template and no buttons.
     DigitizerArgument() = default;
 
-    /// Stores each argument in the field of the same position; the lengths keep their sign in
-    /// 64 bits.
+    /// Stores each argument in the field at the same position. The lengths keep their sign in 64
+    /// bits.
     DigitizerArgument(bool fourButtons, PortSettings settings, short resolution,
                       ResolutionUnit unit, short reportLength,
                       std::vector<ReportFormatValues> reportFormat, short buttonCodeLength,
                       std::vector<ButtonValue> buttons);
 
     /// Returns a new record of the installed description whose root "name" equals \a driverName
-    /// exactly; when there is none, or its report template is broken, the record of a driver that
-    /// no file describes. Never null. The caller owns it.
+    /// exactly. If there is none, or its report template is broken, returns the record of a driver
+    /// that no file describes. Never null. The caller owns it.
     ///
-    /// Reads the files anew on every call. Reports nothing; the logging category
-    /// mavsystem.descriptions tells why a file was passed over. Thread: the main thread.
+    /// Reads the files anew on every call. Errors are not reported; the logging category
+    /// mavsystem.descriptions says why a file was skipped. Thread: the main thread.
     static DigitizerArgument* digitizerArgument(const QString& driverName);
 
     bool m_fourButtons = false; ///< "count" of the buttons is exactly "4"
@@ -68,8 +68,8 @@ public:
     ResolutionUnit m_resolutionUnit = LPMM;
     std::uint64_t m_reportLength = 0;               ///< characters of one report
     std::vector<ReportFormatValues> m_reportFormat; ///< one role for each character
-    std::uint64_t m_buttonCodeLength = 0;           ///< leading characters of a code that count
-    std::vector<ButtonValue> m_buttons;             ///< an entry's index is its button's number
+    std::uint64_t m_buttonCodeLength = 0; ///< leading characters of a code that are compared
+    std::vector<ButtonValue> m_buttons;   ///< an entry's index is its button's number
 };
 
 } // namespace MavSystem

@@ -9,12 +9,12 @@
 
 #include <string_view>
 
-/// The decoding that tablet reports and pen commands share: values in, values out.
+/// The decoding of tablet reports and pen commands: values in, values out.
 ///
-/// A field is the text of its characters in the order of their positions.
+/// A field holds its characters in the order of their positions.
 namespace MavSystem::FieldDecoding {
 
-/// Flags of reportOf(): what is decoded; the rest of the report stays 0.
+/// Flags of reportOf() that say what to decode; the rest of the report stays 0.
 inline constexpr int decodeButton = 1;
 inline constexpr int decodeCoordinate = 2;
 
@@ -31,15 +31,15 @@ double powerOfTen(int exponent);
 /// Returns the signs of x (first character) and y (every later one): -1 for '-', +1 otherwise.
 Signs signsOf(std::string_view characters);
 
-/// Returns the sum of each digit times its power of ten, \a leadingExponent being that of the first
-/// digit. No character is checked. An empty field gives 0.
+/// Returns the sum of each digit times its power of ten. \a leadingExponent is that of the first
+/// digit. Characters are not checked. Returns 0 for an empty field.
 double magnitudeOf(std::string_view digits, short leadingExponent);
 
 /// Returns the point in centimetres, scaled by the resolution of \a description.
 GeoPoint2D coordinateOf(const DigitizerArgument& description, std::string_view xDigits,
                         std::string_view yDigits, Signs signs, short xExponent, short yExponent);
 
-/// Returns the number of the button with \a code: 1 to 4 or 0 to 15, 0 when there is none.
+/// Returns the number of the button with \a code, 1 to 4 or 0 to 15, or 0 if there is none.
 short buttonNumberOf(const DigitizerArgument& description, const ButtonValue& code);
 
 /// Returns the report decoded from \a text. \a layout is that of \a description; \a text holds at
@@ -47,12 +47,12 @@ short buttonNumberOf(const DigitizerArgument& description, const ButtonValue& co
 DigitalReport reportOf(const DigitizerArgument& description, const ReportLayout& layout,
                        const char* text, int flags);
 
-/// Whether the driver named \a driver is the "Lectra E92", in any letter case: the one tablet whose
-/// reports have a layout of their own.
+/// Returns whether \a driver is the "Lectra E92", in any letter case. This is the only tablet whose
+/// reports have a built-in layout.
 bool isLectraE92(const QString& driver);
 
-/// Returns the report decoded from the fixed layout of the "Lectra E92"; button number -1 at (0, 0)
-/// when it is rejected. \a text holds at least 23 characters.
+/// Returns the report decoded from the fixed layout of the "Lectra E92", or button number -1 at (0,
+/// 0) if it is rejected. \a text holds at least 23 characters.
 DigitalReport lectraE92ReportOf(const char* text);
 
 } // namespace MavSystem::FieldDecoding

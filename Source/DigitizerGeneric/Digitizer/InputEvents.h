@@ -10,27 +10,28 @@
 
 namespace MavSystem {
 
-/// What happens on the serial input beside the reports. Reached through Digitizer::inputEvents().
+/// Events of the serial input other than reports. See Digitizer::inputEvents().
 ///
-/// From inside a slot a host may call any operation of Digitizer, show a modal dialog or throw, as
-/// in its report handler. Thread: that of the host's event loop. Nothing is emitted for pen input.
+/// Inside a slot a host may call any operation of Digitizer, show a modal dialog or throw, as in
+/// its report handler. Thread: that of the host's event loop. Nothing is emitted for pen input.
 class DIGITIZERGENERIC_EXPORT InputEvents : public QObject
 {
     Q_OBJECT
 
 Q_SIGNALS:
-    /// With checked reading: these bytes were no report and were not handed over. A damaged report
-    /// comes out by itself where the template ends in a line end, noise in pieces of any size.
+    /// With checked reading: \a bytes were not part of a report and were not delivered. If the
+    /// template ends with a line end, a damaged report is announced separately. Noise is announced
+    /// in pieces of any size.
     void bytesPassedOver(const QByteArray& bytes);
 
-    /// Without checked reading: so many bytes have been waiting for a second, which is not one
-    /// report, and nothing is read any more. To close and open again discards them.
+    /// Without checked reading: \a bytes, a number other than that of one report, have been waiting
+    /// for a second, and nothing is read any more. Closing and opening the port discards them.
     void inputUnread(qint64 bytes);
 
-    /// The port is gone, for instance because the cable was pulled; \a reason is the port's error
+    /// The port is lost, for example because the cable was pulled. \a reason is the port's error
     /// text. Emitted once for each open(), after the reports that arrived before. active() stays
-    /// true until close(); open() can be tried at any time. Needs readReport() to have been called
-    /// where checked reading is on.
+    /// true until close(); open() may be tried at any time. With checked reading, emitted only
+    /// after readReport() was called.
     void portLost(const QString& reason);
 };
 

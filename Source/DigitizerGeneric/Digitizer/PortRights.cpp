@@ -29,7 +29,7 @@ QString rightsProblem(const QString& device)
     const QFileInfo port(portPath(device));
     if (!port.exists())
         return QStringLiteral(
-                   "there is no port %1; check its name, and whether its cable is plugged in")
+                   "there is no port %1; check the name, and whether the cable is plugged in")
             .arg(port.filePath());
     if (port.isFile() || port.isDir())
         return QStringLiteral("%1 is not a serial port").arg(port.filePath());
@@ -46,8 +46,8 @@ QString rightsAdvice(const PortRights& rights)
         return QStringLiteral("%1: it belongs to the group %2; join it with "
                               "'sudo usermod -aG %2 $USER' and log in again")
             .arg(start, rights.group);
-    return QStringLiteral("%1: only its owner %2 may (rights %3); let an administrator give it to "
-                          "a group, such as dialout, with read and write rights")
+    return QStringLiteral("%1: only its owner %2 may (permissions %3); ask an administrator to "
+                          "give a group, such as dialout, read and write permission")
         .arg(start, rights.owner,
              QString::number(rights.mode, 8).rightJustified(4, QLatin1Char('0')));
 }

@@ -6,7 +6,7 @@
 
 namespace MavSystem {
 
-/// The rights on a device file, in names.
+/// The permissions of a device file, with the names of its owner and group.
 struct PortRights
 {
     QString path;
@@ -15,15 +15,15 @@ struct PortRights
     unsigned mode = 0; ///< permission bits
 };
 
-/// Returns the path of the port that a user may also name without "/dev/".
+/// Returns the path of the port \a device, which may be given without "/dev/".
 QString portPath(const QString& device);
 
-/// Returns why this user may not use \a device as a serial port and what to do, or an empty text.
-/// Does not open it.
+/// Returns why this user may not use \a device as a serial port and what to do about it, or an
+/// empty text. Does not open it.
 QString rightsProblem(const QString& device);
 
-/// Returns what a user can do to be allowed to use the port: which group to join and how, or that
-/// its rights have to be changed.
+/// Returns what a user can do to get access to the port: which group to join and how, or that its
+/// permissions must be changed.
 QString rightsAdvice(const PortRights& rights);
 
 } // namespace MavSystem

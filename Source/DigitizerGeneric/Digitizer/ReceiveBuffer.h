@@ -8,12 +8,12 @@
 
 namespace MavSystem {
 
-/// The text of the last chunk read from a port, one for the process: zero-terminated, zero at
-/// start. A shorter chunk leaves the tail of a longer one behind its terminator.
+/// The last chunk read from a port, zero-terminated; one buffer for the process, initially zero.
+/// After a shorter chunk, the tail of a longer one remains behind the terminator.
 inline constexpr int receiveBufferCharacters = ReportLayout::maximumCharacters;
 char* receiveBuffer();
 
-/// Puts \a count characters, which are no more than receiveBufferCharacters, into the buffer.
+/// Copies \a count characters to the buffer, at most receiveBufferCharacters.
 void storeReportText(const char* characters, std::size_t count);
 
 } // namespace MavSystem

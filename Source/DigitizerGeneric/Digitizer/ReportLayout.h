@@ -8,13 +8,13 @@
 
 namespace MavSystem {
 
-/// The report template of a description, made ready for decoding: where the characters that matter
-/// are and what each digit is worth. Deciding that for each character of each report costs three
-/// times as much as the decoding itself.
+/// The report template of a description, prepared for decoding: the positions of the relevant
+/// characters and the weight of each digit. Working that out for each report takes three times as
+/// long as the decoding itself.
 class ReportLayout
 {
 public:
-    /// Characters of a report that are looked at; a template longer than this is cut.
+    /// The characters of a report that are read; a longer template is cut.
     static constexpr int maximumCharacters = 512;
 
     struct Digit
@@ -29,7 +29,7 @@ public:
     std::vector<Digit> y;
     std::vector<int> button; ///< at most three positions, as many as a code has characters
     int xSign = -1;          ///< the first sign position; -1 when there is none
-    int ySign = -1;          ///< the last of the other ones; -1 when there is none
+    int ySign = -1;          ///< the last of the other sign positions; -1 if there is none
 };
 
 } // namespace MavSystem

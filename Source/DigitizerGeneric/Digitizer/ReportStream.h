@@ -12,34 +12,34 @@
 
 namespace MavSystem {
 
-/// What comes out of a stream of bytes: one report, or bytes that belong to none.
+/// An item of a stream of bytes: one report, or bytes that do not belong to a report.
 struct StreamItem
 {
     QByteArray bytes;
     bool isReport = false;
 };
 
-/// Finds the reports in a stream of bytes by the template, and finds them again after garbage or a
-/// lost byte. Bytes and pauses in, items out; every byte comes out once, in order.
+/// Finds the reports in a stream of bytes by the template, also after garbage or a lost byte. Bytes
+/// and pauses go in, items come out; every byte comes out once, in order.
 ///
-/// Each character of a report has to be one that its role allows. A report begins where the one
-/// before ended or after a pause. How the place is found again after bytes that do not fit:
-/// - With line ends in the template: behind a line end, or at one that the template begins with. A
-///   line that is longer than its report is passed over whole.
+/// Each character of a report must be one that its role allows. A report begins where the previous
+/// one ended, or after a pause. After bytes that do not fit, the next report begins:
+/// - With line ends in the template: after a line end, or at one if the template begins with it. A
+///   line that is longer than its report is passed over completely.
 /// - Without: anywhere.
-/// - Where two reports would fit that overlap each other, all is kept until a pause. After it,
-///   reports of a template without line ends are taken if they are whole ones from the pause
-///   before to this one, and everything else is passed over.
-/// Damage that leaves a well-formed report behind cannot be seen.
+/// - If two overlapping reports would fit, everything is kept until a pause. If the template has no
+///   line ends and all bytes since the previous pause are whole reports, those are taken. Otherwise
+///   the bytes are passed over.
+/// Damage that leaves a well-formed report cannot be detected.
 class ReportStream
 {
 public:
-    /// Longer templates are not checked, since the decoding cuts them.
+    /// Longer templates are not checked, because the decoding cuts them.
     static constexpr int maximumCharacters = 512;
 
     explicit ReportStream(const DigitizerArgument& description);
 
-    /// Goes on by the template of \a description; what waits stays.
+    /// Continues with the template of \a description; waiting bytes are kept.
     void setTemplate(const DigitizerArgument& description);
 
     /// Returns whether the template can be checked: it has 1 to maximumCharacters characters.
@@ -48,23 +48,23 @@ public:
     /// Adds bytes that have arrived.
     void append(const QByteArray& bytes);
 
-    /// Says that nothing has arrived for a while. No report has a pause in it: what has begun will
-    /// not be completed, and the next byte is the first one of a report.
+    /// To be called when nothing has arrived for a while. No report contains a pause: an incomplete
+    /// report will not be completed, and the next byte is the first of a report.
     void pause();
 
-    /// Returns the next item, or nothing until more bytes or a pause come.
+    /// Returns the next item, or nothing if more bytes or a pause are needed.
     std::optional<StreamItem> next();
 
     /// Returns whether a pause would change anything.
     bool needsPause() const { return size() > 0 || m_lost; }
 
-    /// Returns the characters of a report.
+    /// Returns the number of characters in a report.
     int reportSize() const { return int(m_allowed.size()); }
 
     /// Returns whether a report may have \a character at \a position.
     bool allows(int position, char character) const;
 
-    /// Returns the milliseconds without a byte that make a pause on a line with \a settings.
+    /// Returns how many milliseconds without a byte are a pause with the serial \a settings.
     static int pauseMilliseconds(const PortSettings& settings);
 
 private:

@@ -18,15 +18,15 @@ QString penProblem()
     const QString directory = penDirectory();
     return QFileInfo(directory).isDir()
                ? QString()
-               : QStringLiteral("there is no directory \"%1\" for the pen's files (the setting "
-                                "digitizer_file_directory)")
+               : QStringLiteral("there is no directory \"%1\" for pen files; check the setting "
+                                "digitizer_file_directory")
                      .arg(directory);
 }
 
 QString tabletProblem(const DescribedDriver& driver, const QString& device)
 {
     if (!driver.takesReports())
-        return QStringLiteral("%1 has no usable report template: it is a pen's, or broken")
+        return QStringLiteral("%1 has no usable report template: it is for a pen, or it is broken")
             .arg(driver.file);
     const QString problem = rightsProblem(device);
     if (!problem.isEmpty())
@@ -34,11 +34,12 @@ QString tabletProblem(const DescribedDriver& driver, const QString& device)
     const QString answer = Digitizer::deviceExist();
     if (answer == QLatin1String("No Error has occurred"))
         return {};
-    // The rights are there, so that it is another program which denies the permission.
+    // The permissions are sufficient, so another program has the port.
     const bool isTaken = answer == QLatin1String("Device is already locked") ||
                          answer == QLatin1String("Permission denied");
-    return isTaken ? QStringLiteral("another program has %1 open; end it first").arg(device)
-                   : QStringLiteral("%1 does not open: %2").arg(portPath(device), answer);
+    return isTaken
+               ? QStringLiteral("another program has %1 open; close that program first").arg(device)
+               : QStringLiteral("cannot open %1: %2").arg(portPath(device), answer);
 }
 
 } // namespace

@@ -8,18 +8,19 @@
 
 namespace MavSystem {
 
-/// The device that is selected in Digitizer, asked about in words.
+/// Says in words whether the device selected in Digitizer can be used.
 class DIGITIZERGENERIC_EXPORT SelectedDevice
 {
 public:
-    /// Returns why the selected device cannot be used and what to do, a sentence for the user; an
-    /// empty text when it can. For a tablet: no installed description has the driver's name, the
-    /// description takes no reports, there is no such port, this user may not use it, or it does
-    /// not open, for instance because another program has it. For the pen, "File:": no description,
-    /// or the directory of pen files is not there.
+    /// Returns a sentence for the user that says why the selected device cannot be used and what to
+    /// do about it, or an empty text if it can be used. Reasons for a tablet: no installed
+    /// description has the driver's name, the description has no usable report template, there is
+    /// no such port, the user may not use it, or it cannot be opened, for example because another
+    /// program has it open. Reasons for the pen, "File:": no such description, or no directory of
+    /// pen files.
     ///
-    /// Asks Digitizer::deviceExist(), which opens the port for a moment; shows nothing. Not to be
-    /// asked while the device is open: its port is then taken, by this driver. Thread: the main
+    /// Calls Digitizer::deviceExist(), which opens the port for a moment. Shows nothing. Not to be
+    /// called while the device is open: the port is then in use by this driver. Thread: the main
     /// thread. Not promised: that open() succeeds afterwards.
     static QString problem();
 };

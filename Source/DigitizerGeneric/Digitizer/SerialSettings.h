@@ -9,12 +9,12 @@
 
 #include <map>
 
-/// The texts of a device description's serial settings and the port's enumerators for them.
+/// The values of the serial settings in a device description, and the port's enumerators for them.
 ///
-/// Keys match exactly: no trimming, no case folding, no numeric parsing. A text looked up with the
-/// subscript operator that is no key stays in the table with the enumeration's value 0.
-/// Each function returns the one table of the process, made at the first call and modifiable.
-/// Thread: the main thread, since a look-up may modify the table.
+/// Keys match exactly: no trimming, no case folding, no numeric parsing. Looking up an unknown key
+/// with the subscript operator adds it to the table with the enumeration's value 0. Each function
+/// returns the only table of its kind in the process, created by the first call and modifiable.
+/// Thread: the main thread, because a look-up may modify the table.
 namespace MavSystem {
 
 /// "150" to "19200" bits a second.

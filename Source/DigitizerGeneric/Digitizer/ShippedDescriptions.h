@@ -15,17 +15,17 @@ struct ShippedDescription
     QByteArray content;
 };
 
-/// Returns the descriptions in the host's plug-in directory; when there are none, those inside this
-/// library.
+/// Returns the descriptions in the host's plug-in directory, or, if there are none, those inside
+/// this library.
 QVector<ShippedDescription> shippedDescriptions();
 
-/// Brings the folder \a folder up to date with \a shipped, as DescriptionFolder::prepare()
-/// promises, and keeps the record beside it. Returns an empty text, or what could not be done.
+/// Updates the folder \a folder with \a shipped, as DescriptionFolder::prepare() promises, and
+/// keeps the record next to it. Returns an empty text, or what could not be done.
 QString installShippedDescriptions(const QVector<ShippedDescription>& shipped,
                                    const QString& folder);
 
-/// Makes \a content the content of the description \a path; creates its folder when it is missing.
-/// Returns an empty text, or what could not be done.
+/// Writes \a content to the description \a path and creates its folder if it is missing. Returns an
+/// empty text, or what could not be done.
 QString writeDescription(const QString& path, const QByteArray& content);
 
 } // namespace MavSystem

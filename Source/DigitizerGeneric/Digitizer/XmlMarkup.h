@@ -6,10 +6,11 @@
 
 namespace MavSystem {
 
-/// Returns \a document with blanks for all that is neither a tag nor a declaration: comments, CDATA
-/// sections, processing instructions and the text of elements. Every position stays what it was.
+/// Returns \a document with everything blanked out that is neither a tag nor a declaration:
+/// comments, CDATA sections, processing instructions and the text of elements. Positions do not
+/// change.
 ///
-/// Exact as far as the document is well-formed and declares no entities.
+/// Exact if the document is well-formed and declares no entities.
 QString markupOf(QString document);
 
 } // namespace MavSystem
