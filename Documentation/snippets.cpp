@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 //
-// What the pages show beside the example hosts. It is compiled with the tests, as a host is.
+// Code in the pages that is not in an example host. It is compiled with the tests, as a host is.
 class Drawing
 {
 public:
@@ -39,7 +39,7 @@ QString startDigitizing(Drawing* drawing, const QString& driver, const QString& 
     return problem;
 }
 
-// A description that the application brings along or that its user has chosen.
+// Installs a description that comes with the application or that its user has chosen.
 QString addTablet(const QString& file)
 {
     const DescriptionFolder::Result installed = DescriptionFolder::install(file);
