@@ -7,7 +7,7 @@
 
 #include <optional>
 
-/// Shows the points in their order, joined by lines.
+/// Shows the points, joined by lines in their order.
 class Drawing : public QGraphicsView
 {
 public:

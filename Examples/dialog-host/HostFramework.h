@@ -7,8 +7,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 
-/// What the library asks of this application: message boxes on top of its window. The folders are
-/// the default ones.
+/// What the library needs from this application: message boxes with its window as parent. The
+/// folders are the default ones.
 class HostFramework : public MavSystem::MavApplication
 {
 public:

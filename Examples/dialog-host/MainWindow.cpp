@@ -23,8 +23,8 @@ MainWindow::MainWindow()
 
     DigitalReport::registerHandle([this](const DigitalReport& report) { take(report); });
     const auto digitizer = Digitizer::instance();
-    digitizer->setCheckedReading(true);   // take what fits the tablet's template
-    digitizer->setPenFileSettleTime(500); // leave pen files alone while they are written
+    digitizer->setCheckedReading(true);   // accept only what fits the tablet's template
+    digitizer->setPenFileSettleTime(500); // import pen files only when they are complete
     watchInput();
 }
 
@@ -46,7 +46,8 @@ void MainWindow::watchInput()
 {
     const InputEvents* const events = Digitizer::instance()->inputEvents();
     connect(events, &InputEvents::bytesPassedOver, this, [this](const QByteArray& bytes) {
-        showStatus(QString("%1 bytes were no report; a point may be missing.").arg(bytes.size()));
+        showStatus(QString("Bytes that are not part of a report: %1. A point may be missing.")
+                       .arg(bytes.size()));
     });
     connect(events, &InputEvents::portLost, this, [this](const QString& reason) {
         showStatus("The port is lost: " + reason + ". Open it again when it is back.");

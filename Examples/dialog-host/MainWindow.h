@@ -9,7 +9,7 @@
 
 #include <QMainWindow>
 
-/// An application's window, to which the digitizer was added.
+/// The window of an application that uses the digitizer.
 class MainWindow : public QMainWindow
 {
 public:
@@ -17,7 +17,7 @@ public:
     ~MainWindow() override;
 
     /// Opens the port, or with "File:" the directory of pen files in the settings. Returns an empty
-    /// text, or why that is not possible.
+    /// text, or why that failed.
     QString openDigitizer(const QString& driver, const QString& port);
 
 private:

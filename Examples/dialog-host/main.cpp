@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 //
-// A window with a drawing, to which the digitizer was added. It prints each point too.
+// A window with a drawing that uses the digitizer. It also prints each point.
 //   dialog-host [DRIVER PORT]
 #include "MainWindow.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 //
-// The smallest host: prints each point that is taken from a tablet, and what else happens.
+// A minimal host: prints each point from a tablet, and other events.
 //   example-host DRIVER PORT
 // Without arguments it lists the drivers.
 #include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
