@@ -6,13 +6,13 @@ set(libraries DigitizerGeneric MavCore QextSerialPort)
 get_property(programs GLOBAL PROPERTY digitizer_programs)
 get_property(manual_pages GLOBAL PROPERTY digitizer_manual_pages)
 
-# Builds what is installed and nothing else.
+# Builds only what is installed.
 add_custom_target(installation)
 list(TRANSFORM programs APPEND -manual OUTPUT_VARIABLE manuals)
 add_dependencies(installation ${libraries} ${manuals})
 
-# A build of other targets can be incomplete. That is found before anything is copied, so that an
-# installation is never half of one.
+# After a build of other targets, files may be missing. This is checked before anything is copied, so
+# that an installation is never incomplete.
 set(built_files ${manual_pages})
 foreach(target IN LISTS libraries programs)
   list(APPEND built_files $<TARGET_FILE:${target}>)
@@ -69,8 +69,8 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/DigitizerGenericConfigVer
 install(FILES ${PROJECT_BINARY_DIR}/DigitizerGenericConfig.cmake
               ${PROJECT_BINARY_DIR}/DigitizerGenericConfigVersion.cmake DESTINATION ${package_directory})
 
-# The same for hosts that are not built with CMake. The paths start at the file, so that the folder of
-# the installation can be moved.
+# The same for hosts that are not built with CMake. The paths are relative to the file, so that the
+# installation folder can be moved.
 file(RELATIVE_PATH include_directory
      ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_FULL_INCLUDEDIR})
 list(TRANSFORM libraries PREPEND -l OUTPUT_VARIABLE link_options)

@@ -1,10 +1,10 @@
-# Part of the installation script: says what went where and how to find it there.
+# Part of the installation script: says where everything was installed and how to use it from there.
 set(prefix $ENV{DESTDIR}${CMAKE_INSTALL_PREFIX})
 message(STATUS "Installed to ${prefix}:
   ${BINDIR}: the programs
   ${LIBDIR}: the libraries, for CMake in cmake/DigitizerGeneric, for pkg-config in pkgconfig
   ${INCLUDEDIR}/DigitizerGeneric: the headers
-  ${DATADIR}/DigitizerGeneric: the descriptions of tablets in Plugins, hosts and files to start from in examples
+  ${DATADIR}/DigitizerGeneric: tablet descriptions in Plugins, example hosts and files in examples
   ${MANDIR}/man1: the manual pages
   ${DOCDIR}: the licence
 To use it from there:
