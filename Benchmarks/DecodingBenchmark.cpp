@@ -17,9 +17,9 @@
 #include <iterator>
 #include <regex>
 
-// Decoding one report of 15 characters, five and five digits and a button, into a point and a
-// button number: the library, which goes by the description's template, against decoders that
-// are written for this one layout.
+// Decoding one report of 15 characters (twice five digits and a button) into a point and a button
+// number: the library, which uses the description's template, against decoders that are written for
+// this layout only.
 
 using namespace MavSystem;
 using namespace ReferenceHost;
@@ -134,7 +134,7 @@ QByteArray description()
            buttons + QByteArrayLiteral("</buttons></d>");
 }
 
-// The library decodes what came over the line last, so one report travels there first.
+// The library decodes the last chunk that it read, so one report is sent first.
 bool receiveOneReport(PseudoTerminal& tablet)
 {
     const auto digitizer = Digitizer::instance();

@@ -17,9 +17,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-// The time and the peak of memory of one look-up of a description, in a folder with many files and
-// beside hostile ones, against parsing each file whole. Every case runs in a process of its own,
-// since a peak of memory is the process's.
+// The time and the peak memory of one look-up of a description, in a folder with many files and
+// with hostile ones, against parsing every file completely. Each case runs in a separate process,
+// because peak memory is measured per process.
 
 using namespace MavSystem;
 
@@ -94,7 +94,7 @@ bool lookUp(const QString& name)
     return right == (name == QLatin1String(wanted));
 }
 
-// The rival: what the search does in words, every file whole.
+// The rival: the search as specified, parsing every file completely.
 bool parseEveryFile(const QString& name)
 {
     QDir folder(MavApplication::instance()->appDataLocation());
@@ -127,12 +127,12 @@ double medianMilliseconds(const Search& search, const QString& name, bool& right
     return times[4];
 }
 
-// In the process that measures.
+// Runs in the process that is measured.
 int measure(const char* title, const Search& search)
 {
     bool right = true;
     const double present = medianMilliseconds(search, QLatin1String(wanted), right);
-    // A name that no file has makes the search look at all of them, whatever their order.
+    // With a name that no file has, the search reads all files, whatever their order.
     const double absent = medianMilliseconds(search, QStringLiteral("Absent"), right);
     rusage usage = {};
     getrusage(RUSAGE_SELF, &usage);
@@ -166,9 +166,9 @@ int main()
                 "absent, ms", "peak, MiB", "result");
     int status = run("one file", wantedAlone, lookUp);
     status |= run("2,000 files, 10 of them broken", manyFiles, lookUp);
-    status |= run("the same, each file parsed whole", manyFiles, parseEveryFile);
-    status |= run("beside an entity bomb of 64 kB", entityBomb, lookUp);
-    status |= run("beside 500,000 nested elements", nestedElements, lookUp);
-    status |= run("beside a sparse file of 1 GiB", sparseFile, lookUp);
+    status |= run("the same, each file parsed completely", manyFiles, parseEveryFile);
+    status |= run("with an entity bomb of 64 kB", entityBomb, lookUp);
+    status |= run("with 500,000 nested elements", nestedElements, lookUp);
+    status |= run("with a sparse file of 1 GiB", sparseFile, lookUp);
     return status == 0 ? 0 : 1;
 }

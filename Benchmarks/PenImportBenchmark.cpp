@@ -17,8 +17,8 @@
 #include <cstring>
 #include <random>
 
-// Importing one pen file of a million lines into a callback that adds up: the library against what
-// one would write at once with Qt, and against a C function that does only this.
+// Importing one pen file of a million lines into a callback that adds up: the library against
+// straightforward Qt code, and against a C function that does only this.
 
 using namespace MavSystem;
 
@@ -28,7 +28,7 @@ constexpr int lines = 1000000;
 constexpr unsigned seed = 20260101;
 constexpr double resolution = 10;
 
-QString penFile; // path of the file while it is waiting
+QString penFile; // path of the waiting file
 QString importedFile;
 
 struct Total
@@ -101,7 +101,7 @@ Total withCFunction(const QByteArray& path)
     return decisions.total;
 }
 
-// As it is written first.
+// As one would write it first.
 Total withTwoExpressions(const QString& path)
 {
     static const QRegularExpression buttonPattern(QStringLiteral("^A[^-]*-.\\s*([-+]?\\d+)"));
@@ -126,7 +126,7 @@ Total withTwoExpressions(const QString& path)
     return decisions.total;
 }
 
-// As it is written by someone who has measured it.
+// As one would write it after measuring.
 Total withOneExpression(const QString& path)
 {
     static const QRegularExpression pattern(

@@ -6,5 +6,5 @@
 
 /// Runs all benchmarks of the program, interleaved and repeated, and prints a table: the median
 /// time of each, its checksum, and its ratio to that of the benchmark named \a subject. Returns the
-/// exit status: 1 when the checksums differ, since then they did not do the same work.
+/// exit status: 1 if the checksums differ, because the work was then not the same.
 int runWithRatios(int argc, char** argv, const std::string& subject);

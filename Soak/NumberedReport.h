@@ -10,14 +10,14 @@
 #include <optional>
 #include <random>
 
-/// Reports that carry their number, so that each one that is handed over says which one it is.
+/// Reports that contain their number, so that each delivered report shows which one it is.
 namespace NumberedReport {
 
 using MavSystem::DigitalReport;
 
 inline constexpr int largest = 9999999;
 
-/// The tablet that sends them, and what a pen's files are decoded by: a count is 0.1 mm.
+/// The description of the tablet that sends them, also used for the pen files: a count is 0.1 mm.
 inline constexpr char description[] =
     "<d name='Soak'><ioPort><serial baudrate='19200' databit='8' parity='None' stopbit='1' "
     "flowctrl='none'/></ioPort><resolution unit='LPMM'>10</resolution>"
@@ -31,7 +31,7 @@ inline DigitalReport reportOf(int x, int y, int button)
     return report;
 }
 
-/// Returns whether both have the same point, to the last bit, and the same button.
+/// Returns whether both have exactly the same point and the same button.
 inline bool isSame(const DigitalReport& one, const DigitalReport& other)
 {
     return one.coordinate().x() == other.coordinate().x() &&
@@ -40,7 +40,7 @@ inline bool isSame(const DigitalReport& one, const DigitalReport& other)
 }
 
 /// Returns the bytes of report \a number, which is 0 to largest. y and the button follow from x, so
-/// that no single damage makes one number another.
+/// that a single damage cannot turn one number into another.
 inline QByteArray bytesOf(int number)
 {
     const auto digits = [](qint64 value) {
@@ -50,7 +50,8 @@ inline QByteArray bytesOf(int number)
            char('1' + number % 4) + "\r\n";
 }
 
-/// Returns what the host must get for \a bytes, or nothing where they do not fit the template.
+/// Returns the report that the host must get for \a bytes, or nothing if they do not fit the
+/// template.
 inline std::optional<DigitalReport> decoded(const QByteArray& bytes)
 {
     static const QRegularExpression pattern(
@@ -63,7 +64,7 @@ inline std::optional<DigitalReport> decoded(const QByteArray& bytes)
                     button >= 1 && button <= 4 ? button : 0);
 }
 
-/// Returns the number of \a report, or -1 when it is none of these.
+/// Returns the number of \a report, or -1 if it is not one of these.
 inline int numberOf(const DigitalReport& report)
 {
     const double x = std::round(report.coordinate().x() * 100);
@@ -71,7 +72,7 @@ inline int numberOf(const DigitalReport& report)
     return isSame(report, *decoded(bytesOf(number))) ? number : -1;
 }
 
-/// Returns \a bytes with one of them changed or lost, or with one more anywhere.
+/// Returns \a bytes with one byte changed, lost or inserted anywhere.
 inline QByteArray damaged(QByteArray bytes, std::mt19937& random)
 {
     const auto place = int(random() % unsigned(bytes.size()));

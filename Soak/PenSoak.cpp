@@ -16,7 +16,7 @@ using namespace ReferenceHost;
 
 namespace {
 
-constexpr int settleTime = 500; // milliseconds, as the reference hosts have it
+constexpr int settleTime = 500; // milliseconds, as in the reference hosts
 
 void openPens(const QString& directory)
 {
@@ -26,7 +26,7 @@ void openPens(const QString& directory)
     digitizer->selectDevice(QStringLiteral("Soak"), QStringLiteral("File:"));
     digitizer->setPenFileSettleTime(settleTime);
     if (!digitizer->open())
-        throw CommandError(QStringLiteral("the directory '%1' does not open").arg(directory));
+        throw CommandError(QStringLiteral("cannot open the directory %1").arg(directory));
 }
 
 } // namespace
@@ -57,7 +57,7 @@ bool soakPens(const SoakOptions& options)
     const bool asPromised =
         tally.finish() && left.imported() == options.files && left.waiting() == 0;
     if (!asPromised && writer.longestPause() >= settleTime)
-        std::printf("The machine was too busy: a file was left alone for longer than the settle "
-                    "time and may be cut short rightly.\n");
+        std::printf("The machine was too busy: a file was not written for longer than the settle "
+                    "time, so it may rightly be cut short.\n");
     return asPromised;
 }

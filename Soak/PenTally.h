@@ -11,8 +11,7 @@
 #include <cmath>
 #include <cstdio>
 
-/// Pen files that carry their number in each of their points, and the comparison of the reports
-/// that a host is handed with them.
+/// Pen files with their number in each point, and the comparison with the reports that a host gets.
 class PenTally
 {
 public:
@@ -36,7 +35,7 @@ public:
         return content;
     }
 
-    /// Takes what the host was handed.
+    /// Adds a report that the host got.
     void take(const MavSystem::DigitalReport& report)
     {
         if (m_next == 0 || !isPoint(report, m_file, m_next)) {
@@ -50,10 +49,11 @@ public:
             takeWhole();
     }
 
-    /// Returns how many files have come whole; may be asked from any thread.
+    /// Returns how many complete files have arrived. Thread-safe.
     int wholeFiles() const { return m_whole; }
 
-    /// Prints the counts; returns whether each file has come once, whole and right.
+    /// Prints the counts. Returns whether each file has arrived exactly once, completely and
+    /// correctly.
     bool finish() const
     {
         const auto files = [this](auto times) {
@@ -97,10 +97,10 @@ private:
 
     static constexpr int buttons[points] = {1, 1, 1, 2, 2, 2, 4};
 
-    QVector<quint8> m_times; ///< that each file has come whole
+    QVector<quint8> m_times; ///< how often each file has arrived completely
     std::atomic<int> m_whole{0};
-    int m_file = -1; ///< that is coming
-    int m_next = 0;  ///< its point that is due
+    int m_file = -1; ///< the file whose points are arriving
+    int m_next = 0;  ///< its next point
     int m_cutShort = 0;
     int m_wrong = 0;
 };

@@ -13,9 +13,9 @@
 #include <random>
 #include <vector>
 
-/// Writes numbered pen files, every other one at once and the rest in two or three pieces with
-/// pauses of up to 200 ms between them, up to 100 at a time. In a thread of its own, so that the
-/// host's stalls do not make the pauses longer. Keeps 2000 files ahead of the host at most.
+/// Writes numbered pen files: every other one at once, and the rest in two or three pieces with
+/// pauses of up to 200 ms, up to 100 files at a time. Runs in a separate thread, so that the host's
+/// stalls do not prolong the pauses. Is at most 2000 files ahead of the host.
 class PenWriter : public QThread
 {
 public:
@@ -71,7 +71,7 @@ private:
         m_mostGrowing = std::max(m_mostGrowing, m_growing.size());
     }
 
-    // Cut anywhere, in the middle of a number too.
+    // Cuts anywhere, even within a number.
     QList<QByteArray> piecesOf(const QByteArray& content)
     {
         const int first = between(1, content.size() - 2);

@@ -9,12 +9,12 @@
 #include <cstdio>
 #include <utility>
 
-/// Compares the reports that a host is handed with the numbered ones that were sent. Prints the
-/// first faults as they come; keeps counts only, however many reports there are.
+/// Compares the reports that a host gets with the numbered ones that were sent. Prints the first
+/// faults immediately and keeps only counts, however many reports there are.
 class ReportTally
 {
 public:
-    /// Reports 0 to \a sent - 1 are sent, those of \a damaged with these bytes in their place.
+    /// Reports 0 to \a sent - 1 are sent; those in \a damaged are replaced by the bytes there.
     ReportTally(int sent, QMap<int, QByteArray> damaged)
         : m_sent(sent), m_damaged(std::move(damaged)), m_lastCertain(sent - 1)
     {
@@ -22,7 +22,7 @@ public:
             --m_lastCertain;
     }
 
-    /// Takes what the host was handed.
+    /// Adds a report that the host got.
     void take(const MavSystem::DigitalReport& report)
     {
         ++m_handedOver;
@@ -30,41 +30,40 @@ public:
         if (number < 0 || number >= m_sent)
             number = damagedLike(report);
         if (number < m_next)
-            return fault(number < 0 ? m_wrong : m_doubled, number < 0 ? "wrong" : "doubled",
+            return fault(number < 0 ? m_wrong : m_doubled, number < 0 ? "wrong" : "duplicated",
                          number);
         skipTo(number);
         m_next = number + 1;
         ++(m_damaged.contains(number) ? m_become[kindOf(number, report)] : m_right);
     }
 
-    /// Returns whether the last report that has to come has come.
+    /// Returns whether the last report that must arrive has arrived.
     bool isComplete() const { return m_next > m_lastCertain; }
 
-    /// Prints the counts, once nothing more comes; returns whether all is as checked reading
-    /// promises.
+    /// Prints the counts when no more reports arrive. Returns whether everything is as checked
+    /// reading promises.
     bool finish()
     {
         skipTo(m_sent);
-        std::printf("sent %d, handed over %d, right %d, doubled %d, missing %d, wrong %d\n", m_sent,
-                    m_handedOver, m_right, m_doubled, m_missing, m_wrong);
+        std::printf("sent %d, delivered %d, right %d, duplicated %d, missing %d, wrong %d\n",
+                    m_sent, m_handedOver, m_right, m_doubled, m_missing, m_wrong);
         if (!m_damaged.isEmpty())
-            std::printf(
-                "damaged %d, of these not handed over %d, handed over with no value changed "
-                "%d, with another button %d, with another point %d; undamaged ones behind "
-                "them not handed over %d\n",
-                int(m_damaged.size()), m_damagedMissing, m_become[0], m_become[1], m_become[2],
-                m_missingBehindDamage);
+            std::printf("damaged %d; of these not delivered %d, delivered with no value changed "
+                        "%d, with another button %d, with another point %d; undamaged ones after "
+                        "them not delivered %d\n",
+                        int(m_damaged.size()), m_damagedMissing, m_become[0], m_become[1],
+                        m_become[2], m_missingBehindDamage);
         return m_missing + m_doubled + m_wrong == 0 && (!m_damaged.isEmpty() || m_right == m_sent);
     }
 
 private:
-    // Where a damaged report has lost its line end, the report behind it is in the same line.
+    // If a damaged report has lost its line end, the next report is on the same line.
     bool mustCome(int number) const
     {
         return !m_damaged.contains(number) && !m_damaged.contains(number - 1);
     }
 
-    // A damaged report that still fits the template is handed over as what it has become.
+    // A damaged report that still fits the template is delivered as it is.
     int damagedLike(const MavSystem::DigitalReport& report) const
     {
         for (auto damaged = m_damaged.lowerBound(m_next); damaged != m_damaged.end(); ++damaged) {
@@ -97,20 +96,19 @@ private:
     void fault(int& count, const char* kind, int number)
     {
         if (++count <= 3)
-            std::printf("  %s: number %d, when %d had been handed over\n", kind, number,
-                        m_handedOver);
+            std::printf("  %s: number %d, after %d were delivered\n", kind, number, m_handedOver);
     }
 
     const int m_sent;
     const QMap<int, QByteArray> m_damaged;
-    int m_lastCertain; ///< number of the last one that has to come
-    int m_next = 0;    ///< number of the report that is due
+    int m_lastCertain; ///< number of the last one that must arrive
+    int m_next = 0;    ///< number of the next report
     int m_handedOver = 0;
     int m_right = 0;
     int m_doubled = 0;
     int m_wrong = 0;
-    int m_missing = 0;             ///< undamaged behind an undamaged one, or the first
-    int m_missingBehindDamage = 0; ///< undamaged behind a damaged one
+    int m_missing = 0;             ///< undamaged, after an undamaged one or first
+    int m_missingBehindDamage = 0; ///< undamaged, after a damaged one
     int m_damagedMissing = 0;
-    int m_become[3] = {}; ///< damaged and handed over: no value changed, the button, the point
+    int m_become[3] = {}; ///< damaged and delivered: no value changed, the button, the point
 };

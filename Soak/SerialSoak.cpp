@@ -37,7 +37,7 @@ void writeSession(const QString& path, int reports, const QMap<int, QByteArray>&
         throw CommandError(path + QStringLiteral(": ") + writer.errorString());
 }
 
-// Each report is sent in two writes; it keeps the line until it is stopped.
+// Sends each report in two writes and keeps the port open until it is stopped.
 QString startSimulator(QProcess& simulator, const QString& session, const SoakOptions& options)
 {
     QStringList arguments = {QStringLiteral("--replay"), session, QStringLiteral("--stay"),
@@ -51,7 +51,7 @@ QString startSimulator(QProcess& simulator, const QString& session, const SoakOp
     return QString::fromLocal8Bit(simulator.readLine()).trimmed();
 }
 
-// Returns whether the host has taken everything that was to be sent.
+// Stops the simulator. Returns whether it has sent everything and the host has read it.
 bool stopSimulator(QProcess& simulator)
 {
     simulator.terminate();
@@ -65,7 +65,7 @@ void openTablet(const QString& port, const SoakOptions& options)
     digitizer->selectDevice(QStringLiteral("Soak"), port);
     digitizer->setCheckedReading(!options.plain);
     if (!digitizer->open())
-        throw CommandError(QStringLiteral("the port '%1' does not open").arg(port));
+        throw CommandError(QStringLiteral("cannot open %1").arg(port));
     digitizer->readReport();
 }
 
@@ -101,8 +101,8 @@ bool soakSerial(const SoakOptions& options)
     DigitalReport::unregisterHandle();
     Digitizer::instance()->close();
 
-    std::printf("bytes passed over %lld, unread %lld; the line took %s\n", passedOver, unread,
-                allTaken ? "everything" : "a part only");
+    std::printf("bytes passed over %lld, unread %lld; the host read %s\n", passedOver, unread,
+                allTaken ? "everything" : "only a part");
     const bool asPromised = tally.finish() && (options.damageOneIn > 0 || passedOver == 0);
     return options.plain || (asPromised && allTaken);
 }

@@ -19,14 +19,15 @@
 #include <unistd.h>
 
 /// A busy host: now and then it sleeps for up to half a second, in its handler or outside of it, or
-/// runs a nested event loop in its handler. One at a time, since a process has one handler.
+/// runs a nested event loop in its handler. Only one at a time, because a process has only one
+/// handler.
 class StallingHost
 {
 public:
     using Take = std::function<void(const MavSystem::DigitalReport&)>;
 
-    /// \a take gets each report before the host stalls, which it does at one report in
-    /// \a sleepOneIn. The memory is looked at after a tenth of \a expected reports.
+    /// \a take gets each report before the host stalls, which happens at one report in \a
+    /// sleepOneIn. Memory is measured after a tenth of \a expected reports.
     StallingHost(unsigned seed, int sleepOneIn, int expected, Take take)
         : m_random(seed), m_sleepOneIn(sleepOneIn), m_tenth(expected / 10), m_take(std::move(take))
     {
@@ -34,8 +35,8 @@ public:
     }
     ~StallingHost() { MavSystem::DigitalReport::unregisterHandle(); }
 
-    /// Runs the event loop until \a isComplete and nothing has been handed over for two seconds, or
-    /// nothing for twenty seconds, or stop(); then prints the speed, the stalls and the memory.
+    /// Runs the event loop until \a isComplete and nothing has been delivered for two seconds, or
+    /// nothing for twenty seconds, or stop(). Then prints the speed, the stalls and the memory.
     void run(const std::function<bool()>& isComplete)
     {
         int before = 0;
@@ -120,7 +121,7 @@ private:
     const int m_tenth;
     const Take m_take;
     QEventLoop m_loop;
-    QElapsedTimer m_clock; ///< from the first report on
+    QElapsedTimer m_clock; ///< since the first report
     long long m_last = 0;  ///< milliseconds to the last report
     int m_reports = 0;
     int m_sleeps = 0;
@@ -128,5 +129,5 @@ private:
     int m_nested = 0;
     int m_depth = 0;
     const long m_startMemory = residentKibibytes();
-    long m_tenthMemory = -1; ///< -1 while it is not reached
+    long m_tenthMemory = -1; ///< -1 before that
 };

@@ -28,7 +28,7 @@ int run(const QCommandLineParser& parser)
     for (const char* serial : {"reports", "line-speed", "damage", "plain"}) {
         if (parser.isSet(QStringLiteral("files")) && parser.isSet(QLatin1String(serial)))
             throw CommandError(
-                QStringLiteral("--files and --%1 exclude each other").arg(QLatin1String(serial)),
+                QStringLiteral("--files and --%1 cannot be combined").arg(QLatin1String(serial)),
                 ExitUsage);
     }
     constexpr int largest = std::numeric_limits<int>::max();
@@ -55,19 +55,21 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     Command command;
     command.options = {
-        option("reports", "Send N numbered reports (default 100000) over a pseudo-terminal.", "N"),
-        option("line-speed", "Send them at the speed of a tablet, in pieces with pauses, to a host "
-                             "that sleeps more often; else as fast as the line takes them."),
-        option("damage", "Damage one report in N: a byte changed, lost or added.", "N"),
-        option("plain", "Without checked reading; what is lost then is told and is no failure."),
-        option("files", "Write N pen files instead, half of them slowly.", "N"),
-        option("seed", "Seed of all that is random (default: a random one).", "N"),
+        option("reports", "Send N numbered reports through a pseudo-terminal. Default: 100000.",
+               "N"),
+        option("line-speed", "Send them at the speed of a tablet instead of as fast as possible, "
+                             "in pieces with pauses, to a host that sleeps more often."),
+        option("damage", "Damage one report in N: change, lose or add a byte.", "N"),
+        option("plain",
+               "Do not use checked reading. Lost reports are then counted, but are not a failure."),
+        option("files", "Write N pen files instead of sending reports, half of them slowly.", "N"),
+        option("seed", "Use N as the seed of all random values. Default: a random one.", "N"),
     };
     command.run = run;
     Program program;
     program.name = QStringLiteral("soak");
     program.version = MavSystem::versionText();
-    program.summary = QStringLiteral("a host that stalls, under load, with every value compared");
+    program.summary = QStringLiteral("run a stalling host under load and compare every value");
     program.commands = {command};
     return runProgram(program, application.arguments());
 }
