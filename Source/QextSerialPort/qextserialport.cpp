@@ -74,7 +74,7 @@ QextSerialPort::QextSerialPort(QueryMode mode, QObject* parent)
 
 QextSerialPort::~QextSerialPort()
 {
-    // Errors that the inner port reports while it goes must find nobody.
+    // Errors that the inner port reports while it is destroyed must not reach this object.
     m_port->disconnect(this);
 }
 
@@ -231,7 +231,8 @@ void QextSerialPort::checkLine()
 
 void QextSerialPort::endAfterError()
 {
-    // A hung-up line reports the same error without end and keeps a core busy; so it ends here.
+    // After a hang-up the inner port reports the same error endlessly and keeps a core busy, so it
+    // is closed here.
     const QString text = errorText(m_port->error(), m_port->errorString(), m_portName);
     m_received += m_port->readAll();
     m_port->close();

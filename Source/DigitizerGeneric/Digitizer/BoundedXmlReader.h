@@ -58,7 +58,7 @@ private:
     qint64 m_expandedCharacters = 0;
     int m_tokenBegin = 0;
     int m_tokenEnd = 0;
-    QString m_refusal; ///< what this reader finds wrong, beside the errors of m_reader
+    QString m_refusal; ///< what this reader rejects, in addition to the errors of m_reader
     int m_refusalOffset = 0;
 };
 

@@ -13,8 +13,8 @@ namespace {
 
 using Characters = std::bitset<256>;
 
-// Bytes that belong to no report come out in items of this size at most, so that noise without a
-// line end or a pause is told while it lasts.
+// The largest item of bytes that do not belong to a report, so that noise without a line end or a
+// pause is announced while it lasts.
 constexpr int strayBytesAtOnce = 512;
 
 // A tablet that sends without any pause fills this in nine minutes at 19200 baud.
@@ -192,8 +192,8 @@ int ReportStream::firstCandidate() const
     return offset;
 }
 
-// Of the bytes in front of a candidate, those that come out as one item: up to a line end, since a
-// damaged line is told whole and by itself. None while that line is still arriving.
+// The bytes in front of a candidate that form one item: up to a line end, so that a damaged line is
+// announced as one item. None while that line is still arriving.
 int ReportStream::strayBefore(int candidate) const
 {
     const int lineEnd = m_lineEnd ? m_bytes.indexOf(*m_lineEnd, m_begin) - m_begin : -1;

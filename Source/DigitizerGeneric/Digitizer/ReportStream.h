@@ -93,9 +93,9 @@ private:
     QByteArray m_bytes;
     int m_begin = 0;              ///< of what waits, in m_bytes
     char m_before = 0;            ///< the last byte that came out
-    std::optional<int> m_pauseAt; ///< so many of the waiting bytes came before the pause
+    std::optional<int> m_pauseAt; ///< number of waiting bytes that came before the pause
     bool m_lost = false;          ///< the first waiting byte need not be the first of a report
-    int m_certain = 0;            ///< so many of the waiting bytes are known to be whole reports
+    int m_certain = 0;            ///< number of waiting bytes that are known to be whole reports
 };
 
 } // namespace MavSystem

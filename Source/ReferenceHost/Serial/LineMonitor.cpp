@@ -15,7 +15,7 @@ using namespace MavSystem;
 namespace {
 
 constexpr int bytesInRow = 20;
-constexpr int markWidth = 3; // of a byte in hexadecimal, and of the mark beneath it
+constexpr int markWidth = 3; // of a byte in hexadecimal, and of the mark below it
 constexpr int timeWidth = 10;
 
 QString timeText(qint64 milliseconds)
