@@ -273,7 +273,7 @@ void CaptureTest::aPulledOutTabletMayEndIt()
     capture.pullOut();
     QCOMPARE(capture.wait(), 1);
     QVERIFY2(capture.errors().endsWith(
-                 QStringLiteral("digitizer: %1 is gone: the tablet or its adapter was pulled out\n")
+                 QStringLiteral("digitizer: %1 is gone; the tablet or its adapter was unplugged\n")
                      .arg(capture.device())),
              qPrintable(capture.errors()));
     QVERIFY(capture.output().endsWith(closingLine));
@@ -291,14 +291,14 @@ void CaptureTest::whatIsNoReportIsTold_data()
     QTest::newRow("merged reports") << QStringList() << merged << 3 << QStringList();
     QTest::newRow("damaged report")
         << QStringList() << "0?001,00001,2\r\n" + merged << 3
-        << QStringList{QStringLiteral("\"0?001,00001,2\\r\\n\" arrived")};
+        << QStringList{QStringLiteral("passed over \"0?001,00001,2\\r\\n\", which")};
     QTest::newRow("noise around a report")
         << QStringList() << QByteArray("?\r\n00001,00001,2\r\n??\r\n") << 2
-        << QStringList{QStringLiteral("\"?\\r\\n\" arrived"),
+        << QStringList{QStringLiteral("passed over \"?\\r\\n\", which"),
                        QStringLiteral("4 more bytes were passed over")};
     QTest::newRow("by the count, merged")
         << strict << merged << 1
-        << QStringList{QStringLiteral("not one whole report of 15 characters")};
+        << QStringList{QStringLiteral("not exactly one report (length 15)")};
     QTest::newRow("by the count, damaged")
         << strict << QByteArray("0 001,00001,2\r\n") << 2 << QStringList();
 }
@@ -325,7 +325,7 @@ void CaptureTest::aLineThatCannotBeWrittenEndsIt()
 {
     Capture capture({}, QStringLiteral("/dev/full"));
     QCOMPARE(capture.wait(), 1);
-    QVERIFY2(capture.errors().endsWith(QLatin1String("cannot write to the standard output\n")),
+    QVERIFY2(capture.errors().endsWith(QLatin1String("cannot write to standard output\n")),
              qPrintable(capture.errors()));
 }
 
@@ -373,34 +373,33 @@ void CaptureTest::aWrongCommandLineIsOneClearLine_data()
     };
     row("--device|PORT", 2, "--driver is missing; 'digitizer drivers' lists the names");
     row("--driver|bitpad two cr lf|--device|PORT", 1,
-        "no installed description has the name \"bitpad two cr lf\"; did you mean "
-        "\"Summagraphics Bit Pad Two (CR LF)\" or \"Summagraphics Bit Pad Two (CR)\"? "
-        "('digitizer drivers' lists them)");
+        "no driver has the name \"bitpad two cr lf\"; did you mean \"Summagraphics Bit Pad Two (CR "
+        "LF)\" or \"Summagraphics Bit Pad Two (CR)\"? ('digitizer drivers' lists the names)");
     row("--driver|DRIVER", 2, "--device is missing; 'digitizer ports' lists the ports");
     row("--driver|DRIVER|--device|/nowhere/tty", 1,
-        "there is no port /nowhere/tty; check its name, and whether its cable is plugged in "
+        "there is no port /nowhere/tty; check the name, and whether the cable is plugged in "
         "('digitizer ports' lists the ports)");
     row("--driver|DRIVER|--device|/tmp", 1, "/tmp is not a serial port");
     row("--driver|DRIVER|--device|null", 1, "/dev/null is not a serial port");
     row("--driver|DRIVER|--device|File:", 2,
-        "--device File: is the digital pen; use 'digitizer import'");
+        "--device is File:, which is the digital pen; use 'digitizer import'");
     row("--driver|DRIVER|--device|PORT|--count|0", 2,
         "--count is '0', but must be a number from 1 to 2147483647");
     row("--driver|DRIVER|--device|PORT|--count|3x", 2,
         "--count is '3x', but must be a number from 1 to 2147483647");
     row("--driver|DRIVER|--device|PORT|--buttons|1=corner,2=curv", 2,
-        "--buttons has '2=curv', but a button can be corner, curve, hole, end, notch; did you "
-        "mean curve?");
+        "--buttons contains '2=curv', but a meaning must be one of corner, curve, hole, end, "
+        "notch; did you mean curve?");
     row("--driver|DRIVER|--device|PORT|--buttons|1=corner,2", 2,
-        "--buttons has '2' where BUTTON=MEANING is expected, such as 1=corner,2=curve");
+        "--buttons contains '2', but each entry must be BUTTON=MEANING, such as 1=corner");
     row("--driver|DRIVER|--device|PORT|--buttons|1=corner,1=hole", 2,
-        "--buttons gives button 1 twice");
+        "--buttons names button 1 twice");
     row("--driver|DRIVER|--device|PORT|--picture|a.jpg", 2,
         "--picture is 'a.jpg', but must end in .svg or .png");
     row("--driver|DRIVER|--device|PORT|--picture|/nowhere/a.svg", 1,
-        "cannot write into the folder /nowhere");
+        "cannot write to the folder /nowhere");
     row("--driver|DRIVER|--device|PORT|--record|/nowhere/a.log", 1,
-        "the recording '/nowhere/a.log' cannot be made: No such file or directory");
+        "cannot record to /nowhere/a.log: No such file or directory");
 }
 
 void CaptureTest::aWrongCommandLineIsOneClearLine()
@@ -427,9 +426,8 @@ void CaptureTest::missingRightsAreExplained_data()
                                << QStringLiteral("it belongs to the group uucp; join it with 'sudo "
                                                  "usermod -aG uucp $USER' and log in again");
     const QString owner =
-        QStringLiteral("only its owner root may (rights %1); let an administrator "
-                       "give it to a group, such as dialout, with read and write "
-                       "rights");
+        QStringLiteral("only its owner root may (permissions %1); ask an administrator to give a "
+                       "group, such as dialout, read and write permission");
     QTest::newRow("group may only read")
         << QStringLiteral("dialout") << 0640U << owner.arg(QStringLiteral("0640"));
     QTest::newRow("never join root")

@@ -28,15 +28,15 @@ void CommandLineTest::aWrongCommandLineIsOneClearLine_data()
     const auto row = [](const char* arguments, const char* message) {
         QTest::newRow(arguments) << QString::fromLatin1(arguments) << QString::fromLatin1(message);
     };
-    row("", "a command is missing ('digitizer --help' explains)");
-    row("drvers", "unknown command 'drvers'; did you mean drivers? ('digitizer --help' explains)");
-    row("--hlp", "unknown option '--hlp' ('digitizer --help' explains)");
-    row("drivers --fromat json", "unknown option --fromat; did you mean --format? ('digitizer "
-                                 "drivers --help' explains)");
-    row("drivers --format", "missing value after '--format' ('digitizer drivers --help' explains)");
+    row("", "a command is missing (see 'digitizer --help')");
+    row("drvers", "unknown command 'drvers'; did you mean drivers? (see 'digitizer --help')");
+    row("--hlp", "unknown option '--hlp' (see 'digitizer --help')");
+    row("drivers --fromat json",
+        "unknown option --fromat; did you mean --format? (see 'digitizer drivers --help')");
+    row("drivers --format", "missing value after '--format' (see 'digitizer drivers --help')");
     row("drivers --format jsn", "--format is 'jsn', but must be one of text, json; did you mean "
                                 "json?");
-    row("drivers x", "unexpected argument 'x' ('digitizer drivers --help' explains)");
+    row("drivers x", "unexpected argument 'x' (see 'digitizer drivers --help')");
 }
 
 void CommandLineTest::aWrongCommandLineIsOneClearLine()

@@ -261,19 +261,19 @@ void DescribeTest::whatATemplateCannotExpressIsAnError_data()
         result[press].replace(before, after);
         return result;
     };
-    row("length", changed(1, ",", ",-"), "between 14 and 16 characters");
+    row("length", changed(1, ",", ",-"), "have 14 to 16 characters");
     row("short", {"12\r", "92\r", "19\r", "55\r", "56\r"}, "3 characters is too short");
-    row("truncated", changed(2, "\r", ""), "between 13 and 14 characters");
-    row("blanks", changed(0, "00", "  "), "holds a digit or a blank");
+    row("truncated", changed(2, "\r", ""), "have 13 to 14 characters");
+    row("blanks", changed(0, "00", "  "), "holds a digit in some reports");
     row("high bits", changed(3, "1", "\xb1"), "wrong");
     row("zero byte", changed(3, ",", QByteArray(1, '\0')), "wrong");
-    row("one place", QVector<QByteArray>(4, good.at(0)) << good.mid(4), "No number follows x");
-    row("one button", good.mid(0, 4) << good.at(3), "No character tells the buttons apart");
+    row("one place", QVector<QByteArray>(4, good.at(0)) << good.mid(4), "no number follows x");
+    row("one button", good.mid(0, 4) << good.at(3), "no character tells the buttons apart");
     row("swapped points", {good.at(0), good.at(3), good.at(3), good.at(3), good.at(4)},
-        "No number follows x");
-    row("point of y only", presses("XXXXXUYYYY.YUBC", 100, {"1", "2"}), "point of y");
+        "no number follows x");
+    row("point of y only", presses("XXXXXUYYYY.YUBC", 100, {"1", "2"}), "point in y");
     row("points, y first", presses("YYYY.YUXXXX.XUBC", 100, {"1", "2"}), "point");
-    row("point of x, y first", presses("YYYYYUXXXX.XUBC", 100, {"1", "2"}), "point of x");
+    row("point of x, y first", presses("YYYYYUXXXX.XUBC", 100, {"1", "2"}), "point in x");
 }
 
 void DescribeTest::whatATemplateCannotExpressIsAnError()
@@ -302,8 +302,8 @@ void DescribeTest::whatIsNotSureIsMarked_data()
     const QVector<QByteArray> buttons = {"1", "2", "3", "4", "5"};
     row("line end", presses(ended, 100, buttons), "length=\"14\">XXXXXUYYYYYUBC<");
     row("two a press", twice(presses(ended, 100, buttons)), "up to 2 reports came with one press");
-    row("two a press, packed", twice(presses(packed, 100, buttons)), "repeats itself");
-    row("packed", presses(packed, 100, buttons), "parted at position 5.");
+    row("two a press, packed", twice(presses(packed, 100, buttons)), "the bytes repeat");
+    row("packed", presses(packed, 100, buttons), "split at position 5.");
     row("a digit of y as if it were of the button",
         {"00501,005071\r", "03502,005071\r", "00503,035071\r", "02004,019071\r", "02004,019082\r",
          "02004,019074\r", "02005,019098\r"},
@@ -312,11 +312,12 @@ void DescribeTest::whatIsNotSureIsMarked_data()
         {"100501,00507\r", "100502,03507\r", "103503,00507\r", "101904,02007\r", "201904,02008\r",
          "401904,02007\r", "801905,02009\r"},
         ">BYYYYYUXXXXXC<");
-    row("no line end", presses(packed, 100, buttons), "all that came with one press");
-    row("two buttons", presses(ended, 100, {"1", "2"}), "the code of button 3, 4 is not known");
+    row("no line end", presses(packed, 100, buttons), "everything sent for one press");
+    row("two buttons", presses(ended, 100, {"1", "2"}),
+        "the codes of these buttons are not known: 3, 4.");
     row("placeholders", presses(ended, 100, {"!", "2"}),
         "<button>!</button>\n    <button>2</button>\n    <button>&quot;</button>\n    <button>#<");
-    row("equal codes", presses(ended, 100, {"1", "2", "2", "8"}), "Buttons 2 and 3 send the same");
+    row("equal codes", presses(ended, 100, {"1", "2", "2", "8"}), "buttons 2 and 3 send the same");
     row("five buttons", presses(ended, 100, buttons), "5 buttons were pressed");
     row("half a code", presses("XXXXUYYYYUBBC", 100, {"01", "02"}), "XXXXUYYYYUBBC");
     QVector<QByteArray> counted = presses(ended, 100, buttons);
@@ -325,14 +326,14 @@ void DescribeTest::whatIsNotSureIsMarked_data()
     QVector<QByteArray> marked = presses(ended, 100, buttons);
     for (QByteArray& press : marked)
         press.prepend("7;");
-    row("a constant digit", marked, "Position 0 was 7 in every report and is marked as unused");
-    row("a counter", counted, "Positions 0 to 1 change too");
+    row("a constant digit", marked, "position 0 was 7 in every report and is marked as unused");
+    row("a counter", counted, "positions 0 to 1 also change");
     row("sign of y only", presses("XXXXUSYYYYUBC", 100, {"1", "2"}), "cannot express a sign of y");
     row("never negative", presses("SXXXXSYYYYUBC", 100, {"1", "2"}),
-        "Position 0 was never a minus");
+        "position 0 was never a minus");
     row("falls", presses("XXXXUYYYYUBC", 100, {"1", "2"}, {-40, 2}),
-        "x falls where it should grow");
-    row("leading zero", presses(ended, 100, buttons), "Position 0 was 0 in every report");
+        "x decreases where it should increase");
+    row("leading zero", presses(ended, 100, buttons), "position 0 was 0 in every report");
     row("resolution", presses(ended, 1000 / 2.5396825396825, buttons), "unit=\"LPI\">1000<");
     row("dashes", presses("UUXXXXSYYYYUBC", 100, {"1", "2"}), "-\\-");
 }
@@ -435,7 +436,7 @@ void DescribeTest::theUserIsGuided()
           common + QStringList{QStringLiteral("--from"), recording, QStringLiteral("--output"),
                                description});
     QVERIFY(process.waitForFinished());
-    QTRY_VERIFY2(dialog.contains("exists already; it is not overwritten"), dialog.constData());
+    QTRY_VERIFY2(dialog.contains("already exists and is not overwritten"), dialog.constData());
 }
 
 QTEST_GUILESS_MAIN(DescribeTest)

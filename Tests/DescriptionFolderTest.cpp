@@ -132,7 +132,7 @@ void DescriptionFolderTest::oneMoreFileIsInstalled_data()
     row("a pen's", "pen.xml", DescriptionBuilder("Pen").reportFormat("").xml(), false, "");
     row("the installed one again", "there.xml", DescriptionBuilder("There").xml(), false, "");
     row("another of the same name", "there.xml", DescriptionBuilder("New").xml(), false,
-        "is there already, with another content");
+        "already exists and differs from");
     row("to replace it", "there.xml", DescriptionBuilder("New").xml(), true, "");
     row("a driver that another file has", "new.xml", DescriptionBuilder("There").xml(), true,
         "/there.xml does already");
@@ -185,20 +185,20 @@ void DescriptionFolderTest::theSelectedDeviceIsAskedAbout_data()
     row("A", "PORT", "");
     row("B", "PORT", "no description in HOST/data/generated has the name \"B\"");
     row("Broken", "PORT",
-        "HOST/data/generated/broken has no usable report template: it is a pen's, or broken");
+        "HOST/data/generated/broken has no usable report template: it is for a pen, or it is "
+        "broken");
     row("A", "/no/port",
-        "there is no port /no/port; check its name, and whether its cable is plugged in");
+        "there is no port /no/port; check the name, and whether the cable is plugged in");
     row("A", "nowhere",
-        "there is no port /dev/nowhere; check its name, and whether its cable is plugged in");
+        "there is no port /dev/nowhere; check the name, and whether the cable is plugged in");
     row("A", "HOST", "HOST is not a serial port");
     row("A", "/dev/null",
-        "/dev/null does not open: The file opened by the port is not a valid "
-        "device");
+        "cannot open /dev/null: The file opened by the port is not a valid device");
     row("Broken", "File:", "");
     row("B", "File:", "no description in HOST/data/generated has the name \"B\"");
     row("A", "File: without a directory",
-        "there is no directory \"/no/pen\" for the pen's files (the setting "
-        "digitizer_file_directory)");
+        "there is no directory \"/no/pen\" for pen files; check the setting "
+        "digitizer_file_directory");
 }
 
 void DescriptionFolderTest::theSelectedDeviceIsAskedAbout()

@@ -85,11 +85,9 @@ void ImportCommandTest::filesAreImported_data()
     const char imported[] = "$1 file imported, 2 points: 1 corner, 1 end|";
     const QByteArray ready = "$Digitizer files are ready to be imported.";
     const QByteArray asked = ready + "|Import, Delete, Cancel? ";
-    const QByteArray left = "$nothing is imported; 1 file left|";
-    const QByteArray unasked = ready +
-                               " There is no terminal to ask at and no --answer, so they are left "
-                               "as they are.|" +
-                               left;
+    const QByteArray left = "$nothing was imported; 1 file left|";
+    const QByteArray unasked =
+        ready + " There is no terminal and no --answer, so they are left alone.|" + left;
     row("answer", "--answer import", {}, "a.dat", 0, imported, "a.txt");
     row("no terminal", "", {}, "a.dat", 1, unasked, "a.dat");
     row("no terminal, watching", "--watch", {}, "a.dat", 1, unasked, "a.dat");
@@ -103,8 +101,8 @@ void ImportCommandTest::filesAreImported_data()
     row("cancel", "--answer cancel", {}, "a.dat", 1, left, "a.dat");
     row("nothing waits", "", {}, "a.txt", 0, "$0 files imported, 0 points|", "a.txt");
     row("name taken", "--answer import", {}, "a.dat a.txt", 1,
-        "$0 files imported, 2 points: 1 corner, 1 end|$a.dat is left: its points are imported, but "
-        "a.txt is there already; the next import delivers them again|",
+        "$0 files imported, 2 points: 1 corner, 1 end|$a.dat is left: its points were imported, "
+        "but a.txt already exists; the next import delivers them again|",
         "a.dat a.txt");
 }
 
@@ -145,11 +143,11 @@ void ImportCommandTest::aWrongCommandLineChangesNothing_data()
     };
     row("--driver Pen", 2, "DIR is missing");
     row("DIR/nowhere --driver Pen", 1, "there is no directory DIR/nowhere");
-    row("DIR/a.dat --driver Pen", 1, "DIR/a.dat is no directory");
+    row("DIR/a.dat --driver Pen", 1, "DIR/a.dat is not a directory");
     row("DIR", 2, "--driver is missing; 'digitizer drivers' lists the names");
     row("DIR --driver Pem", 1, "did you mean \"Pen\"?");
-    row("DIR --driver Other", 1, "with \"Other\" the pen's button 3 has the number 4");
-    row("DIR --driver Unscaled", 1, "\"Unscaled\" has no resolution");
+    row("DIR --driver Other", 1, "driver \"Other\" gives the pen's button 3 the number 4");
+    row("DIR --driver Unscaled", 1, "driver \"Unscaled\" cannot scale the pen's positions");
     row("DIR --driver Pen --answer imp", 2, "--answer is 'imp', but must be one of import");
     row("DIR --driver Pen --settle 60001", 2,
         "--settle is '60001', but must be a number from 0 to");
@@ -292,9 +290,8 @@ void ImportCommandTest::nothingIsLostWhenTheOutputFails()
     const auto result = import.process.run(
         import.arguments(QStringLiteral("DIR --driver Pen --answer import --format json")));
     QCOMPARE(result.exitStatus, 1);
-    QCOMPARE(result.errors,
-             QStringLiteral("digitizer: cannot write to the standard output; the pen "
-                            "file at hand and those after it are left as they are\n"));
+    QCOMPARE(result.errors, QStringLiteral("digitizer: cannot write to standard output; this pen "
+                                           "file and those after it are left unchanged\n"));
     QCOMPARE(import.names(), QStringLiteral("a.dat"));
 }
 
@@ -343,9 +340,9 @@ void ImportCommandTest::reasonsForFilesThatStay()
     QCOMPARE(directory.imported(), 1);
     QCOMPARE(unreadable, QStringList(QStringLiteral("a.dat")));
     QCOMPARE(reasons.size(), 3);
-    QVERIFY(reasons.value(QStringLiteral("a.dat")).contains(QLatin1String("cannot be renamed")));
-    QVERIFY(reasons.value(QStringLiteral("B.DAT")).contains(QLatin1String("cannot be renamed")));
-    QVERIFY(reasons.value(QStringLiteral("c.dat")).contains(QLatin1String("c.txt is there")));
+    QVERIFY(reasons.value(QStringLiteral("a.dat")).contains(QLatin1String("not writable")));
+    QVERIFY(reasons.value(QStringLiteral("B.DAT")).contains(QLatin1String("not writable")));
+    QVERIFY(reasons.value(QStringLiteral("c.dat")).contains(QLatin1String("c.txt already exists")));
 }
 
 QTEST_GUILESS_MAIN(ImportCommandTest)

@@ -185,13 +185,13 @@ void InstalledPackageTest::aProblemIsOneLine_data()
                               "the name \"My Tablet\"");
         QTest::addRow("%s, no port", host)
             << name << driver << QStringLiteral("/dev/no-such-port")
-            << QStringLiteral("there is no port /dev/no-such-port; check its name, and whether its "
+            << QStringLiteral("there is no port /dev/no-such-port; check the name, and whether the "
                               "cable is plugged in");
         QTest::addRow("%s, no rights", host)
             << name << driver << QString()
-            << QStringLiteral("you may not use %1: only its owner %2 may (rights 0452); let an "
-                              "administrator give it to a group, such as dialout, with read and "
-                              "write rights");
+            << QStringLiteral(
+                   "you may not use %1: only its owner %2 may (permissions 0452); ask an "
+                   "administrator to give a group, such as dialout, read and write permission");
     }
 }
 

@@ -182,37 +182,37 @@ void SimulationTest::reportsFollowTheTemplate_data()
     row("every role", "SXX.XUSYY.YUBBCL", "1 LPMM", "1 2 3 42", 2, {{1.26, -3.444}, 4},
         "\"+12.6,-34.4,42\\r\\n\"");
     row("points without signs", "XX.XXYY.YB", "1 LPMM", "1 2 3 4", 1, {{9.9996, 0}, 2},
-        "the point (9.9996, 0): the layout has 4 digits for x, which hold up to 9.999 cm");
+        "the point (9.9996, 0): the template has 4 digits for x, enough for at most 9.999 cm");
     row("a sign for x only", "SXXYYB", "1 LPMM", "1 2 3 4", 1, {{-1, -0.01}, 1}, "\"-10001\"");
     row("no sign for y", "SXXYYB", "1 LPMM", "1 2 3 4", 1, {{-1, -0.1}, 1},
-        "the point (-1, -0.1): the layout has no sign for y, so 0 cm is the least");
+        "the point (-1, -0.1): the template has no sign for y, which must not be below 0 cm");
     row("40 lines per inch", "XXXYYYB", "40 LPI", "1 2 3 4", 1, {{0.0025, 2.4975}, 1},
         "\"0019991\"");
     row("nearest step", "XXXYYYB", "10 LPMM", "1 2 3 4", 1, {{1.2349, 1.2351}, 1}, "\"1231241\"");
     row("too large", "XXYYB", "10 LPMM", "1 2 3 4", 1, {{0.5, 1}, 1},
-        "the point (0.5, 1): the layout has 2 digits for y, which hold up to 0.99 cm");
+        "the point (0.5, 1): the template has 2 digits for y, enough for at most 0.99 cm");
     row("not a number", "XXYYB", "10 LPMM", "1 2 3 4", 1, {{qQNaN(), 0}, 1},
-        "the point (nan, 0): the layout has 2 digits for x, which hold up to 0.99 cm");
+        "the point (nan, 0): the template has 2 digits for x, enough for at most 0.99 cm");
     row("more digits than 64 bits", "XXXXXXXXXXXXXXXXXXXXXXYB", "1 LPMM", "1 2 3 4", 1,
         {{1e20, 0}, 1}, "\"100000000000000000000001\"");
     row("button 0 of four", "XYB", "1 LPMM", "1 2 3 4", 1, {{0, 0}, 0},
-        "the point (0, 0): there is no button 0, the description has buttons 1 to 4");
+        "the point (0, 0): there is no button 0; the description has buttons 1 to 4");
     row("button 5 of four", "XYB", "1 LPMM", "1 2 3 4", 1, {{0, 0}, 5},
-        "the point (0, 0): there is no button 5, the description has buttons 1 to 4");
+        "the point (0, 0): there is no button 5; the description has buttons 1 to 4");
     row("button 0 of five", "XYB", "1 LPMM", "1 2 3 4 5", 1, {{0, 0}, 0}, "\"001\"");
     row("button 4 of five", "XYB", "1 LPMM", "1 2 3 4 5", 1, {{0, 0}, 4}, "\"005\"");
     row("no buttons", "XYB", "1 LPMM", "", 1, {{0, 0}, 0},
         "the point (0, 0): the description has no buttons");
     row("a code twice", "XYB", "1 LPMM", "1 2 1 4", 1, {{0, 0}, 3},
-        "the point (0, 0): by the description's codes, button 3 would arrive as 1");
+        "the point (0, 0): with the codes in the description, button 3 would arrive as button 1");
     row("codes equal as far as compared", "XYBB", "1 LPMM", "01 02 03 04", 1, {{0, 0}, 2},
-        "the point (0, 0): by the description's codes, button 2 would arrive as 1");
+        "the point (0, 0): with the codes in the description, button 2 would arrive as button 1");
     row("code longer than its places", "XYB", "1 LPMM", "01 02 03 04", 2, {{0, 0}, 2},
-        "the point (0, 0): by the description's codes, button 2 would arrive as 0");
+        "the point (0, 0): with the codes in the description, button 2 would arrive as button 0");
     row("code shorter than its places", "XYBBBB", "1 LPMM", "a b c d", 3, {{0, 0}, 2},
         "\"00b   \"");
     row("resolution 0", "XYB", "0 LPI", "1 2 3 4", 1, {{0, 0}, 1},
-        "the point (0, 0): the description's resolution is 0 where a number above 0 is needed");
+        "the point (0, 0): the resolution in the description is 0, but must be above 0");
 }
 
 void SimulationTest::reportsFollowTheTemplate()
@@ -245,14 +245,15 @@ void SimulationTest::theLectraLayoutComesBack_data()
     QTest::newRow("least") << Press{{0.01, 9999.99}, 2} << "\"00000031 0     1 999999\\r\\n\"";
     QTest::newRow("last button") << Press{{12.344, 567.89}, 5}
                                  << "\"00000034 0  1234  56789\\r\\n\"";
-    QTest::newRow("zero") << Press{{12, 0.004}, 2}
-                          << "the point (12, 0.004): this tablet rejects what is not above 0 cm";
+    QTest::newRow("zero")
+        << Press{{12, 0.004}, 2}
+        << "the point (12, 0.004): this tablet rejects coordinates that are not above 0 cm";
     QTest::newRow("too large") << Press{{10000, 1}, 2}
-                               << "the point (10000, 1): the layout has 6 digits for both "
-                                  "coordinates, which hold up to 9999.99 cm";
+                               << "the point (10000, 1): the template has 6 digits for both "
+                                  "coordinates, enough for at most 9999.99 cm";
     QTest::newRow("button")
         << Press{{1, 1}, 1}
-        << "the point (1, 1): there is no button 1, this tablet has buttons 2 to 5";
+        << "the point (1, 1): there is no button 1; this tablet has buttons 2 to 5";
 }
 
 void SimulationTest::theLectraLayoutComesBack()
@@ -278,10 +279,10 @@ void SimulationTest::scriptsAreReadOrRefused_data()
             << QByteArray(content) << QString::fromLatin1(outcome);
     };
     row("# a piece\r\n\r\n 1 2.5\t1 # corner\r\n-3.25 +4 15", "1 2.5 1;-3.25 4 15;");
-    row("1 2 1\n1 2", "line 2: '1 2' is not x and y in centimetres and a button number, such as "
-                      "12.5 30 1");
+    row("1 2 1\n1 2",
+        "line 2: '1 2' must be x and y in centimetres and a button number, such as 12.5 30 1");
     for (const char* line : {"1 2 3 4", "1,5 2 1", "1 2 1.5", "nan 2 1", "1 inf 1", "x"})
-        row(line, qPrintable(QStringLiteral("line 1: '%1' is not x and y in centimetres and a "
+        row(line, qPrintable(QStringLiteral("line 1: '%1' must be x and y in centimetres and a "
                                             "button number, such as 12.5 30 1")
                                  .arg(QLatin1String(line))));
 }
@@ -341,9 +342,9 @@ void SimulationTest::sessionsAreReadOrRefused_data()
     };
     row("# any remark\r\n\r\n0 \"\"\r\n0  \"a\\x00\"  ", {});
     row("# date: yesterday",
-        QStringLiteral("line 2: the date 'yesterday' is not like 2026-03-01T14:02:11Z"));
+        QStringLiteral("line 2: the date 'yesterday' does not have the form 2026-03-01T14:02:11Z"));
     row("9 \"a\"\n8 \"a\"\n7 \"a\"",
-        QStringLiteral("line 3: the time 8 lies before that of the chunk before"));
+        QStringLiteral("line 3: the time 8 is earlier than that of the previous chunk"));
     for (const char* chunk :
          {"12", "-1 \"a\"", "1.5 \"a\"", "1 abc", "1 \"", "1 \"a\"b\"", "1 \"\\\"", "1 \"\\q\"",
           "1 \"\\x1\"", "1 \"\\x\"", "1 \"\\x+1\"", "1 \"\xc3\xa4\"", "1 \"a\tb\""})
@@ -357,8 +358,9 @@ void SimulationTest::sessionsAreReadOrRefused()
 {
     QFETCH(QByteArray, lines);
     QTEST(readSession("# digitizer session 1\n" + lines).error, "problem");
-    QCOMPARE(readSession(lines).error,
-             QStringLiteral("line 1: a recorded session begins with \"# digitizer session 1\""));
+    QCOMPARE(
+        readSession(lines).error,
+        QStringLiteral("line 1: a recorded session must begin with \"# digitizer session 1\""));
 }
 
 void SimulationTest::faultsChangeTheWrites_data()
@@ -429,19 +431,19 @@ void SimulationTest::theProgramRefuses_data()
         QTest::newRow(arguments) << QString::fromLatin1(arguments) << QString::fromLatin1(message)
                                  << exitStatus;
     };
-    row("", "--driver is missing; 'digitizer drivers' lists them", ExitUsage);
-    row("--driver|Lectra E92|--fast|--rate|9", "--fast and --rate exclude each other", ExitUsage);
-    row("--driver|Lectra E92|--fast|--flood", "--fast and --flood exclude each other", ExitUsage);
-    row("--driver|Lectra E92|--split|25", "--split is 25, but at most 25 bytes are sent at once",
-        ExitUsage);
-    row("--driver|Lectra E92|--script|@/none", "'@/none' cannot be read: No such file or directory",
+    row("", "--driver is missing; 'digitizer drivers' lists the names", ExitUsage);
+    row("--driver|Lectra E92|--fast|--rate|9", "--fast and --rate cannot be combined", ExitUsage);
+    row("--driver|Lectra E92|--fast|--flood", "--fast and --flood cannot be combined", ExitUsage);
+    row("--driver|Lectra E92|--split|25",
+        "--split is 25, but must be less than 25, the length of the longest write", ExitUsage);
+    row("--driver|Lectra E92|--script|@/none", "cannot read @/none: No such file or directory",
         ExitFailure);
-    row("--driver|Lectra E92|--script|@/empty", "there is nothing to send", ExitFailure);
+    row("--driver|Lectra E92|--script|@/empty", "nothing to send", ExitFailure);
     row("--driver|Lectra E92|--script|@/one",
-        "the point (1, 2): there is no button 1, this tablet has buttons 2 to 5", ExitFailure);
-    row("--replay|@/one", "@/one: line 1: a recorded session begins with \"# digitizer session 1\"",
-        ExitFailure);
-    row("--driver|Lectra E92|--link|@/one", "'@/one' is there and is not a link", ExitFailure);
+        "the point (1, 2): there is no button 1; this tablet has buttons 2 to 5", ExitFailure);
+    row("--replay|@/one",
+        "@/one: line 1: a recorded session must begin with \"# digitizer session 1\"", ExitFailure);
+    row("--driver|Lectra E92|--link|@/one", "@/one exists and is not a symbolic link", ExitFailure);
 }
 
 void SimulationTest::theProgramRefuses()

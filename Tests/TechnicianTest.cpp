@@ -64,7 +64,7 @@ void TechnicianTest::checkSaysWhatToDo_data()
         QTest::newRow(title) << QString::fromLatin1(command) << QString::fromLatin1(driver)
                              << QString::fromLatin1(device) << status << messages;
     };
-    const QString absent = QStringLiteral("no installed description has the name \"");
+    const QString absent = QStringLiteral("no driver has the name \"");
     row("usable", "check", "Beeping", "PORT", 0, {});
     row("digital pen", "check", "Beeping", "File:", 0, {});
     row("nearest name", "check", "beping", "PORT", 1,
@@ -72,17 +72,17 @@ void TechnicianTest::checkSaysWhatToDo_data()
     row("digital pen without a driver", "check", "wacom", "File:", 1,
         {absent, QStringLiteral("\"Wacom II-S ASCII (SD-510C, ArtPad)\"")});
     row("broken template", "check", "Broken", "PORT", 1,
-        {QStringLiteral("broken.xml has no usable report template: it is a pen's, or broken "
-                        "('digitizer lint ")});
+        {QStringLiteral("broken.xml has no usable report template: it is for a pen, or it is "
+                        "broken ('digitizer lint'")});
     row("no such port", "check", "Beeping", "/dev/ttyNONE", 1,
-        {QStringLiteral("there is no port /dev/ttyNONE; check its name"),
+        {QStringLiteral("there is no port /dev/ttyNONE; check the name"),
          QStringLiteral("'digitizer ports' lists the ports")});
     row("no serial port", "check", "Beeping", "/dev/null", 1,
         {QStringLiteral("/dev/null is not a serial port")});
     row("no driver given", "check", "", "PORT", 2, {QStringLiteral("--driver is missing")});
     row("no device given", "check", "Beeping", "", 2, {QStringLiteral("--device is missing")});
     row("silent tablet", "beep", "Generic 5-5-1 (ASCII)", "PORT", 1,
-        {QStringLiteral("generic-5-5-1.xml has no beep")});
+        {QStringLiteral("generic-5-5-1.xml defines no beep")});
     row("beep at no port", "beep", "Beeping", "/dev/ttyNONE", 1,
         {QStringLiteral("there is no port /dev/ttyNONE")});
     row("beep of a pen", "beep", "Beeping", "File:", 2, {QStringLiteral("cannot beep")});
@@ -155,7 +155,7 @@ void TechnicianTest::holdersAreFound()
         QCOMPARE(holdersText(portHolders(path, processes)), QStringLiteral("minicom (12)"));
 
     // Root may look everywhere, so what cannot be looked at is tested on the text alone.
-    QVERIFY(holdersText({}).startsWith(QLatin1String("not known")));
+    QVERIFY(holdersText({}).startsWith(QLatin1String("unknown")));
     QVERIFY(holdersText({{QStringLiteral("a (1)")}, false})
                 .startsWith(QLatin1String("a (1), and perhaps")));
     QVERIFY(!portHolders(port, QDir(host.path(QStringLiteral("nowhere")))).complete);
@@ -185,15 +185,16 @@ void TechnicianTest::descriptionsAreInstalled_data()
     };
     row("install|@new.xml", 0, "\"New\" is installed: @home/DigitizerGeneric/generated/new.xml\n");
     row("install|" SOURCE_DIRECTORY "/Examples/pen/example-pen.xml", 0, "\"Example Pen\" is");
-    row("install|@beeping.xml", 1, "beeping.xml is there already, with another content");
+    row("install|@beeping.xml", 1, "beeping.xml already exists and differs from");
     row("install|--force|@beeping.xml", 0, "\"Beeping\" is installed");
-    row("install|@broken.xml|@new.xml", 1, "broken.xml is not installed: correct the errors above");
-    row("install|@none.xml", 1, "none.xml cannot be read: No such file");
+    row("install|@broken.xml|@new.xml", 1,
+        "broken.xml was not installed; correct the errors above");
+    row("install|@none.xml", 1, "none.xml: No such file");
     row("install", 2, "FILE... is missing");
     row("check|--device|PORT|--description|@new.xml", 0, "No Error has occurred");
     row("check|--device|PORT|--description|@broken.xml", 1,
         "character 2 of the report template is \"x\", but must be");
-    row("check|--device|PORT|--description|@new.xml|--driver|New", 2, "exclude each other");
+    row("check|--device|PORT|--description|@new.xml|--driver|New", 2, "cannot be combined");
 }
 
 void TechnicianTest::descriptionsAreInstalled()
