@@ -135,7 +135,7 @@ void DescriptionFolderTest::oneMoreFileIsInstalled_data()
         "already exists and differs from");
     row("to replace it", "there.xml", DescriptionBuilder("New").xml(), true, "");
     row("a driver that another file has", "new.xml", DescriptionBuilder("There").xml(), true,
-        "/there.xml does already");
+        "/there.xml already does");
     row("malformed", "new.xml", "<device name='New'>", true, "is not well-formed");
     row("without a name", "new.xml", "<device/>", true, "names no driver");
     row("broken template", "new.xml", DescriptionBuilder("New").report("XxY").xml(), true,
