@@ -6,7 +6,8 @@
 
 #include <QByteArray>
 
-/// A description with nothing but a report template, in the letters of a description file.
+/// A description with nothing but a report template, in the letters of a description file, and the
+/// button codes "1" and "\x07\xe4".
 inline MavSystem::DigitizerArgument describedTemplate(const QByteArray& letters)
 {
     MavSystem::DigitizerArgument description;
@@ -14,5 +15,6 @@ inline MavSystem::DigitizerArgument describedTemplate(const QByteArray& letters)
         description.m_reportFormat.push_back(
             MavSystem::ReportFormatValues(QByteArray("?BXYU.SCL").indexOf(letter)));
     description.m_reportLength = std::uint64_t(letters.size());
+    description.m_buttons = {{{'1', ' ', ' '}}, {{'\x07', '\xe4', ' '}}};
     return description;
 }

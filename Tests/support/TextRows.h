@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QFile>
+#include <QtTest>
+
+/// A row of a text file: its name and its fields.
+struct TextRow
+{
+    QByteArray name;
+    QByteArrayList fields;
+
+    QString text(int index) const { return QString::fromUtf8(fields.at(index)); }
+};
+
+Q_DECLARE_METATYPE(TextRow)
+
+/// Replaces \r, \n, \\ and \xHH by the bytes that they stand for.
+inline QByteArray unescaped(QByteArray text)
+{
+    for (int at = 0; (at = text.indexOf('\\', at)) >= 0; ++at) {
+        const char kind = text.at(at + 1);
+        if (kind == 'x')
+            text.replace(at, 4, QByteArray::fromHex(text.mid(at + 2, 2)));
+        else
+            text.replace(at, 2, kind == 'r' ? "\r" : kind == 'n' ? "\n" : "\\");
+    }
+    return text;
+}
+
+/// Adds the rows of Tests/Rows/\a file to the column "row" of a test. A row is a line with its name
+/// and \a count fields, separated by ";", without the blanks around them. Empty lines and lines
+/// that begin with "#" are passed over, and fields are unescaped. A file that is not like that ends
+/// the program.
+inline void addTextRows(const char* file, int count)
+{
+    QTest::addColumn<TextRow>("row");
+    QFile rows(QStringLiteral(SOURCE_DIRECTORY "/Tests/Rows/") + QLatin1String(file));
+    if (!rows.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", qPrintable(rows.fileName()));
+    for (const QByteArray& line : rows.readAll().split('\n')) {
+        if (line.isEmpty() || line.startsWith('#'))
+            continue;
+        QByteArrayList fields = line.split(';');
+        for (QByteArray& field : fields)
+            field = unescaped(field.trimmed());
+        const QByteArray name = fields.takeFirst();
+        if (fields.size() != count)
+            qFatal("%s: not %d fields behind the name: %s", file, count, line.constData());
+        QTest::newRow(name) << TextRow{name, fields};
+    }
+}
