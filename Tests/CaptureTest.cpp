@@ -336,12 +336,12 @@ void CaptureTest::theLineIsRecordedAsItCame()
     QVERIFY2(capture.press("23456"), qPrintable(capture.output()));
     capture.signal(SIGINT);
     QCOMPARE(capture.wait(), 0);
-    const ReadSession read = readSession(contentOf(capture.path(QStringLiteral("line.log"))));
-    QCOMPARE(read.error, QString());
-    QCOMPARE(read.session.driver, driver);
-    QCOMPARE(read.session.settings, QStringLiteral("9600 8 None 1"));
+    const auto read = readSession(contentOf(capture.path(QStringLiteral("line.log"))));
+    QVERIFY2(read, qPrintable(read ? QString() : read.error()));
+    QCOMPARE(read->driver, driver);
+    QCOMPARE(read->settings, QStringLiteral("9600 8 None 1"));
     QByteArray recorded;
-    for (const RecordedSession::Chunk& chunk : read.session.chunks)
+    for (const RecordedSession::Chunk& chunk : read->chunks)
         recorded += chunk.bytes;
     QCOMPARE(recorded, capture.sent().join());
 }

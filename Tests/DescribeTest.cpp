@@ -117,7 +117,7 @@ QVector<QByteArray> simulate(const DigitizerArgument& description, QPointF origi
     const int firstNumber = description.m_fourButtons ? 1 : 0;
     for (const QPointF& point : points(int(description.m_buttons.size()) + 3, origin, trial)) {
         const int number = PressProtocol::buttonOf(result.size()) - 1 + firstNumber;
-        result << encodeReport(description, {{point.x(), point.y()}, number}).bytes;
+        result << *encodeReport(description, {{point.x(), point.y()}, number});
     }
     return result;
 }
@@ -142,9 +142,9 @@ QByteArray randomReport(const DigitizerArgument& description, QRandomGenerator& 
 
 QString propose(const QVector<QByteArray>& pressed, QString* error)
 {
-    const ReportSplit split = splitReports(pressed);
-    const FoundLayout layout = split.error.isEmpty() ? findLayout(split.reports) : FoundLayout();
-    *error = split.error + layout.error;
+    const auto split = splitReports(pressed);
+    const auto layout = split.and_then([](const ReportSplit& s) { return findLayout(s.reports); });
+    *error = layout ? QString() : layout.error();
     PortSettings line;
     line.BaudRate = BAUD9600;
     line.DataBits = DATA_8;
@@ -152,7 +152,7 @@ QString propose(const QVector<QByteArray>& pressed, QString* error)
     line.StopBits = STOP_1;
     line.FlowControl = FLOW_OFF;
     return error->isEmpty()
-               ? proposeDescription(split, layout,
+               ? proposeDescription(*split, *layout,
                                     {QStringLiteral("found <&> \"again\""), line, true, 30.0})
                : QString();
 }

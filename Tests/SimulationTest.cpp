@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/FieldDecoding.h"
 #include "ReferenceHost/CommandLine/Command.h"
-#include "ReferenceHost/Descriptions/DriverOptions.h"
+#include "ReferenceHost/Descriptions/DriverLookup.h"
 #include "ReferenceHost/Serial/RecordedSession.h"
 #include "support/DescriptionBuilder.h"
 #include "support/TestHost.h"
@@ -133,7 +133,7 @@ void SimulationTest::descriptionsDecodeAndEncode()
     QFETCH(int, index);
     const Expectation* const expectation = &expectations[index];
     const DigitizerArgument description =
-        driverFromFile(fileOf(QLatin1String(expectation->file))).description;
+        DriverLookup::inFile(fileOf(QLatin1String(expectation->file)))->description;
     const DigitalReport byHand = decode(description, expectation->report);
     QCOMPARE(quint64(qstrlen(expectation->report)), quint64(description.m_reportLength));
     QVERIFY(std::abs(byHand.coordinate().x() - expectation->x) < 1e-9);
@@ -141,7 +141,7 @@ void SimulationTest::descriptionsDecodeAndEncode()
     QCOMPARE(byHand.m_button_number, expectation->button);
 
     for (const Press& press : bodiceFront(1, !description.m_fourButtons))
-        QCOMPARE(encodeReport(description, press).error, QString());
+        QVERIFY(encodeReport(description, press));
 
     const unsigned seed = 20260301 + unsigned(index);
     std::mt19937 random(seed);
@@ -153,9 +153,9 @@ void SimulationTest::descriptionsDecodeAndEncode()
         Press press;
         press.point = {centimetres(random), centimetres(random)};
         press.button = description.m_fourButtons ? 1 + count % 4 : count % 16;
-        const EncodedReport report = encodeReport(description, press);
-        QVERIFY2(report.error.isEmpty(), qPrintable(report.error));
-        const DigitalReport delivered = decode(description, report.bytes);
+        const auto report = encodeReport(description, press);
+        QVERIFY2(report, qPrintable(report ? QString() : report.error()));
+        const DigitalReport delivered = decode(description, *report);
         QCOMPARE(delivered.m_button_number, press.button);
         for (const double difference : {delivered.coordinate().x() - press.point.x(),
                                         delivered.coordinate().y() - press.point.y()})
@@ -230,12 +230,12 @@ void SimulationTest::reportsFollowTheTemplate()
             .report(layout)
             .buttons(QByteArray::number(buttons.size()), codeLength, buttons)
             .xml();
-    const DescribedDriver driver = driverFromFile(host.write(QStringLiteral("a.xml"), content));
-    const EncodedReport report = encodeReport(driver.description, press);
-    QTEST(report.error.isEmpty() ? QString::fromLatin1(quotedBytes(report.bytes)) : report.error,
-          "outcome");
-    if (report.error.isEmpty())
-        QCOMPARE(decode(driver.description, report.bytes).m_button_number, press.button);
+    const DescribedDriver driver =
+        *DriverLookup::inFile(host.write(QStringLiteral("a.xml"), content));
+    const auto report = encodeReport(driver.description, press);
+    QTEST(report ? QString::fromLatin1(quotedBytes(*report)) : report.error(), "outcome");
+    if (report)
+        QCOMPARE(decode(driver.description, *report).m_button_number, press.button);
 }
 
 void SimulationTest::theLectraLayoutComesBack_data()
@@ -259,12 +259,11 @@ void SimulationTest::theLectraLayoutComesBack_data()
 void SimulationTest::theLectraLayoutComesBack()
 {
     QFETCH(Press, press);
-    const EncodedReport report = encodeLectraE92Report(press);
-    QTEST(report.error.isEmpty() ? QString::fromLatin1(quotedBytes(report.bytes)) : report.error,
-          "outcome");
-    if (!report.error.isEmpty())
+    const auto report = encodeLectraE92Report(press);
+    QTEST(report ? QString::fromLatin1(quotedBytes(*report)) : report.error(), "outcome");
+    if (!report)
         return;
-    const DigitalReport delivered = FieldDecoding::lectraE92ReportOf(report.bytes.constData());
+    const DigitalReport delivered = FieldDecoding::lectraE92ReportOf(report->constData());
     QCOMPARE(delivered.m_button_number, press.button);
     QVERIFY(std::abs(delivered.coordinate().x() - press.point.x()) <= 0.005 + 1e-9);
     QVERIFY(std::abs(delivered.coordinate().y() - press.point.y()) <= 0.005 + 1e-9);
@@ -290,15 +289,11 @@ void SimulationTest::scriptsAreReadOrRefused_data()
 void SimulationTest::scriptsAreReadOrRefused()
 {
     QFETCH(QByteArray, content);
-    const ReadScript script = readScript(content);
-    QString outcome = script.error;
-    for (const Press& press : script.presses) {
-        if (script.error.isEmpty())
-            outcome += QStringLiteral("%1 %2 %3;")
-                           .arg(press.point.x())
-                           .arg(press.point.y())
-                           .arg(press.button);
-    }
+    const auto presses = readScript(content);
+    QString outcome = presses ? QString() : presses.error();
+    for (const Press& press : presses.value_or(QVector<Press>()))
+        outcome +=
+            QStringLiteral("%1 %2 %3;").arg(press.point.x()).arg(press.point.y()).arg(press.button);
     QTEST(outcome, "outcome");
 }
 
@@ -320,16 +315,16 @@ void SimulationTest::sessionsComeBackAsTheyWereWritten()
     // While the writer is still there: nothing may wait in a buffer.
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadOnly));
-    const ReadSession read = readSession(file.readAll());
-    QCOMPARE(read.error, QString());
-    QCOMPARE(read.session.tablet, session.tablet.simplified());
-    QCOMPARE(read.session.driver, session.driver);
-    QCOMPARE(read.session.settings, QString());
-    QCOMPARE(read.session.date, session.date);
-    QCOMPARE(read.session.chunks.size(), 2);
-    QCOMPARE(read.session.chunks.at(0).bytes, everyByte);
-    QCOMPARE(read.session.chunks.at(1).milliseconds, 17);
-    QCOMPARE(read.session.chunks.at(1).bytes, QByteArray("0512,1034,1\r"));
+    const auto read = readSession(file.readAll());
+    QVERIFY2(read, qPrintable(read ? QString() : read.error()));
+    QCOMPARE(read->tablet, session.tablet.simplified());
+    QCOMPARE(read->driver, session.driver);
+    QCOMPARE(read->settings, QString());
+    QCOMPARE(read->date, session.date);
+    QCOMPARE(read->chunks.size(), 2);
+    QCOMPARE(read->chunks.at(0).bytes, everyByte);
+    QCOMPARE(read->chunks.at(1).milliseconds, 17);
+    QCOMPARE(read->chunks.at(1).bytes, QByteArray("0512,1034,1\r"));
     QVERIFY(!SessionWriter(path, session).errorString().isEmpty()); // never over another
 }
 
@@ -357,9 +352,10 @@ void SimulationTest::sessionsAreReadOrRefused_data()
 void SimulationTest::sessionsAreReadOrRefused()
 {
     QFETCH(QByteArray, lines);
-    QTEST(readSession("# digitizer session 1\n" + lines).error, "problem");
+    const auto read = readSession("# digitizer session 1\n" + lines);
+    QTEST(read ? QString() : read.error(), "problem");
     QCOMPARE(
-        readSession(lines).error,
+        readSession(lines).error(),
         QStringLiteral("line 1: a recorded session must begin with \"# digitizer session 1\""));
 }
 
@@ -493,7 +489,7 @@ void SimulationTest::theProgramTracesAPiece()
         QThread::msleep(5); // no second report may follow while this one waits
         char bytes[4096];
         const ssize_t size = read(port.handle(), bytes, sizeof bytes);
-        QCOMPARE(QByteArray(bytes, int(size)), encodeLectraE92Report(press).bytes);
+        QCOMPARE(QByteArray(bytes, int(size)), *encodeLectraE92Report(press));
     }
     port.write("\x1b  beep");
     QByteArray printed;
@@ -526,7 +522,7 @@ void SimulationTest::aFloodArrivesWhole()
     port.setReadBufferSize(0);
     QByteArray sent;
     for (const Press& press : bodiceFront(2, false))
-        sent += encodeLectraE92Report(press).bytes;
+        sent += *encodeLectraE92Report(press);
     sent = sent.repeated(rounds);
     QByteArray arrived;
     QTRY_VERIFY2_WITH_TIMEOUT((arrived += port.readAll()).size() >= sent.size(),

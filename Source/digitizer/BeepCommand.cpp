@@ -5,9 +5,9 @@
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/RegularFile.h"
 #include "ReferenceHost/CommandLine/OptionValues.h"
-#include "ReferenceHost/Descriptions/DriverOptions.h"
 #include "ReferenceHost/Lint/XmlOutline.h"
 #include "ReferenceHost/Serial/DeviceCheck.h"
+#include "digitizer/DriverOptions.h"
 
 #include <QFile>
 
@@ -26,20 +26,18 @@ bool hasBeep(const MavSystem::DescribedDriver& driver)
     return beepString && beepString->child(QStringLiteral("character"));
 }
 
-void requireBeep(const QString& driver)
+void requireBeep(const MavSystem::DescribedDriver& driver)
 {
-    const auto described = requiredDriver(driver);
-    if (!hasBeep(described))
+    if (!hasBeep(driver))
         throw CommandError(
             QStringLiteral(
                 "the description %1 defines no beep: it has no \"beepString\" with a \"character\"")
-                .arg(described.file));
+                .arg(driver.file));
 }
 
 int run(const QCommandLineParser& parser)
 {
-    const QString driver = requiredValue(parser, QStringLiteral("driver"),
-                                         QStringLiteral("'digitizer drivers' lists the names"));
+    const auto driver = DriverOptions::installed(parser);
     const QString device = requiredValue(parser, QStringLiteral("device"),
                                          QStringLiteral("'digitizer ports' lists the ports"));
     if (device == QLatin1String("File:"))
@@ -47,7 +45,7 @@ int run(const QCommandLineParser& parser)
             QStringLiteral("--device is File:, but a digital pen cannot beep; give a serial port"),
             ExitUsage);
     requireBeep(driver);
-    const QString problem = deviceProblem(driver, device);
+    const QString problem = deviceProblem(driver.name, device);
     if (!problem.isEmpty())
         throw CommandError(problem);
     const auto digitizer = MavSystem::Digitizer::instance();
@@ -69,9 +67,7 @@ Command beepCommand()
         QStringLiteral("Opens the port, sends the bytes of \"beepString\" in the description, "
                        "prints them and closes the port. If the tablet beeps, the port and the "
                        "serial settings are right. If it stays silent, it may have no beeper.")};
-    command.options = {{QStringLiteral("driver"),
-                        QStringLiteral("Use driver NAME; 'digitizer drivers' lists the names."),
-                        QStringLiteral("NAME")},
+    command.options = {DriverOptions::driver(),
                        {QStringLiteral("device"),
                         QStringLiteral("Use serial port PORT, such as /dev/ttyUSB0."),
                         QStringLiteral("PORT")}};

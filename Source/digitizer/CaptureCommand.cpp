@@ -5,11 +5,11 @@
 #include "DigitizerGeneric/Digitizer/PortRights.h"
 #include "ReferenceHost/CommandLine/Console.h"
 #include "ReferenceHost/CommandLine/OptionValues.h"
-#include "ReferenceHost/Descriptions/DriverOptions.h"
-#include "ReferenceHost/Pieces/OutputOptions.h"
 #include "ReferenceHost/Serial/LineTap.h"
 #include "ReferenceHost/Serial/PortAccess.h"
 #include "digitizer/CaptureSession.h"
+#include "digitizer/DriverOptions.h"
+#include "digitizer/OutputOptions.h"
 
 #include <QTimer>
 
@@ -52,8 +52,8 @@ CaptureOptions parseOptions(const QCommandLineParser& parser)
     options.strictCount = parser.isSet(strictCountOption);
     options.reconnect = !parser.isSet(noReconnectOption);
     if (parser.isSet(buttonsOption))
-        options.roles = parseButtonRoles(parser.value(buttonsOption));
-    options.driver = requireReports(DriverOptions::chosen(parser));
+        options.roles = valueOrThrow(parseButtonRoles(parser.value(buttonsOption)), ExitUsage);
+    options.driver = DriverOptions::chosenWithReports(parser);
     if (!parser.isSet(buttonsOption))
         options.roles = standardButtonRoles(options.driver);
     options.device = usablePort(parser);
@@ -78,7 +78,8 @@ int run(const QCommandLineParser& parser)
     const CaptureOptions options = parseOptions(parser);
     std::unique_ptr<LineTap> tap;
     if (parser.isSet(recordOption))
-        tap = std::make_unique<LineTap>(options.driver, options.device, parser.value(recordOption));
+        tap = valueOrThrow(
+            LineTap::start(options.driver, options.device, parser.value(recordOption)));
     CaptureSession session(options);
     if (tap)
         watchTap(*tap, session, options);

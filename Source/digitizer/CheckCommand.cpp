@@ -5,8 +5,9 @@
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "ReferenceHost/CommandLine/Console.h"
 #include "ReferenceHost/CommandLine/OptionValues.h"
-#include "ReferenceHost/Descriptions/DriverOptions.h"
+#include "ReferenceHost/Descriptions/DriverLookup.h"
 #include "ReferenceHost/Serial/DeviceCheck.h"
+#include "digitizer/DriverOptions.h"
 
 namespace ReferenceHost {
 
@@ -20,7 +21,7 @@ int run(const QCommandLineParser& parser)
     const QString device = requiredValue(parser, QStringLiteral("device"),
                                          QStringLiteral("'digitizer ports' lists the ports"));
     if (device != QLatin1String("File:"))
-        requireReports(driver);
+        valueOrThrow(DriverLookup::takingReports(driver));
     const QString problem = deviceProblem(driver.name, device);
     if (!problem.isEmpty())
         throw CommandError(problem);

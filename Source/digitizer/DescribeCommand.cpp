@@ -69,10 +69,9 @@ RecordedSession readRecording(const QString& path)
     const QString problem = MavSystem::openRegularFile(file);
     if (!problem.isEmpty())
         throw CommandError(QStringLiteral("cannot read %1: %2").arg(path, problem));
-    const ReadSession read = readSession(file.readAll());
-    if (!read.error.isEmpty())
-        throw CommandError(QStringLiteral("%1: %2").arg(path, read.error));
-    return read.session;
+    return valueOrThrow(readSession(file.readAll()).map_error([&](const QString& error) {
+        return QStringLiteral("%1: %2").arg(path, error);
+    }));
 }
 
 Observation observeRecording(const QCommandLineParser& parser)
@@ -104,7 +103,7 @@ Observation observeTablet(const QCommandLineParser& parser)
     const PortSettings settings = LineOptions::settings(parser, LineOptions::usualSettings());
     Observation observation = {{}, {nameOf(parser, QString()), settings, true, distanceOf(parser)}};
     SerialLine line;
-    line.open(LineOptions::device(parser), settings);
+    valueOrThrow(line.open(LineOptions::device(parser), settings));
     const auto chunks = PressDialog(line, observation.facts.distance).ask();
     if (parser.isSet(recordOption))
         record(parser.value(recordOption), observation, chunks);
@@ -114,15 +113,9 @@ Observation observeTablet(const QCommandLineParser& parser)
 
 QString describe(const Observation& observation)
 {
-    const QString problem = PressProtocol::problemOf(observation.presses);
-    if (!problem.isEmpty())
-        throw CommandError(problem);
-    const ReportSplit split = splitReports(observation.presses);
-    if (!split.error.isEmpty())
-        throw CommandError(split.error);
-    const FoundLayout layout = findLayout(split.reports);
-    if (!layout.error.isEmpty())
-        throw CommandError(layout.error);
+    const ReportSplit split =
+        valueOrThrow(PressProtocol::checked(observation.presses).and_then(splitReports));
+    const FoundLayout layout = valueOrThrow(findLayout(split.reports));
     return proposeDescription(split, layout, observation.facts);
 }
 

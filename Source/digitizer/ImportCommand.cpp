@@ -4,10 +4,11 @@
 
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "ReferenceHost/CommandLine/OptionValues.h"
-#include "ReferenceHost/Descriptions/DriverOptions.h"
+#include "ReferenceHost/Descriptions/DriverLookup.h"
 #include "ReferenceHost/Host/ImportHost.h"
-#include "ReferenceHost/Pieces/OutputOptions.h"
+#include "digitizer/DriverOptions.h"
 #include "digitizer/ImportSession.h"
+#include "digitizer/OutputOptions.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -51,11 +52,9 @@ MavSystem::DescribedDriver penDriver(const QCommandLineParser& parser)
 {
     // The driver library has read the program's settings, which may name a driver.
     const QString saved = MavSystem::Digitizer::instance()->driver();
-    const auto driver =
-        requiredDriver(parser.isSet(driverOption) || saved.isEmpty()
-                           ? requiredValue(parser, driverOption,
-                                           QStringLiteral("'digitizer drivers' lists the names"))
-                           : saved);
+    const auto driver = parser.isSet(driverOption) || saved.isEmpty()
+                            ? DriverOptions::installed(parser)
+                            : valueOrThrow(DriverLookup::installed(saved));
     requirePenDescription(driver);
     return driver;
 }

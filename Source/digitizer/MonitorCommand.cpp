@@ -6,9 +6,9 @@
 #include "ReferenceHost/CommandLine/Console.h"
 #include "ReferenceHost/CommandLine/InputLines.h"
 #include "ReferenceHost/CommandLine/StopSignals.h"
-#include "ReferenceHost/Descriptions/DriverOptions.h"
 #include "ReferenceHost/Serial/LineMonitor.h"
 #include "ReferenceHost/Serial/SerialLine.h"
+#include "digitizer/DriverOptions.h"
 #include "digitizer/LineOptions.h"
 
 #include <QEventLoop>
@@ -87,12 +87,12 @@ int run(const QCommandLineParser& parser)
     PortSettings settings = LineOptions::settings(parser, LineOptions::usualSettings());
     LineMonitor monitor;
     if (hasDriver) {
-        const DescribedDriver driver = requireReports(DriverOptions::chosen(parser));
+        const DescribedDriver driver = DriverOptions::chosenWithReports(parser);
         monitor = monitorFor(driver);
         settings = driver.description.m_portSettings;
     }
     SerialLine line;
-    line.open(LineOptions::device(parser), settings);
+    valueOrThrow(line.open(LineOptions::device(parser), settings));
     if (!showLine(line, monitor))
         throw CommandError(QStringLiteral("the port is gone; check the cable and start again"));
     return ExitSuccess;

@@ -52,9 +52,9 @@ bool parseLine(const QString& line, Press& press)
 
 } // namespace
 
-ReadScript readScript(const QByteArray& content)
+tl::expected<QVector<Press>, QString> readScript(const QByteArray& content)
 {
-    ReadScript script;
+    QVector<Press> presses;
     int number = 0;
     for (const QByteArray& rawLine : content.split('\n')) {
         ++number;
@@ -62,16 +62,14 @@ ReadScript readScript(const QByteArray& content)
         Press press;
         if (line.isEmpty())
             continue;
-        if (!parseLine(line, press)) {
-            script.error = QStringLiteral("line %1: '%2' must be x and y in centimetres and a "
-                                          "button number, such as 12.5 30 1")
-                               .arg(number)
-                               .arg(line);
-            return script;
-        }
-        script.presses.append(press);
+        if (!parseLine(line, press))
+            return tl::unexpected(QStringLiteral("line %1: '%2' must be x and y in centimetres and "
+                                                 "a button number, such as 12.5 30 1")
+                                      .arg(number)
+                                      .arg(line));
+        presses.append(press);
     }
-    return script;
+    return presses;
 }
 
 QVector<Press> bodiceFront(int firstButton, bool sixteenButtons)

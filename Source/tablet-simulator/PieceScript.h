@@ -7,18 +7,13 @@
 #include <QString>
 #include <QVector>
 
+#include <tl/expected.hpp>
+
 namespace TabletSimulation {
 
-/// The result of reading a script. The presses are usable if \a error is empty.
-struct ReadScript
-{
-    QVector<Press> presses;
-    QString error; ///< "line 7: ..."
-};
-
 /// Returns the presses of a script. Each line is "x y button", in centimetres; "#" starts a
-/// comment.
-ReadScript readScript(const QByteArray& content);
+/// comment. The error begins with "line 7: ".
+tl::expected<QVector<Press>, QString> readScript(const QByteArray& content);
 
 /// Returns a bodice front of about 25 by 46 centimetres, traced once around: corners, curve points
 /// along the armhole and the neckline, the dart point as a punch hole, end of piece. With \a

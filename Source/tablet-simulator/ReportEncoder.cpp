@@ -63,34 +63,30 @@ struct AxisText
 {
     QByteArray digits;
     char sign;
-    QString error;
 };
 
-AxisText encodeAxis(double centimetres, double unitsInCentimetre, const AxisRoom& room,
-                    const Press& press)
+tl::expected<AxisText, QString> encodeAxis(double centimetres, double unitsInCentimetre,
+                                           const AxisRoom& room, const Press& press)
 {
     const double steps =
         std::round(std::abs(centimetres) * unitsInCentimetre * std::pow(10.0, room.fractionDigits));
     const double limit = std::pow(10.0, room.digits) - 1;
     if (!(steps <= limit)) {
         const double largest = limit / std::pow(10.0, room.fractionDigits) / unitsInCentimetre;
-        return {{},
-                ' ',
-                QStringLiteral("%1: the template has %2 digits for %3, enough for at most %4 cm")
-                    .arg(pointText(press))
-                    .arg(room.digits)
-                    .arg(room.name)
-                    .arg(largest)};
+        return tl::unexpected(
+            QStringLiteral("%1: the template has %2 digits for %3, enough for at most %4 cm")
+                .arg(pointText(press))
+                .arg(room.digits)
+                .arg(room.name)
+                .arg(largest));
     }
     const bool negative = centimetres < 0 && steps > 0;
     if (negative && !room.hasSign)
-        return {{},
-                ' ',
-                QStringLiteral("%1: the template has no sign for %2, which must not be below 0 cm")
-                    .arg(pointText(press), room.name)};
-    return {QByteArray::number(steps, 'f', 0).rightJustified(room.digits, '0'),
-            negative ? '-' : '+',
-            {}};
+        return tl::unexpected(
+            QStringLiteral("%1: the template has no sign for %2, which must not be below 0 cm")
+                .arg(pointText(press), room.name));
+    return AxisText{QByteArray::number(steps, 'f', 0).rightJustified(room.digits, '0'),
+                    negative ? '-' : '+'};
 }
 
 // The part of \a code that fits into the template, filled with blanks.
@@ -116,31 +112,32 @@ int buttonOf(const DigitizerArgument& description, int searched, const ButtonVal
     return 0;
 }
 
-// Finds the code that the library turns into the press's button. Returns an empty text, or why
-// there is none.
-QString findCode(const DigitizerArgument& description, const Press& press, ButtonValue& code)
+// Returns the code that the library turns into the press's button.
+tl::expected<ButtonValue, QString> codeOf(const DigitizerArgument& description, const Press& press)
 {
     const int first = description.m_fourButtons ? 1 : 0;
     const int searched =
         std::min(description.m_fourButtons ? 4 : 16, int(description.m_buttons.size()));
     const int index = press.button - first;
     if (searched == 0)
-        return QStringLiteral("%1: the description has no buttons").arg(pointText(press));
+        return tl::unexpected(
+            QStringLiteral("%1: the description has no buttons").arg(pointText(press)));
     if (index < 0 || index >= searched)
-        return QStringLiteral("%1: there is no button %2; the description has buttons %3 to %4")
+        return tl::unexpected(
+            QStringLiteral("%1: there is no button %2; the description has buttons %3 to %4")
+                .arg(pointText(press))
+                .arg(press.button)
+                .arg(first)
+                .arg(first + searched - 1));
+    const ButtonValue code = sentCode(description, description.m_buttons[size_t(index)]);
+    const int arriving = buttonOf(description, searched, code);
+    if (arriving == press.button)
+        return code;
+    return tl::unexpected(
+        QStringLiteral("%1: with the codes in the description, button %2 would arrive as button %3")
             .arg(pointText(press))
             .arg(press.button)
-            .arg(first)
-            .arg(first + searched - 1);
-    code = sentCode(description, description.m_buttons[size_t(index)]);
-    const int arriving = buttonOf(description, searched, code);
-    return arriving == press.button
-               ? QString()
-               : QStringLiteral(
-                     "%1: with the codes in the description, button %2 would arrive as button %3")
-                     .arg(pointText(press))
-                     .arg(press.button)
-                     .arg(arriving);
+            .arg(arriving));
 }
 
 // Returns the characters of the report, role by role.
@@ -186,54 +183,54 @@ private:
 
 } // namespace
 
-EncodedReport encodeReport(const DigitizerArgument& description, const Press& press)
+tl::expected<QByteArray, QString> encodeReport(const DigitizerArgument& description,
+                                               const Press& press)
 {
     if (!(description.m_resolution > 0.0))
-        return {{},
-                QStringLiteral("%1: the resolution in the description is %2, but must be above 0")
-                    .arg(pointText(press))
-                    .arg(description.m_resolution)};
+        return tl::unexpected(
+            QStringLiteral("%1: the resolution in the description is %2, but must be above 0")
+                .arg(pointText(press))
+                .arg(description.m_resolution));
     const Rooms rooms = roomsOf(description);
     const double units = unitsPerCentimetre(description);
-    const AxisText x = encodeAxis(press.point.x(), units, rooms.x, press);
-    const AxisText y = encodeAxis(press.point.y(), units, rooms.y, press);
-    ButtonValue code;
-    const QString codeError = findCode(description, press, code);
-    for (const QString& error : {x.error, y.error, codeError}) {
-        if (!error.isEmpty())
-            return {{}, error};
-    }
-    Characters characters(x, y, code);
-    EncodedReport report;
-    for (const ReportFormatValues role : description.m_reportFormat)
-        report.bytes += characters.next(role);
-    return report;
+    const auto x = encodeAxis(press.point.x(), units, rooms.x, press);
+    if (!x)
+        return tl::unexpected(x.error());
+    const auto y = encodeAxis(press.point.y(), units, rooms.y, press);
+    if (!y)
+        return tl::unexpected(y.error());
+    return codeOf(description, press).map([&](const ButtonValue& code) {
+        Characters characters(*x, *y, code);
+        QByteArray report;
+        for (const ReportFormatValues role : description.m_reportFormat)
+            report += characters.next(role);
+        return report;
+    });
 }
 
-EncodedReport encodeLectraE92Report(const Press& press)
+tl::expected<QByteArray, QString> encodeLectraE92Report(const Press& press)
 {
     const AxisRoom room = {QStringLiteral("both coordinates"), 6, 2, false};
     QByteArray fields[2];
     const double coordinates[] = {press.point.x(), press.point.y()};
     for (int axis = 0; axis < 2; ++axis) {
-        const AxisText text = encodeAxis(coordinates[axis], 1.0, room, press);
-        if (!text.error.isEmpty())
-            return {{}, text.error};
-        const qint64 steps = text.digits.toLongLong();
+        const auto text = encodeAxis(coordinates[axis], 1.0, room, press);
+        if (!text)
+            return tl::unexpected(text.error());
+        const qint64 steps = text->digits.toLongLong();
         if (steps == 0)
-            return {{},
-                    QStringLiteral("%1: this tablet rejects coordinates that are not above 0 cm")
-                        .arg(pointText(press))};
+            return tl::unexpected(
+                QStringLiteral("%1: this tablet rejects coordinates that are not above 0 cm")
+                    .arg(pointText(press)));
         fields[axis] = QByteArray::number(steps).rightJustified(6, ' ');
     }
     if (press.button < 2 || press.button > 5)
-        return {{},
-                QStringLiteral("%1: there is no button %2; this tablet has buttons 2 to 5")
-                    .arg(pointText(press))
-                    .arg(press.button)};
-    return {"000000" + QByteArray::number(29 + press.button) + " 0" + fields[0] + ' ' + fields[1] +
-                "\r\n",
-            {}};
+        return tl::unexpected(
+            QStringLiteral("%1: there is no button %2; this tablet has buttons 2 to 5")
+                .arg(pointText(press))
+                .arg(press.button));
+    return QByteArray("000000" + QByteArray::number(29 + press.button) + " 0" + fields[0] + ' ' +
+                      fields[1] + "\r\n");
 }
 
 } // namespace TabletSimulation

@@ -8,6 +8,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <tl/expected.hpp>
+
 namespace TabletSimulation {
 
 /// What a tablet is to send: a point in centimetres and the button number that the driver is to
@@ -18,19 +20,13 @@ struct Press
     int button = 0;
 };
 
-/// The bytes of a report, or why there are none.
-struct EncodedReport
-{
-    QByteArray bytes;
-    QString error; ///< names the point and the limit; otherwise empty
-};
-
 /// Returns the report that the driver library decodes to \a press with \a description. The point is
-/// rounded to the nearest step of the resolution.
-EncodedReport encodeReport(const MavSystem::DigitizerArgument& description, const Press& press);
+/// rounded to the nearest step of the resolution. The error names the point and the limit.
+tl::expected<QByteArray, QString> encodeReport(const MavSystem::DigitizerArgument& description,
+                                               const Press& press);
 
 /// The same in the fixed layout of the "Lectra E92": positive coordinates in steps of 0.01 cm,
 /// buttons 2 to 5, a carriage return and a line feed at the end.
-EncodedReport encodeLectraE92Report(const Press& press);
+tl::expected<QByteArray, QString> encodeLectraE92Report(const Press& press);
 
 } // namespace TabletSimulation

@@ -7,7 +7,7 @@
 #include "ReferenceHost/CommandLine/CommandLine.h"
 #include "ReferenceHost/CommandLine/Console.h"
 #include "ReferenceHost/CommandLine/OptionValues.h"
-#include "ReferenceHost/Descriptions/DriverOptions.h"
+#include "ReferenceHost/Descriptions/DriverLookup.h"
 #include "ReferenceHost/Host/StandardHost.h"
 #include "ReferenceHost/Serial/RecordedSession.h"
 #include "tablet-simulator/PieceScript.h"
@@ -27,19 +27,24 @@ using namespace ReferenceHost;
 
 namespace {
 
-QByteArray contentOf(const QString& path)
+// What \a read makes of the content of a file.
+template <typename Value>
+Value readFrom(const QString& path, tl::expected<Value, QString> (*read)(const QByteArray&))
 {
     QFile file(path);
     const QString problem = openRegularFile(file);
     if (!problem.isEmpty())
         throw CommandError(QStringLiteral("cannot read %1: %2").arg(path, problem));
-    return file.readAll();
+    return valueOrThrow(read(file.readAll()).map_error([&](const QString& error) {
+        return QStringLiteral("%1: %2").arg(path, error);
+    }));
 }
 
 DescribedDriver chosenDriver(const QCommandLineParser& parser)
 {
     if (parser.isSet(QStringLiteral("description")))
-        return requireReports(driverFromFile(parser.value(QStringLiteral("description"))));
+        return valueOrThrow(DriverLookup::inFile(parser.value(QStringLiteral("description")))
+                                .and_then(DriverLookup::takingReports));
     const QString name = requiredValue(parser, QStringLiteral("driver"),
                                        QStringLiteral("'digitizer drivers' lists the names"));
     // The layout of this tablet is built in, so it needs no description.
@@ -50,7 +55,7 @@ DescribedDriver chosenDriver(const QCommandLineParser& parser)
         driver.description.m_portSettings.DataBits = DATA_8;
         return driver;
     }
-    return requireReports(requiredDriver(name));
+    return valueOrThrow(DriverLookup::installed(name).and_then(DriverLookup::takingReports));
 }
 
 QVector<Press> chosenPresses(const QCommandLineParser& parser, const DescribedDriver& driver)
@@ -58,20 +63,13 @@ QVector<Press> chosenPresses(const QCommandLineParser& parser, const DescribedDr
     if (!parser.isSet(QStringLiteral("script")))
         return bodiceFront(driver.isLectraE92() ? 2 : 1,
                            !driver.description.m_fourButtons && !driver.isLectraE92());
-    const QString path = parser.value(QStringLiteral("script"));
-    const ReadScript script = readScript(contentOf(path));
-    if (!script.error.isEmpty())
-        throw CommandError(path + QStringLiteral(": ") + script.error);
-    return script.presses;
+    return readFrom(parser.value(QStringLiteral("script")), readScript);
 }
 
 QByteArray encoded(const Press& press, const DescribedDriver& driver)
 {
-    const EncodedReport report = driver.isLectraE92() ? encodeLectraE92Report(press)
-                                                      : encodeReport(driver.description, press);
-    if (!report.error.isEmpty())
-        throw CommandError(report.error);
-    return report.bytes;
+    return valueOrThrow(driver.isLectraE92() ? encodeLectraE92Report(press)
+                                             : encodeReport(driver.description, press));
 }
 
 qint64 microsecondsOnLine(const PortSettings& settings, int characters)
@@ -122,12 +120,10 @@ QVector<Transmission> simulated(const QCommandLineParser& parser)
 
 QVector<Transmission> replayed(const QString& path)
 {
-    const ReadSession read = readSession(contentOf(path));
-    if (!read.error.isEmpty())
-        throw CommandError(path + QStringLiteral(": ") + read.error);
+    const RecordedSession session = readFrom(path, readSession);
     QVector<Transmission> chunks;
     qint64 before = 0;
-    for (const RecordedSession::Chunk& chunk : read.session.chunks) {
+    for (const RecordedSession::Chunk& chunk : session.chunks) {
         chunks.append({(chunk.milliseconds - before) * 1000, chunk.bytes});
         before = chunk.milliseconds;
     }

@@ -9,8 +9,12 @@
 #include <QStringList>
 #include <QVector>
 
+#include <tl/expected.hpp>
+
 #include <functional>
 #include <stdexcept>
+#include <type_traits>
+#include <utility>
 
 namespace ReferenceHost {
 
@@ -35,6 +39,16 @@ public:
 private:
     ExitStatus m_status;
 };
+
+/// Returns the value of \a result, or throws a CommandError with its error.
+template <typename Value>
+Value valueOrThrow(tl::expected<Value, QString> result, ExitStatus status = ExitFailure)
+{
+    if (!result)
+        throw CommandError(result.error(), status);
+    if constexpr (!std::is_void_v<Value>)
+        return *std::move(result);
+}
 
 /// A positional argument. "[FILE]" is optional, "FILE..." may be repeated, "[FILE...]" is both.
 struct CommandArgument

@@ -22,7 +22,7 @@ struct TabletFacts
 };
 
 /// Returns a description file for the tablet. It is complete and well-formed; comments "Not sure:
-/// ..." above an element say what to check. Neither \a split nor \a layout may have an error.
+/// ..." above an element say what to check.
 QString proposeDescription(const ReportSplit& split, const FoundLayout& layout,
                            const TabletFacts& facts);
 

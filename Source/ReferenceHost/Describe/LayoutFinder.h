@@ -2,19 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ReferenceHost/Describe/Doubt.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QVector>
 
-namespace ReferenceHost {
+#include <tl/expected.hpp>
 
-/// An open question about a layout, and the part of the description that it concerns.
-struct Doubt
-{
-    enum class About { Line, Resolution, Template, Buttons };
-    About about;
-    QString text;
-};
+namespace ReferenceHost {
 
 /// The layout of an unknown tablet's report.
 struct FoundLayout
@@ -24,11 +20,10 @@ struct FoundLayout
     double xCounts = 0;        ///< from the first press to the one at its right
     double yCounts = 0;        ///< from the first press to the one above it
     QVector<Doubt> doubts;
-    QString error; ///< why there is no template; otherwise empty
 };
 
 /// Finds the layout. \a reports have the same length, one for each press of the protocol in its
-/// order, with at least two buttons.
-FoundLayout findLayout(const QVector<QByteArray>& reports);
+/// order, with at least two buttons. The error says why there is no template.
+tl::expected<FoundLayout, QString> findLayout(const QVector<QByteArray>& reports);
 
 } // namespace ReferenceHost

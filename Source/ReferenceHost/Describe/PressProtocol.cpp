@@ -45,16 +45,17 @@ QVector<QByteArray> pressesOf(const QVector<RecordedSession::Chunk>& chunks)
     return presses;
 }
 
-QString problemOf(const QVector<QByteArray>& presses)
+tl::expected<QVector<QByteArray>, QString> checked(const QVector<QByteArray>& presses)
 {
     if (presses.size() >= minimumPresses && presses.size() <= maximumPresses)
-        return {};
-    return QStringLiteral("found %1 presses with pauses of %2 milliseconds between them; expected "
-                          "%3 to %4: button 1 at four points, then every other button once")
-        .arg(presses.size())
-        .arg(pauseMilliseconds)
-        .arg(minimumPresses)
-        .arg(maximumPresses);
+        return presses;
+    return tl::unexpected(
+        QStringLiteral("found %1 presses with pauses of %2 milliseconds between them; expected "
+                       "%3 to %4: button 1 at four points, then every other button once")
+            .arg(presses.size())
+            .arg(pauseMilliseconds)
+            .arg(minimumPresses)
+            .arg(maximumPresses));
 }
 
 } // namespace PressProtocol

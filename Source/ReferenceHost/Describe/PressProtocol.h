@@ -8,6 +8,8 @@
 #include <QString>
 #include <QVector>
 
+#include <tl/expected.hpp>
+
 #include <optional>
 
 namespace ReferenceHost {
@@ -45,9 +47,8 @@ inline constexpr int pauseMilliseconds = 400;
 /// Returns the bytes of each press, which are those between two pauses.
 QVector<QByteArray> pressesOf(const QVector<RecordedSession::Chunk>& chunks);
 
-/// Returns an error if there are too few or too many presses for the protocol, otherwise an empty
-/// text.
-QString problemOf(const QVector<QByteArray>& presses);
+/// Returns \a presses, or an error if there are too few or too many for the protocol.
+tl::expected<QVector<QByteArray>, QString> checked(const QVector<QByteArray>& presses);
 
 } // namespace PressProtocol
 

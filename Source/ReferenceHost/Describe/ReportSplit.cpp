@@ -87,8 +87,10 @@ QString lengthsText(const QVector<int>& lengths)
         .arg(*std::max_element(lengths.begin(), lengths.end()));
 }
 
-void checkLengths(ReportSplit& split, const QVector<QVector<QByteArray>>& parts)
+// Returns the first report of each press.
+tl::expected<ReportSplit, QString> splitOf(const QVector<QVector<QByteArray>>& parts)
 {
+    ReportSplit split;
     QVector<int> lengths;
     for (const auto& press : parts) {
         for (const QByteArray& report : press)
@@ -98,17 +100,18 @@ void checkLengths(ReportSplit& split, const QVector<QVector<QByteArray>>& parts)
     }
     const int first = lengths.first();
     if (std::any_of(lengths.begin(), lengths.end(), [first](int other) { return other != first; }))
-        split.error = lengthsText(lengths);
-    else if (first < shortestReport)
-        split.error = QStringLiteral("a report of %1 characters is too short for x, y and a button")
-                          .arg(first);
+        return tl::unexpected(lengthsText(lengths));
+    if (first < shortestReport)
+        return tl::unexpected(
+            QStringLiteral("a report of %1 characters is too short for x, y and a button")
+                .arg(first));
+    return split;
 }
 
 } // namespace
 
-ReportSplit splitReports(const QVector<QByteArray>& presses)
+tl::expected<ReportSplit, QString> splitReports(const QVector<QByteArray>& presses)
 {
-    ReportSplit split;
     const QByteArray lineEnd = lineEndOf(presses.first());
     const bool endsLines = !lineEnd.isEmpty() && std::all_of(presses.begin(), presses.end(),
                                                              [&](const QByteArray& press) {
@@ -121,10 +124,11 @@ ReportSplit splitReports(const QVector<QByteArray>& presses)
                      : repetition ? cutAt(press, repetition)
                                   : QVector<QByteArray>{press});
     }
-    checkLengths(split, parts);
-    split.evidence = endsLines                      ? ReportSplit::Evidence::LineEnd
-                     : split.mostReportsInPress > 1 ? ReportSplit::Evidence::Repetition
-                                                    : ReportSplit::Evidence::WholePress;
+    auto split = splitOf(parts);
+    if (split)
+        split->evidence = endsLines                       ? ReportSplit::Evidence::LineEnd
+                          : split->mostReportsInPress > 1 ? ReportSplit::Evidence::Repetition
+                                                          : ReportSplit::Evidence::WholePress;
     return split;
 }
 

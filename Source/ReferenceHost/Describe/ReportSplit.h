@@ -6,6 +6,8 @@
 #include <QString>
 #include <QVector>
 
+#include <tl/expected.hpp>
+
 namespace ReferenceHost {
 
 /// The reports that an unknown tablet sent for a series of presses.
@@ -21,10 +23,10 @@ struct ReportSplit
     QVector<QByteArray> reports; ///< the first report of each press, all of the same length
     Evidence evidence = Evidence::LineEnd;
     int mostReportsInPress = 1;
-    QString error; ///< why there is no common length; otherwise empty
 };
 
 /// Finds the length of a report. \a presses are the bytes of each press, none of them empty.
-ReportSplit splitReports(const QVector<QByteArray>& presses);
+/// The error says why there is no common length.
+tl::expected<ReportSplit, QString> splitReports(const QVector<QByteArray>& presses);
 
 } // namespace ReferenceHost

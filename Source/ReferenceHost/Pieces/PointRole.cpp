@@ -4,7 +4,6 @@
 
 #include "DigitizerGeneric/Digitizer/DescribedDriver.h"
 #include "DigitizerGeneric/Digitizer/DigitalReport.h"
-#include "ReferenceHost/CommandLine/Command.h"
 #include "ReferenceHost/CommandLine/NearestNames.h"
 
 #include <algorithm>
@@ -18,7 +17,7 @@ namespace {
 constexpr const char* names[] = {"corner", "curve", "hole",    "end",
                                  "notch",  "other", "closing", "rejected"};
 
-PointRole parseRole(const QString& name, const QString& entry)
+tl::expected<PointRole, QString> parseRole(const QString& name, const QString& entry)
 {
     const auto* const found =
         std::find_if(std::begin(names), std::end(names),
@@ -28,10 +27,9 @@ PointRole parseRole(const QString& name, const QString& entry)
     QStringList accepted;
     for (int role = 0; role < int(PointRole::Other); ++role)
         accepted << roleName(PointRole(role));
-    throw CommandError(
+    return tl::unexpected(
         QStringLiteral("--buttons contains '%1', but a meaning must be one of %2%3")
-            .arg(entry, accepted.join(QStringLiteral(", ")), suggestion(name, accepted)),
-        ExitUsage);
+            .arg(entry, accepted.join(QStringLiteral(", ")), suggestion(name, accepted)));
 }
 
 } // namespace
@@ -54,7 +52,7 @@ ButtonRoles standardButtonRoles(const MavSystem::DescribedDriver& driver)
     return roles;
 }
 
-ButtonRoles parseButtonRoles(const QString& text)
+tl::expected<ButtonRoles, QString> parseButtonRoles(const QString& text)
 {
     ButtonRoles roles;
     for (const QString& entry : text.split(QLatin1Char(','))) {
@@ -62,14 +60,15 @@ ButtonRoles parseButtonRoles(const QString& text)
         bool isNumber = false;
         const int button = entry.left(equals).toInt(&isNumber);
         if (equals < 0 || !isNumber || button < 0)
-            throw CommandError(QStringLiteral("--buttons contains '%1', but each entry must be "
-                                              "BUTTON=MEANING, such as 1=corner")
-                                   .arg(entry),
-                               ExitUsage);
+            return tl::unexpected(QStringLiteral("--buttons contains '%1', but each entry must be "
+                                                 "BUTTON=MEANING, such as 1=corner")
+                                      .arg(entry));
         if (roles.contains(button))
-            throw CommandError(QStringLiteral("--buttons names button %1 twice").arg(button),
-                               ExitUsage);
-        roles.insert(button, parseRole(entry.mid(equals + 1).trimmed(), entry));
+            return tl::unexpected(QStringLiteral("--buttons names button %1 twice").arg(button));
+        const auto role = parseRole(entry.mid(equals + 1).trimmed(), entry);
+        if (!role)
+            return tl::unexpected(role.error());
+        roles.insert(button, *role);
     }
     return roles;
 }

@@ -5,6 +5,8 @@
 #include <QMap>
 #include <QString>
 
+#include <tl/expected.hpp>
+
 namespace MavSystem {
 class DescribedDriver;
 class DigitalReport;
@@ -35,9 +37,9 @@ QString roleName(PointRole role);
 /// unknown code. "Lectra E92" numbers its four buttons from 2 to 5.
 ButtonRoles standardButtonRoles(const MavSystem::DescribedDriver& driver);
 
-/// Returns the map in a text such as "1=corner,2=curve,3=hole,4=end,5=notch". Throws a CommandError
-/// with ExitUsage that names the wrong entry.
-ButtonRoles parseButtonRoles(const QString& text);
+/// Returns the map in a text such as "1=corner,2=curve,3=hole,4=end,5=notch". The error
+/// names the wrong entry.
+tl::expected<ButtonRoles, QString> parseButtonRoles(const QString& text);
 
 /// Returns what \a report means.
 PointRole roleOf(const MavSystem::DigitalReport& report, const ButtonRoles& roles);

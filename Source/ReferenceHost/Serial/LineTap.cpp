@@ -3,7 +3,6 @@
 #include "ReferenceHost/Serial/LineTap.h"
 
 #include "QextSerialPort/qextserialport.h"
-#include "ReferenceHost/CommandLine/Command.h"
 #include "ReferenceHost/Descriptions/DescriptionTexts.h"
 #include "ReferenceHost/Descriptions/LineSettings.h"
 
@@ -32,15 +31,28 @@ LineTap::LineTap(const MavSystem::DescribedDriver& driver, const QString& device
     : m_port(new QextSerialPort(QextSerialPort::EventDriven, this)),
       m_writer(path, headerOf(driver))
 {
-    if (!problem().isEmpty())
-        throw CommandError(QStringLiteral("cannot record to %1: %2").arg(path, problem()));
-    if (!m_terminal.isOpen())
-        throw CommandError(
-            QStringLiteral("cannot open a pseudo-terminal: %1").arg(m_terminal.errorString()));
     m_port->setPortName(device);
     LineSettings::apply(driver.description.m_portSettings, *m_port);
-    if (!m_port->open(QIODevice::ReadWrite))
-        throw CommandError(QStringLiteral("cannot open %1: %2").arg(device, m_port->errorString()));
+}
+
+tl::expected<std::unique_ptr<LineTap>, QString>
+LineTap::start(const MavSystem::DescribedDriver& driver, const QString& device, const QString& path)
+{
+    std::unique_ptr<LineTap> tap(new LineTap(driver, device, path));
+    if (!tap->problem().isEmpty())
+        return tl::unexpected(QStringLiteral("cannot record to %1: %2").arg(path, tap->problem()));
+    if (!tap->m_terminal.isOpen())
+        return tl::unexpected(
+            QStringLiteral("cannot open a pseudo-terminal: %1").arg(tap->m_terminal.errorString()));
+    if (!tap->m_port->open(QIODevice::ReadWrite))
+        return tl::unexpected(
+            QStringLiteral("cannot open %1: %2").arg(device, tap->m_port->errorString()));
+    tap->connectEnds();
+    return tap;
+}
+
+void LineTap::connectEnds()
+{
     m_clock.start();
     connect(m_port, &QextSerialPort::readyRead, this, &LineTap::record);
     connect(m_port, &QIODevice::readChannelFinished, this, [this] {

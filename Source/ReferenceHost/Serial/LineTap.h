@@ -10,6 +10,10 @@
 #include <QObject>
 #include <QTimer>
 
+#include <tl/expected.hpp>
+
+#include <memory>
+
 class QSocketNotifier;
 class QextSerialPort;
 
@@ -23,9 +27,10 @@ class LineTap : public QObject
     Q_OBJECT
 
 public:
-    /// Opens \a device with the settings of \a driver and records to the new file \a path. Throws a
-    /// CommandError if either cannot be opened.
-    LineTap(const MavSystem::DescribedDriver& driver, const QString& device, const QString& path);
+    /// Opens \a device with the settings of \a driver and records to the new file \a path. The
+    /// error says which of them cannot be opened and why.
+    static tl::expected<std::unique_ptr<LineTap>, QString>
+    start(const MavSystem::DescribedDriver& driver, const QString& device, const QString& path);
     ~LineTap() override;
 
     /// Returns the path of the port for the driver library.
@@ -40,6 +45,9 @@ Q_SIGNALS:
     void returned();
 
 private:
+    LineTap(const MavSystem::DescribedDriver& driver, const QString& device, const QString& path);
+
+    void connectEnds();
     void tryAgain();
     void record();
     void passToDriver();

@@ -130,9 +130,9 @@ QByteArray lineOf(const RecordedSession::Chunk& chunk)
     return QByteArray::number(chunk.milliseconds) + ' ' + quotedBytes(chunk.bytes) + '\n';
 }
 
-QString errorAt(int line, const QString& problem)
+tl::unexpected<QString> errorAt(int line, const QString& problem)
 {
-    return QStringLiteral("line %1: %2").arg(line).arg(problem);
+    return tl::unexpected(QStringLiteral("line %1: %2").arg(line).arg(problem));
 }
 
 } // namespace
@@ -145,21 +145,19 @@ QByteArray quotedBytes(const QByteArray& bytes)
     return '"' + text + '"';
 }
 
-ReadSession readSession(const QByteArray& content)
+tl::expected<RecordedSession, QString> readSession(const QByteArray& content)
 {
-    ReadSession result;
     const QList<QByteArray> lines = content.split('\n');
-    if (lines.at(0).trimmed() != firstLine) {
-        result.error = errorAt(1, QStringLiteral("a recorded session must begin with \"%1\"")
-                                      .arg(QLatin1String(firstLine)));
-        return result;
-    }
-    for (int index = 1; index < lines.size() && result.error.isEmpty(); ++index) {
-        const QString problem = takeLine(lines.at(index).trimmed(), result.session);
+    if (lines.at(0).trimmed() != firstLine)
+        return errorAt(1, QStringLiteral("a recorded session must begin with \"%1\"")
+                              .arg(QLatin1String(firstLine)));
+    RecordedSession session;
+    for (int index = 1; index < lines.size(); ++index) {
+        const QString problem = takeLine(lines.at(index).trimmed(), session);
         if (!problem.isEmpty())
-            result.error = errorAt(index + 1, problem);
+            return errorAt(index + 1, problem);
     }
-    return result;
+    return session;
 }
 
 SessionWriter::SessionWriter(const QString& path, const RecordedSession& session) : m_file(path)

@@ -8,6 +8,8 @@
 #include <QString>
 #include <QVector>
 
+#include <tl/expected.hpp>
+
 namespace ReferenceHost {
 
 /// A session recorded at a serial port: where it comes from, and every chunk with its time.
@@ -31,15 +33,9 @@ struct RecordedSession
     QVector<Chunk> chunks;
 };
 
-/// The result of reading a session, which is usable if \a error is empty.
-struct ReadSession
-{
-    RecordedSession session;
-    QString error; ///< "line 7: ...": what was found and what is accepted
-};
-
-/// Returns the session whose file holds \a content.
-ReadSession readSession(const QByteArray& content);
+/// Returns the session whose file holds \a content. The error, "line 7: ...", says what was found
+/// and what is accepted.
+tl::expected<RecordedSession, QString> readSession(const QByteArray& content);
 
 /// Returns \a bytes in double quotes, with escapes for bytes that are not printable.
 QByteArray quotedBytes(const QByteArray& bytes);

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Serial/SerialLine.h"
 
-#include "ReferenceHost/CommandLine/Command.h"
 #include "ReferenceHost/Descriptions/LineSettings.h"
 
 namespace ReferenceHost {
@@ -13,14 +12,15 @@ SerialLine::SerialLine()
     connect(&m_port, &QIODevice::readChannelFinished, this, &SerialLine::ended);
 }
 
-void SerialLine::open(const QString& path, const PortSettings& settings)
+tl::expected<void, QString> SerialLine::open(const QString& path, const PortSettings& settings)
 {
     m_port.setPortName(path);
     LineSettings::apply(settings, m_port);
     // For writing as well, since only that discards what arrived before.
     if (!m_port.open(QIODevice::ReadWrite))
-        throw CommandError(QStringLiteral("cannot open %1: %2").arg(path, m_port.errorString()));
+        return tl::unexpected(QStringLiteral("cannot open %1: %2").arg(path, m_port.errorString()));
     m_clock.start();
+    return {};
 }
 
 } // namespace ReferenceHost

@@ -6,6 +6,8 @@
 
 #include <QElapsedTimer>
 
+#include <tl/expected.hpp>
+
 namespace ReferenceHost {
 
 /// A serial port without the driver: every byte, with its time.
@@ -16,8 +18,8 @@ class SerialLine : public QObject
 public:
     SerialLine();
 
-    /// Opens \a path and discards what arrived before. Throws a CommandError if that fails.
-    void open(const QString& path, const PortSettings& settings);
+    /// Opens \a path and discards what arrived before, or returns why that failed.
+    tl::expected<void, QString> open(const QString& path, const PortSettings& settings);
 
     /// Milliseconds since open().
     qint64 elapsed() const { return m_clock.elapsed(); }

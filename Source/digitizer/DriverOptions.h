@@ -19,21 +19,17 @@ QCommandLineOption description();
 /// Returns whether one of them is given.
 bool areGiven(const QCommandLineParser& parser);
 
+/// Returns the installed driver that --driver names, or throws a CommandError.
+MavSystem::DescribedDriver installed(const QCommandLineParser& parser);
+
 /// Returns the driver that the options name. From then on the driver library finds it by its name:
 /// a description given by its file becomes the only one in this process. Throws a CommandError if
 /// neither or both options are given, or if the file cannot be used.
 MavSystem::DescribedDriver chosen(const QCommandLineParser& parser);
 
+/// Returns the same driver, or throws a CommandError if the library cannot read reports with it.
+MavSystem::DescribedDriver chosenWithReports(const QCommandLineParser& parser);
+
 } // namespace DriverOptions
-
-/// Returns the installed driver named \a name, or throws a CommandError with the nearest names.
-MavSystem::DescribedDriver requiredDriver(const QString& name);
-
-/// Returns \a driver, or throws a CommandError if the library cannot read reports with it.
-MavSystem::DescribedDriver requireReports(const MavSystem::DescribedDriver& driver);
-
-/// Returns the driver in the description \a path, installed or not, or throws a CommandError if it
-/// cannot be used.
-MavSystem::DescribedDriver driverFromFile(const QString& path);
 
 } // namespace ReferenceHost

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
-#include "ReferenceHost/Pieces/OutputOptions.h"
+#include "digitizer/OutputOptions.h"
 
 #include "ReferenceHost/CommandLine/Command.h"
 #include "ReferenceHost/CommandLine/Console.h"
