@@ -256,7 +256,7 @@ void DigipenFileDigitalization::analyzerDigitPenFile(const QString& strPath)
     const InUse inUse(*this);
     ImportTurns& turns = ImportTurns::instance();
     if (turns.running()) {
-        // Answered only after it was replaced; it goes before its turn would come.
+        // It was replaced before its question was answered, and is deleted before it could run.
         if (m_released)
             return;
         qCDebug(lcPen).noquote() << "an import is under way;" << strPath << "waits for its end";

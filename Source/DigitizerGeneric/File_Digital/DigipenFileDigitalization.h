@@ -37,9 +37,9 @@ class t_DigipenStringAnalyzer;
 /// directory is looked at by a timer instead of being watched by the system. Each change of a file
 /// that keeps its name then imports that one again, and nothing else does.
 ///
-/// Only one import runs at a time in the process: what asks for one meanwhile (a change of the
-/// directory while an error is shown, a host that opens again inside its report handler) has its
-/// turn when that has ended. Thread: the host's main thread.
+/// Only one import runs at a time in the process. Another one that is asked for meanwhile (by a
+/// change of the directory while an error is shown, or by a host that opens again inside its report
+/// handler) runs when that has ended. Thread: the host's main thread.
 class DIGITIZERGENERIC_EXPORT DigipenFileDigitalization : public QObject
 {
     Q_OBJECT

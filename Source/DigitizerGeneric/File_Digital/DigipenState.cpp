@@ -3,10 +3,14 @@
 #include "DigitizerGeneric/File_Digital/DigipenState.h"
 
 #include "DigitizerGeneric/ConvertedCommand.h"
+#include "DigitizerGeneric/Digitizer/Diagnostics.h"
 #include "DigitizerGeneric/File_Digital/DigipenDataConverter.h"
 #include "DigitizerGeneric/File_Digital/DigipenDispatch.h"
 
+#include <boost/core/demangle.hpp>
+
 #include <charconv>
+#include <typeinfo>
 
 namespace MavSystem {
 
@@ -29,6 +33,12 @@ char* writeCoordinate(char* text, short x, short y)
     char* position = std::to_chars(text, text + numberCharacters, x).ptr;
     *position++ = COORDINATE_SEPARATOR[0];
     return std::to_chars(position, position + numberCharacters, y).ptr;
+}
+
+QString nameOf(const t_DigipenState& state)
+{
+    return QString::fromStdString(boost::core::demangle(typeid(state).name()))
+        .section(QLatin1String("::"), -1);
 }
 
 } // namespace
@@ -64,6 +74,7 @@ void t_DigipenState::coordinate(t_DigipenDataConverter& converter, short x, shor
 
 void t_DigipenState::changeState(t_DigipenDataConverter& converter, t_DigipenState* next)
 {
+    qCDebug(lcPen).noquote() << "pen state" << nameOf(*converter.m_state) << "to" << nameOf(*next);
     converter.m_state = next;
     next->enter();
 }

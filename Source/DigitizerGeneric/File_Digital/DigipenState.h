@@ -60,7 +60,7 @@ protected:
     void writeCommand(t_DigipenDataConverter& converter, const std::string& code, short x, short y);
 };
 
-/// Returns the one instance of \a State, made now if it was not there.
+/// Returns the one instance of \a State; the first call makes it.
 template <class State>
 t_DigipenState* single()
 {

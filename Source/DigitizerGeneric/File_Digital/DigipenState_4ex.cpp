@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/File_Digital/DigipenState_4ex.h"
 
-#include "DigitizerGeneric/ConvertedCommand.h"
 #include "DigitizerGeneric/File_Digital/DigipenDispatch.h"
 #include "DigitizerGeneric/File_Digital/InternalMode.h"
 
@@ -52,13 +51,11 @@ void t_DigipenState_4ex::button(t_DigipenDataConverter& converter, int n)
 void t_DigipenState_4ex::firstPhase(t_DigipenDataConverter& converter, const char* code,
                                     t_DigipenState* (*next)(), short x, short y)
 {
-    if (hostModeIsInternal()) {
-        writeCommand(converter, PUNCH_HOLE_CODE, x, y);
+    t_DigipenState::coordinate(converter, x, y);
+    if (hostModeIsInternal())
         writeCommand(converter, code, x, y);
-        return;
-    }
-    writeCommand(converter, PUNCH_HOLE_CODE, x, y);
-    changeState(converter, next());
+    else
+        changeState(converter, next());
 }
 
 void t_DigipenState_4ex::secondPhase(t_DigipenDataConverter& converter, short x, short y)
@@ -74,33 +71,6 @@ std::string t_IdleState_4ex::commandCode()
 
 void t_IdleState_4ex::coordinate(t_DigipenDataConverter& /*converter*/, short /*x*/, short /*y*/) {}
 
-std::string t_LineState_4ex::commandCode()
-{
-    return LINE_CODE;
-}
-
-void t_LineState_4ex::coordinate(t_DigipenDataConverter& converter, short x, short y)
-{
-    m_curve = false;
-    t_DigipenState::coordinate(converter, x, y);
-}
-
-std::string t_CurveState_4ex::commandCode()
-{
-    return CURVE_CODE;
-}
-
-void t_CurveState_4ex::coordinate(t_DigipenDataConverter& converter, short x, short y)
-{
-    m_curve = true;
-    t_DigipenState::coordinate(converter, x, y);
-}
-
-std::string t_Button3State_4ex::commandCode()
-{
-    return IDLE_CODE;
-}
-
 void t_Button3State_4ex::button(t_DigipenDataConverter& converter, int n)
 {
     dispatchButton(*this, converter, n, prefixDispatch);
@@ -111,74 +81,9 @@ void t_Button3State_4ex::coordinate(t_DigipenDataConverter& converter, short /*x
     changeState(converter, single<t_IdleState_4ex>());
 }
 
-std::string t_Button3_1Phase1State_4ex::commandCode()
-{
-    return PUNCH_HOLE_CODE;
-}
-
-void t_Button3_1Phase1State_4ex::coordinate(t_DigipenDataConverter& converter, short x, short y)
-{
-    firstPhase(converter, LINE_CODE, single<t_Button3_1Phase2State_4ex>, x, y);
-}
-
-std::string t_Button3_2Phase1State_4ex::commandCode()
-{
-    return PUNCH_HOLE_CODE;
-}
-
-void t_Button3_2Phase1State_4ex::coordinate(t_DigipenDataConverter& converter, short x, short y)
-{
-    firstPhase(converter, CURVE_CODE, single<t_Button3_2Phase2State_4ex>, x, y);
-}
-
-std::string t_Button3_3Phase1State_4ex::commandCode()
-{
-    return PUNCH_HOLE_CODE;
-}
-
-void t_Button3_3Phase1State_4ex::coordinate(t_DigipenDataConverter& converter, short x, short y)
-{
-    firstPhase(converter, PUNCH_HOLE_CODE, single<t_Button3_3Phase2State_4ex>, x, y);
-}
-
-std::string t_Button3_1Phase2State_4ex::commandCode()
-{
-    return LINE_CODE;
-}
-
-void t_Button3_1Phase2State_4ex::coordinate(t_DigipenDataConverter& converter, short x, short y)
-{
-    secondPhase(converter, x, y);
-}
-
-std::string t_Button3_2Phase2State_4ex::commandCode()
-{
-    return CURVE_CODE;
-}
-
-void t_Button3_2Phase2State_4ex::coordinate(t_DigipenDataConverter& converter, short x, short y)
-{
-    secondPhase(converter, x, y);
-}
-
-std::string t_Button3_3Phase2State_4ex::commandCode()
-{
-    return PUNCH_HOLE_CODE;
-}
-
-void t_Button3_3Phase2State_4ex::coordinate(t_DigipenDataConverter& converter, short x, short y)
-{
-    secondPhase(converter, x, y);
-}
-
 void t_TerminateInformationState_4ex::enter()
 {
     m_coordinate_given = false;
-}
-
-std::string t_TerminateInformationState_4ex::commandCode()
-{
-    return TERMINATE_CODE;
 }
 
 void t_TerminateInformationState_4ex::button(t_DigipenDataConverter& converter, int n)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "DigitizerGeneric/ConvertedCommand.h"
 #include "DigitizerGeneric/DigitizerGenericExport.h"
 #include "DigitizerGeneric/File_Digital/DigipenState.h"
 
@@ -13,10 +14,9 @@ namespace MavSystem {
 ///   t_LineState_4ex                 1      dispatch                   m_curve off, write
 ///   t_CurveState_4ex                2      dispatch                   m_curve on, write
 ///   t_Button3State_4ex              none   prefix dispatch            t_IdleState_4ex
-///   t_Button3_kPhase1State_4ex      3      dispatch                   write,
-///   t_Button3_kPhase2State_4ex;
-///     (k = 1, 2, 3)                                                   internal mode: write code 3,
-///                                                                     write code k, stay
+///   t_Button3_kPhase1State_4ex      3      dispatch                   write; internal mode: write
+///     (k = 1, 2, 3)                                                   code k and stay, else
+///                                                                     t_Button3_kPhase2State_4ex
 ///   t_Button3_kPhase2State_4ex      k      dispatch                   write, then t_CurveState_4ex
 ///                                                                     if m_curve, else
 ///                                                                     t_LineState_4ex
@@ -46,6 +46,48 @@ protected:
     void secondPhase(t_DigipenDataConverter& converter, short x, short y);
 };
 
+/// An extended state with \a code.
+template <const char* code>
+class DIGITIZERGENERIC_EXPORT t_CodedState_4ex : public t_DigipenState_4ex
+{
+public:
+    std::string commandCode() override { return code; }
+};
+
+/// An extended state that draws with \a code, lines or a \a curve.
+template <const char* code, bool curve>
+class DIGITIZERGENERIC_EXPORT t_DrawingState_4ex : public t_CodedState_4ex<code>
+{
+public:
+    void coordinate(t_DigipenDataConverter& converter, short x, short y) override
+    {
+        t_DigipenState_4ex::m_curve = curve;
+        t_DigipenState::coordinate(converter, x, y);
+    }
+};
+
+/// The second position of a prefixed input, with \a code.
+template <const char* code>
+class DIGITIZERGENERIC_EXPORT t_SecondPhaseState_4ex : public t_CodedState_4ex<code>
+{
+public:
+    void coordinate(t_DigipenDataConverter& converter, short x, short y) override
+    {
+        t_DigipenState_4ex::secondPhase(converter, x, y);
+    }
+};
+
+/// The first position of a prefixed input, whose second is for \a SecondPhase with \a code.
+template <class SecondPhase, const char* code>
+class DIGITIZERGENERIC_EXPORT t_FirstPhaseState_4ex : public t_CodedState_4ex<PUNCH_HOLE_CODE>
+{
+public:
+    void coordinate(t_DigipenDataConverter& converter, short x, short y) override
+    {
+        firstPhase(converter, code, single<SecondPhase>, x, y);
+    }
+};
+
 /// Not an extended state by its base: its buttons lead into the standard family.
 class DIGITIZERGENERIC_EXPORT t_IdleState_4ex : public t_DigipenState
 {
@@ -55,84 +97,71 @@ public:
     static t_IdleState_4ex* s_single;
 };
 
-class DIGITIZERGENERIC_EXPORT t_LineState_4ex : public t_DigipenState_4ex
+class DIGITIZERGENERIC_EXPORT t_LineState_4ex : public t_DrawingState_4ex<LINE_CODE, false>
 {
 public:
-    std::string commandCode() override;
-    void coordinate(t_DigipenDataConverter& converter, short x, short y) override;
     static t_LineState_4ex* s_single;
 };
 
-class DIGITIZERGENERIC_EXPORT t_CurveState_4ex : public t_DigipenState_4ex
+class DIGITIZERGENERIC_EXPORT t_CurveState_4ex : public t_DrawingState_4ex<CURVE_CODE, true>
 {
 public:
-    std::string commandCode() override;
-    void coordinate(t_DigipenDataConverter& converter, short x, short y) override;
     static t_CurveState_4ex* s_single;
 };
 
-class DIGITIZERGENERIC_EXPORT t_Button3State_4ex : public t_DigipenState_4ex
+class DIGITIZERGENERIC_EXPORT t_Button3State_4ex : public t_CodedState_4ex<IDLE_CODE>
 {
 public:
-    std::string commandCode() override;
     void button(t_DigipenDataConverter& converter, int n) override;
     void coordinate(t_DigipenDataConverter& converter, short x, short y) override;
     static t_Button3State_4ex* s_single;
 };
 
-class DIGITIZERGENERIC_EXPORT t_Button3_1Phase1State_4ex : public t_DigipenState_4ex
+class DIGITIZERGENERIC_EXPORT t_Button3_1Phase2State_4ex : public t_SecondPhaseState_4ex<LINE_CODE>
 {
 public:
-    std::string commandCode() override;
-    void coordinate(t_DigipenDataConverter& converter, short x, short y) override;
-    static t_Button3_1Phase1State_4ex* s_single;
-};
-
-class DIGITIZERGENERIC_EXPORT t_Button3_2Phase1State_4ex : public t_DigipenState_4ex
-{
-public:
-    std::string commandCode() override;
-    void coordinate(t_DigipenDataConverter& converter, short x, short y) override;
-    static t_Button3_2Phase1State_4ex* s_single;
-};
-
-class DIGITIZERGENERIC_EXPORT t_Button3_3Phase1State_4ex : public t_DigipenState_4ex
-{
-public:
-    std::string commandCode() override;
-    void coordinate(t_DigipenDataConverter& converter, short x, short y) override;
-    static t_Button3_3Phase1State_4ex* s_single;
-};
-
-class DIGITIZERGENERIC_EXPORT t_Button3_1Phase2State_4ex : public t_DigipenState_4ex
-{
-public:
-    std::string commandCode() override;
-    void coordinate(t_DigipenDataConverter& converter, short x, short y) override;
     static t_Button3_1Phase2State_4ex* s_single;
 };
 
-class DIGITIZERGENERIC_EXPORT t_Button3_2Phase2State_4ex : public t_DigipenState_4ex
+class DIGITIZERGENERIC_EXPORT t_Button3_2Phase2State_4ex : public t_SecondPhaseState_4ex<CURVE_CODE>
 {
 public:
-    std::string commandCode() override;
-    void coordinate(t_DigipenDataConverter& converter, short x, short y) override;
     static t_Button3_2Phase2State_4ex* s_single;
 };
 
-class DIGITIZERGENERIC_EXPORT t_Button3_3Phase2State_4ex : public t_DigipenState_4ex
+class DIGITIZERGENERIC_EXPORT t_Button3_3Phase2State_4ex
+    : public t_SecondPhaseState_4ex<PUNCH_HOLE_CODE>
 {
 public:
-    std::string commandCode() override;
-    void coordinate(t_DigipenDataConverter& converter, short x, short y) override;
     static t_Button3_3Phase2State_4ex* s_single;
 };
 
-class DIGITIZERGENERIC_EXPORT t_TerminateInformationState_4ex : public t_DigipenState_4ex
+class DIGITIZERGENERIC_EXPORT t_Button3_1Phase1State_4ex
+    : public t_FirstPhaseState_4ex<t_Button3_1Phase2State_4ex, LINE_CODE>
+{
+public:
+    static t_Button3_1Phase1State_4ex* s_single;
+};
+
+class DIGITIZERGENERIC_EXPORT t_Button3_2Phase1State_4ex
+    : public t_FirstPhaseState_4ex<t_Button3_2Phase2State_4ex, CURVE_CODE>
+{
+public:
+    static t_Button3_2Phase1State_4ex* s_single;
+};
+
+class DIGITIZERGENERIC_EXPORT t_Button3_3Phase1State_4ex
+    : public t_FirstPhaseState_4ex<t_Button3_3Phase2State_4ex, PUNCH_HOLE_CODE>
+{
+public:
+    static t_Button3_3Phase1State_4ex* s_single;
+};
+
+class DIGITIZERGENERIC_EXPORT t_TerminateInformationState_4ex
+    : public t_CodedState_4ex<TERMINATE_CODE>
 {
 public:
     void enter() override;
-    std::string commandCode() override;
     void button(t_DigipenDataConverter& converter, int n) override;
     void coordinate(t_DigipenDataConverter& converter, short x, short y) override;
     static t_TerminateInformationState_4ex* s_single;

@@ -11,7 +11,7 @@ namespace MavSystem {
 
 class DigipenFileDigitalization;
 
-/// The order of imports in the process: one runs, the others wait for their turn.
+/// The order of imports in the process: one runs, the others wait.
 ///
 /// The pen states are shared by the process and a file must not be read twice, so two imports
 /// never overlap, not even those of two importers.

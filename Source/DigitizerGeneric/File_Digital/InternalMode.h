@@ -4,7 +4,7 @@
 
 namespace MavSystem {
 
-/// Returns whether the driver's m_host_mode, now, puts the pen road into its internal mode.
+/// Returns whether the driver's m_host_mode, now, puts the pen input into its internal mode.
 bool hostModeIsInternal();
 
 } // namespace MavSystem

@@ -29,10 +29,10 @@ public:
     /// returns those that are to be imported, in the given order. Times are in milliseconds since
     /// any point of time and never go back.
     ///
-    /// They are returned by each look until they are forgotten, gone or said to be imported.
+    /// Each look returns them until they are forgotten, gone or marked as imported.
     QVector<File> look(const QVector<File>& found, qint64 begun, qint64 ended);
 
-    /// \a file has been imported and keeps its name: it waits no more, unless it changes.
+    /// Marks \a file as imported although it keeps its name: it no longer waits, unless it changes.
     void setImported(const File& file);
 
     /// The next look finds a file of this name anew.

@@ -7,7 +7,7 @@
 
 namespace MavSystem {
 
-/// By what a change of a file is noticed, and its replacement by another one.
+/// Tells whether a file has changed or has been replaced by another one.
 ///
 /// Times are for comparison with each other only: the clock of a file server is not that of this
 /// machine.
@@ -20,7 +20,7 @@ struct PenFileStamp
 
     /// Of the file named \a path, through links.
     static PenFileStamp of(const QString& path);
-    /// Of an open file, whatever has become of its name.
+    /// Of an open file, even if it has been renamed or removed.
     static PenFileStamp of(const QFile& file);
 
     bool exists() const { return size >= 0; }
