@@ -18,16 +18,16 @@
 #include "DigitizerGeneric/File_Digital/PenFileSettling.h"
 #include "DigitizerGeneric/File_Digital/PenLineReader.h"
 #include "DigitizerGeneric/File_Digital/RenameWithoutReplacing.h"
+#include "DigitizerGeneric/File_Digital/SortedFileNames.h"
 #include "DigitizerGeneric/File_Digital/WatcherReads.h"
 #include "MavCore/MavApplication.h"
 
 #include <QCoreApplication>
 #include <QDirIterator>
 #include <QFileInfo>
-#include <QVector>
 
-#include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <exception>
 
 namespace MavSystem {
@@ -57,26 +57,6 @@ QStringList penFilePatterns()
     return {QStringLiteral("*.dat")};
 }
 
-// Calls action with the name of each matching file, sorted without regard to case. The names are
-// gathered in one text: a list of strings, filled while the directory is read, takes five times the
-// memory, and QDir's own sorting ten times.
-template <class Action>
-void forEachFile(const QString& directory, const QStringList& patterns, Action action)
-{
-    QString text;
-    for (QDirIterator files(directory, patterns, QDir::Files); files.hasNext();) {
-        files.next();
-        text += files.fileName() + QLatin1Char('/');
-    }
-    QVector<QStringRef> names = text.splitRef(QLatin1Char('/'), Qt::SkipEmptyParts);
-    std::sort(names.begin(), names.end(), [](const QStringRef& left, const QStringRef& right) {
-        const int order = left.compare(right, Qt::CaseInsensitive);
-        return order != 0 ? order < 0 : left < right;
-    });
-    for (const QStringRef& name : qAsConst(names))
-        action(name.toString());
-}
-
 // Whatever the host's box throws, the import that it tells about goes on.
 void showError(const QString& text)
 {
@@ -94,18 +74,25 @@ QString whyNotWatched(int error)
                            : qt_error_string(error);
 }
 
-// Looks at the pen files of the directory; returns those that have stood still.
-QVector<PenFileSettling::File> look(const QString& directory, PenFileSettling& settling,
-                                    const QElapsedTimer& clock)
+// Milliseconds of a clock that never goes back.
+qint64 now()
 {
-    const qint64 begun = clock.elapsed();
+    return std::chrono::duration_cast<std::chrono::milliseconds>(
+               std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+}
+
+// Looks at the pen files of the directory; returns those that have stood still.
+QVector<PenFileSettling::File> look(const QString& directory, PenFileSettling& settling)
+{
+    const qint64 begun = now();
     QVector<PenFileSettling::File> files;
-    forEachFile(directory, penFilePatterns(), [&](const QString& name) {
-        const PenFileStamp stamp = PenFileStamp::of(joinedPath(directory, name));
+    for (const QStringRef& name : SortedFileNames(directory, penFilePatterns())) {
+        const PenFileStamp stamp = PenFileStamp::of(joinedPath(directory, name.toString()));
         if (stamp.exists())
-            files.push_back({name, stamp});
-    });
-    return settling.look(files, begun, clock.elapsed());
+            files.push_back({name.toString(), stamp});
+    }
+    return settling.look(files, begun, now());
 }
 
 } // namespace
@@ -162,10 +149,8 @@ bool DigipenFileDigitalization::open()
         return false;
     }
     m_settling->setSettleTime(m_digitizer->penFileSettleTime());
-    if (m_settling->settleTime() > 0) {
-        m_clock.start();
-        look(m_directory, *m_settling, m_clock);
-    }
+    if (m_settling->settleTime() > 0)
+        look(m_directory, *m_settling);
     if (QDirIterator(m_directory, penFilePatterns()).hasNext()) {
         const int answer = askAboutWaitingFiles();
         if (answer == Delete)
@@ -244,11 +229,11 @@ void DigipenFileDigitalization::removeAllFileFromDirectory(QString directory, QS
 {
     if (patterns.isEmpty())
         return; // it would match everything
-    forEachFile(directory, patterns, [&](const QString& name) {
-        const QString path = joinedPath(directory, name);
+    for (const QStringRef& name : SortedFileNames(directory, patterns)) {
+        const QString path = joinedPath(directory, name.toString());
         if (!QFile::remove(path))
             qCDebug(lcPen).noquote() << path << "cannot be removed";
-    });
+    }
 }
 
 void DigipenFileDigitalization::analyzerDigitPenFile(const QString& strPath)
@@ -280,15 +265,14 @@ void DigipenFileDigitalization::importDirectory(const QString& path)
 {
     const QString directory = absoluteDirectory(path);
     if (m_settling->settleTime() > 0)
-        importSettled(directory);
-    else
-        forEachFile(directory, penFilePatterns(),
-                    [&](const QString& name) { importFile(joinedPath(directory, name)); });
+        return importSettled(directory);
+    for (const QStringRef& name : SortedFileNames(directory, penFilePatterns()))
+        importFile(joinedPath(directory, name.toString()));
 }
 
 void DigipenFileDigitalization::importSettled(const QString& directory)
 {
-    const auto settled = look(directory, *m_settling, m_clock);
+    const auto settled = look(directory, *m_settling);
     // The interval counts from here: begun any earlier, the next look would come too early for what
     // this one saw first.
     if (m_timer.isActive())
@@ -361,13 +345,14 @@ bool DigipenFileDigitalization::advance(TakeCommand takeCommand)
     if (m_reading_state != CommandsPending && !fillLine())
         return false;
     const std::size_t pending = m_line.size();
-    if (pending > 0)
-        takeCommand();
+    if (pending == 0)
+        return false;
+    takeCommand();
     // Text that is not consumed, for want of a carriage return, would be read without end.
     if (m_line.size() == pending)
         m_line.clear();
     m_reading_state = m_line.empty() ? ReadingLines : CommandsPending;
-    return pending > 0;
+    return true;
 }
 
 // Fills m_line with the commands of the next line or of the end of the file, possibly none; returns

@@ -5,7 +5,6 @@
 #include "DigitizerGeneric/Digitizer/DigitizerArgument.h"
 #include "DigitizerGeneric/DigitizerGenericExport.h"
 
-#include <QElapsedTimer>
 #include <QFile>
 #include <QFileSystemWatcher>
 #include <QMap>
@@ -125,8 +124,7 @@ private:
     QString m_directory; // absolute; set by open()
     boost::scoped_ptr<PenFileSettling> m_settling;
     boost::scoped_ptr<PenFileStamp> m_stamp; // of m_file when it was opened, with a settle time
-    QElapsedTimer m_clock;                   // of the looks, which m_timer asks for
-    QTimer m_timer;
+    QTimer m_timer;                          // asks for the looks
 };
 
 } // namespace MavSystem
