@@ -6,7 +6,6 @@
 #include "DigitizerGeneric/Digitizer/DigitalReport.h"
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/FieldDecoding.h"
-#include "DigitizerGeneric/Digitizer/RegularFile.h"
 #include "DigitizerGeneric/File_Digital/ConvertedCommandFields.h"
 #include "DigitizerGeneric/File_Digital/ConvertedCommandInterpreter.h"
 #include "DigitizerGeneric/File_Digital/DigipenDataConverter.h"
@@ -14,10 +13,9 @@
 #include "DigitizerGeneric/File_Digital/DigipenStringAnalyzer.h"
 #include "DigitizerGeneric/File_Digital/ImportTurns.h"
 #include "DigitizerGeneric/File_Digital/InternalMode.h"
+#include "DigitizerGeneric/File_Digital/OpenPenFile.h"
 #include "DigitizerGeneric/File_Digital/PenFilePaths.h"
 #include "DigitizerGeneric/File_Digital/PenFileSettling.h"
-#include "DigitizerGeneric/File_Digital/PenLineReader.h"
-#include "DigitizerGeneric/File_Digital/RenameWithoutReplacing.h"
 #include "DigitizerGeneric/File_Digital/SortedFileNames.h"
 #include "DigitizerGeneric/File_Digital/WatcherReads.h"
 #include "MavCore/MavApplication.h"
@@ -124,9 +122,8 @@ DigipenFileDigitalization::DigipenFileDigitalization(Digitizer* digitizer, bool 
                                                  ? t_DigipenStringAnalyzer::CONVERSION_4EX
                                                  : t_DigipenStringAnalyzer::CONVERSION_STANDARD)),
       m_digitizer(digitizer),
-      m_reader(new PenLineReader(m_file)),
-      m_settling(new PenFileSettling),
-      m_stamp(new PenFileStamp)
+      m_open_file(new OpenPenFile(m_file)),
+      m_settling(new PenFileSettling)
 {}
 
 DigipenFileDigitalization::~DigipenFileDigitalization() = default;
@@ -283,7 +280,7 @@ void DigipenFileDigitalization::importSettled(const QString& directory)
         if (!PenFileStamp::of(path).sameContent(file.stamp))
             continue;
         importFile(path);
-        const bool keepsName = m_file.fileName() == path && !replaced();
+        const bool keepsName = m_file.fileName() == path && !m_open_file->replaced();
         if (keepsName)
             m_settling->setImported(file);
         else
@@ -360,7 +357,7 @@ bool DigipenFileDigitalization::advance(TakeCommand takeCommand)
 bool DigipenFileDigitalization::fillLine()
 {
     if (m_reading_state == NoFile) {
-        if (!openFile())
+        if (!m_open_file->open(m_file_name, m_settling->settleTime() > 0))
             return false;
         m_reading_state = ReadingLines;
     }
@@ -374,27 +371,6 @@ bool DigipenFileDigitalization::fillLine()
     return false;
 }
 
-bool DigipenFileDigitalization::openFile()
-{
-    m_file.setFileName(m_file_name);
-    *m_stamp = {};
-    const QString problem = openRegularFile(m_file, QIODevice::Unbuffered);
-    if (!problem.isEmpty()) {
-        qCDebug(lcPen).noquote() << m_file_name << "cannot be opened:" << problem;
-        return false;
-    }
-    if (m_settling->settleTime() > 0)
-        *m_stamp = PenFileStamp::of(m_file);
-    m_reader->start();
-    return true;
-}
-
-// Whether the name of the file that has been read now belongs to another one.
-bool DigipenFileDigitalization::replaced() const
-{
-    return m_stamp->exists() && !PenFileStamp::of(m_file_name).sameFile(*m_stamp);
-}
-
 void DigipenFileDigitalization::finishFile()
 {
     closeAndModifyFileExtentionToTxt();
@@ -404,26 +380,12 @@ void DigipenFileDigitalization::finishFile()
 
 bool DigipenFileDigitalization::readNextLine(std::string& line)
 {
-    return m_reader->next(line);
+    return m_open_file->nextLine(line);
 }
 
 void DigipenFileDigitalization::closeAndModifyFileExtentionToTxt()
 {
-    if (m_file.isOpen()) {
-        m_file.close();
-        m_file.setFileName(m_file_name); // lost by opening a descriptor
-    }
-    const QString name = m_file.fileName();
-    const QString target = name.left(name.lastIndexOf(QLatin1Char('/')) + 1) +
-                           QFileInfo(name).completeBaseName() + QLatin1String(".txt");
-    if (target == name)
-        return; // imported and renamed already
-    const QString problem = replaced() ? QStringLiteral("it has been replaced by another file")
-                                       : renameWithoutReplacing(name, target);
-    if (problem.isEmpty())
-        m_file.setFileName(target);
-    else
-        qCDebug(lcPen).noquote() << name << "does not become" << target << "-" << problem;
+    m_open_file->closeAndRename();
 }
 
 } // namespace MavSystem

@@ -21,9 +21,8 @@ namespace MavSystem {
 
 class DigitalReport;
 class Digitizer;
+class OpenPenFile;
 class PenFileSettling;
-class PenLineReader;
-struct PenFileStamp;
 class t_DigipenStringAnalyzer;
 
 /// Imports the "*.dat" files that a digital pen leaves in a directory, and watches for new ones.
@@ -106,8 +105,6 @@ private:
     template <class TakeCommand>
     Q_DECL_HIDDEN bool advance(TakeCommand takeCommand);
     Q_DECL_HIDDEN bool fillLine();
-    Q_DECL_HIDDEN bool openFile();
-    Q_DECL_HIDDEN bool replaced() const;
     Q_DECL_HIDDEN void finishFile();
 
     std::string m_line;
@@ -118,13 +115,12 @@ private:
     bool m_active = false;
     boost::scoped_ptr<t_DigipenStringAnalyzer> m_analyzer;
     Digitizer* m_digitizer;
-    boost::scoped_ptr<PenLineReader> m_reader; // of m_file
-    int m_uses = 0;                            // operations of this object that are under way
+    boost::scoped_ptr<OpenPenFile> m_open_file; // reads m_file
+    int m_uses = 0;                             // operations of this object that are under way
     bool m_released = false;
     QString m_directory; // absolute; set by open()
     boost::scoped_ptr<PenFileSettling> m_settling;
-    boost::scoped_ptr<PenFileStamp> m_stamp; // of m_file when it was opened, with a settle time
-    QTimer m_timer;                          // asks for the looks
+    QTimer m_timer; // asks for the looks
 };
 
 } // namespace MavSystem
