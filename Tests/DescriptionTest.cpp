@@ -7,6 +7,7 @@
 
 #include <QtTest>
 
+#include <cstdio>
 #include <memory>
 
 using namespace MavSystem;
@@ -25,6 +26,8 @@ private slots:
     void theSearchAgreesWithParsingEveryFile();
     void onlyPlainVisibleFilesCount();
     void ofTwoFilesTheFirstListedCounts();
+    void aChangedFileCountsAtOnce_data();
+    void aChangedFileCountsAtOnce();
     void theConstructorWidensWithSign();
 };
 
@@ -305,6 +308,42 @@ void DescriptionTest::ofTwoFilesTheFirstListedCounts()
     const QString first = folder.entryList(QDir::Files, QDir::Unsorted).at(0);
     const QByteArray record = load("A");
     QVERIFY2(record.contains("; " + first.toLatin1() + " LPI;"), record);
+}
+
+void DescriptionTest::aChangedFileCountsAtOnce_data()
+{
+    QTest::addColumn<int>("age");
+    QTest::addColumn<int>("laterAge");
+    QTest::addColumn<bool>("replaced");
+    QTest::newRow("written again long after") << 3600 << 60 << false;
+    QTest::newRow("replaced by a file of the same time and size") << 3600 << 3600 << true;
+    QTest::newRow("written twice between two steps of the clock") << 0 << 0 << false;
+}
+
+// The seconds are how long ago the file changed, at the first look and at the second one.
+void DescriptionTest::aChangedFileCountsAtOnce()
+{
+    QFETCH(int, age);
+    QFETCH(int, laterAge);
+    QFETCH(bool, replaced);
+    TestHost host;
+    const QDateTime now = QDateTime::currentDateTime();
+    const auto write = [&](const QString& name, int resolution, int secondsAgo) {
+        QFile file(
+            host.writeDescription(name, DescriptionBuilder().resolution(resolution, "LPI").xml()));
+        return file.open(QIODevice::ReadWrite) &&
+               file.setFileTime(now.addSecs(-secondsAgo), QFileDevice::FileModificationTime);
+    };
+    QVERIFY(write(QStringLiteral("a"), 7, age));
+    const QByteArray first = load("A");
+    QVERIFY2(first.contains("; 7 LPI;"), first);
+    QVERIFY(write(QLatin1String(replaced ? ".b" : "a"), 8, laterAge));
+    if (replaced)
+        QCOMPARE(std::rename(qPrintable(host.path(QStringLiteral("data/generated/.b"))),
+                             qPrintable(host.path(QStringLiteral("data/generated/a")))),
+                 0);
+    const QByteArray second = load("A");
+    QVERIFY2(second.contains("; 8 LPI;"), second);
 }
 
 void DescriptionTest::theConstructorWidensWithSign()

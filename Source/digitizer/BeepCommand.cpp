@@ -2,14 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "digitizer/BeepCommand.h"
 
+#include "DigitizerGeneric/Digitizer/DescriptionFiles.h"
+#include "DigitizerGeneric/Digitizer/DescriptionParsing.h"
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
-#include "DigitizerGeneric/Digitizer/RegularFile.h"
 #include "ReferenceHost/CommandLine/OptionValues.h"
-#include "ReferenceHost/Lint/XmlOutline.h"
 #include "ReferenceHost/Serial/DeviceCheck.h"
 #include "digitizer/DriverOptions.h"
-
-#include <QFile>
 
 namespace ReferenceHost {
 
@@ -17,13 +15,8 @@ namespace {
 
 bool hasBeep(const MavSystem::DescribedDriver& driver)
 {
-    QFile file(driver.file);
-    if (!MavSystem::openRegularFile(file).isEmpty())
-        return false;
-    const XmlOutline outline = xmlOutline(file.readAll());
-    const XmlElement* beepString =
-        outline.root ? outline.root->child(QStringLiteral("beepString")) : nullptr;
-    return beepString && beepString->child(QStringLiteral("character"));
+    const auto file = MavSystem::DescriptionFiles::load(driver.file);
+    return !MavSystem::beepCommandOf(file.document.documentElement()).isEmpty();
 }
 
 void requireBeep(const MavSystem::DescribedDriver& driver)

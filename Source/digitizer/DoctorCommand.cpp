@@ -52,9 +52,8 @@ QString ports()
 
 QString descriptions()
 {
-    const QStringList paths = installedFiles();
     QString lines;
-    for (const LintedFile& file : lintFiles(paths, paths)) {
+    for (const LintedFile& file : lintInstalledFiles()) {
         const QString name = QFileInfo(file.path).fileName();
         const QString state = file.unreadable           ? *file.unreadable
                               : file.findings.isEmpty() ? QStringLiteral("no faults")

@@ -36,7 +36,7 @@ int run(const QCommandLineParser& parser)
     const auto existing = parser.isSet(forceOption) ? DescriptionFolder::ExistingFile::Replaced
                                                     : DescriptionFolder::ExistingFile::Kept;
     int status = ExitSuccess;
-    for (const LintedFile& file : lintFiles(parser.positionalArguments(), installedFiles())) {
+    for (const LintedFile& file : lintFiles(parser.positionalArguments())) {
         const QString problem = install(file, existing);
         if (problem.isEmpty())
             continue;

@@ -24,7 +24,7 @@ int run(const QCommandLineParser& parser)
 {
     const auto lineOf = wantsJson(parser) ? jsonLineOf : textOf;
     QString lines;
-    const QVector<LintedFile> files = lintFiles(parser.positionalArguments(), installedFiles());
+    const QVector<LintedFile> files = lintFiles(parser.positionalArguments());
     for (const LintedFile& file : files) {
         for (const LintFinding& finding : file.findings)
             lines += lineOf(file.path, finding) + QLatin1Char('\n');

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/DescriptionFiles.h"
+#include "DigitizerGeneric/Digitizer/DescriptionParsing.h"
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "QextSerialPort/qextserialport.h"
 
@@ -8,27 +9,12 @@
 
 namespace MavSystem {
 
-namespace {
-
-QString beepCommand(const QDomElement& root)
-{
-    const QString characterTag = QStringLiteral("character");
-    QString command;
-    QDomElement character =
-        root.firstChildElement(QStringLiteral("beepString")).firstChildElement(characterTag);
-    for (; !character.isNull(); character = character.nextSiblingElement(characterTag))
-        command += QChar(ushort(character.text().toInt()));
-    return command;
-}
-
-} // namespace
-
 void Digitizer::digitBeep()
 {
     const auto found = DescriptionFiles::find(m_driver, DescriptionFiles::BrokenFile::Unnamed);
     if (!found)
         return;
-    const QString command = beepCommand(found->document.documentElement());
+    const QString command = beepCommandOf(found->document.documentElement());
     if (command.isEmpty() || !m_port)
         return;
     if (m_port->isOpen()) // it stays, unopened, after a failed open(), and a write would warn

@@ -5,13 +5,36 @@
 #include "DigitizerGeneric/Digitizer/BoundedXmlReader.h"
 #include "DigitizerGeneric/Digitizer/Diagnostics.h"
 #include "DigitizerGeneric/Digitizer/RegularFile.h"
+#include "DigitizerGeneric/File_Digital/PenFileStamp.h"
 #include "MavCore/MavApplication.h"
 
+#include <QCache>
+#include <QDateTime>
 #include <QFile>
 
 namespace MavSystem::DescriptionFiles {
 
 namespace {
+
+/// A file that was read.
+struct ReadFile
+{
+    PenFileStamp stamp;
+    QByteArray bytes;
+
+    bool isStill(const PenFileStamp& now) const
+    {
+        return stamp.sameFile(now) && stamp.sameContent(now);
+    }
+};
+
+// A file that was just written may be written again without a change of its time, whose steps are
+// two seconds on some file systems.
+bool isSettled(const PenFileStamp& stamp)
+{
+    constexpr qint64 steps = 2000;
+    return stamp.modified / 1000000 + steps < QDateTime::currentMSecsSinceEpoch();
+}
 
 // The name as the root element alone tells it. A file broken further down has none all the same;
 // this is only good for passing over files that cannot match.
@@ -41,31 +64,50 @@ bool mayMatch(const QByteArray& content, const QString& driverName, BrokenFile b
 
 } // namespace
 
-Content contentOf(const QString& path)
+QString Content::problem() const
 {
-    QFile file(path);
-    const QString problem = openRegularFile(file);
-    if (!problem.isEmpty())
-        return {path, QByteArray(), QStringLiteral("%1 cannot be read: %2").arg(path, problem)};
-    const QByteArray bytes = file.read(DescriptionLimits::bytes + 1);
-    if (bytes.size() <= DescriptionLimits::bytes)
-        return {path, bytes, QString()};
-    return {path, QByteArray(),
-            QStringLiteral("%1 is larger than %2 bytes").arg(path).arg(DescriptionLimits::bytes)};
+    if (!unreadable.isEmpty())
+        return QStringLiteral("%1 cannot be read: %2").arg(path, unreadable);
+    if (bytes.size() > DescriptionLimits::bytes)
+        return QStringLiteral("%1 is larger than %2 bytes").arg(path).arg(DescriptionLimits::bytes);
+    return {};
 }
 
-Parsed parse(const Content& content)
+Content contentOf(const QString& path)
 {
-    if (!content.problem.isEmpty())
-        return {QDomDocument(), content.problem};
+    static QCache<QString, ReadFile> known(4 * int(DescriptionLimits::bytes));
+    const ReadFile* const earlier = known.object(path);
+    if (earlier && earlier->isStill(PenFileStamp::of(path)))
+        return {path, earlier->bytes, QString()};
+    QFile file(path);
+    const QString unreadable = openRegularFile(file);
+    if (!unreadable.isEmpty())
+        return {path, QByteArray(), unreadable};
+    const PenFileStamp stamp = PenFileStamp::of(file);
+    const QByteArray bytes = file.read(DescriptionLimits::bytes + 1);
+    if (isSettled(stamp))
+        known.insert(path, new ReadFile{stamp, bytes}, 1 + path.size() + bytes.size());
+    return {path, bytes, QString()};
+}
+
+Loaded parse(const Content& content)
+{
+    const QString problem = content.problem();
+    if (!problem.isEmpty())
+        return {content.path, QDomDocument(), problem};
     BoundedXmlReader reader(content.bytes);
     while (reader.readNext()) {
     }
     QDomDocument document;
     if (!reader.hasProblem() && document.setContent(reader.text(), false))
-        return {document, QString()};
-    return {QDomDocument(),
+        return {content.path, document, QString()};
+    return {content.path, QDomDocument(),
             QStringLiteral("%1 is not well-formed: %2").arg(content.path, reader.problem())};
+}
+
+Loaded load(const QString& path)
+{
+    return parse(contentOf(path));
 }
 
 QString nameOf(const QDomDocument& document)
@@ -100,23 +142,31 @@ QFileInfoList candidates(const QDir& folder)
     return QDir(folder.path()).entryInfoList(QDir::Files, QDir::Unsorted);
 }
 
-std::optional<Found> find(const QString& driverName, BrokenFile brokenFile)
+QVector<Loaded> all()
+{
+    QVector<Loaded> files;
+    for (const QFileInfo& file : candidates(QDir(installedPath())))
+        files.append(load(file.absoluteFilePath()));
+    return files;
+}
+
+std::optional<Loaded> find(const QString& driverName, BrokenFile brokenFile)
 {
     const std::optional<QDir> folder = installedFolder();
     if (!folder)
         return std::nullopt;
     for (const QFileInfo& file : candidates(*folder)) {
         const Content content = contentOf(file.absoluteFilePath());
-        if (content.problem.isEmpty() && !mayMatch(content.bytes, driverName, brokenFile))
+        if (content.problem().isEmpty() && !mayMatch(content.bytes, driverName, brokenFile))
             continue;
-        const Parsed parsed = parse(content);
-        if (!parsed.problem.isEmpty()) {
-            qCDebug(lcDescriptions).noquote() << parsed.problem;
+        Loaded loaded = parse(content);
+        if (!loaded.problem.isEmpty()) {
+            qCDebug(lcDescriptions).noquote() << loaded.problem;
             if (brokenFile == BrokenFile::Skipped)
                 continue;
         }
-        if (nameOf(parsed.document) == driverName)
-            return Found{content.path, parsed.document};
+        if (nameOf(loaded.document) == driverName)
+            return loaded;
     }
     qCDebug(lcDescriptions).noquote()
         << "no file in" << folder->absolutePath() << "describes" << driverName;

@@ -7,6 +7,7 @@
 #include <QDomDocument>
 #include <QFileInfoList>
 #include <QString>
+#include <QVector>
 
 #include <optional>
 
@@ -23,32 +24,36 @@ enum class BrokenFile {
 struct Content
 {
     QString path;
-    QByteArray bytes;
-    QString problem; ///< why there are none, a sentence with the path; or empty
+    QByteArray bytes;   ///< one more than a description may have when the file is too large
+    QString unreadable; ///< why there are none; or empty
+
+    /// Returns why this is no description, a sentence with the path; or an empty text.
+    QString problem() const;
 };
 
-/// Reads the file \a path, unless it is larger than a description may be. Never blocks.
+/// Reads the file \a path as far as a description may go. Never blocks. A file that has not changed
+/// since this process read it is not opened again.
 Content contentOf(const QString& path);
 
 /// A description file as a document.
-struct Parsed
+struct Loaded
 {
+    QString path;
     QDomDocument document; ///< null when there is a problem
-    QString problem;       ///< why it is not well-formed, a sentence with the path; or empty
+    QString problem; ///< why it cannot be read or is not well-formed, a sentence with the path
 };
 
-/// Parses \a content, and returns its problem if it could not be read.
-Parsed parse(const Content& content);
+/// Parses \a content.
+Loaded parse(const Content& content);
+
+/// Reads and parses the file \a path.
+Loaded load(const QString& path);
+
+/// Loads all files of the installed folder, broken ones included, in its own order.
+QVector<Loaded> all();
 
 /// Returns the driver's name in a document; empty when there is none.
 QString nameOf(const QDomDocument& document);
-
-/// A description that was found.
-struct Found
-{
-    QString path;
-    QDomDocument document; ///< null when the match is a broken file without a name
-};
 
 /// Returns the absolute path of the folder for installed descriptions.
 QString installedPath();
@@ -63,7 +68,8 @@ QDir folderOfHost();
 /// its filters.
 QFileInfoList candidates(const QDir& folder);
 
-/// Returns the first installed file whose root element's "name" equals \a driverName exactly.
-std::optional<Found> find(const QString& driverName, BrokenFile brokenFile);
+/// Returns the first installed file whose root element's "name" equals \a driverName exactly. The
+/// match may be a broken file without a name.
+std::optional<Loaded> find(const QString& driverName, BrokenFile brokenFile);
 
 } // namespace MavSystem::DescriptionFiles

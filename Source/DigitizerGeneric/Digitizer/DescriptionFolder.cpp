@@ -18,16 +18,15 @@ namespace {
 
 using Result = DescriptionFolder::Result;
 
-DescribedDriver driverOf(const QString& path, const QDomDocument& document,
-                         const DigitizerArgument& description)
+DescribedDriver driverOf(const DescriptionFiles::Loaded& file, const DigitizerArgument& description)
 {
-    return {DescriptionFiles::nameOf(document), QFileInfo(path).absoluteFilePath(),
-            document.documentElement().attribute(QStringLiteral("support")), description};
+    return {DescriptionFiles::nameOf(file.document), QFileInfo(file.path).absoluteFilePath(),
+            file.document.documentElement().attribute(QStringLiteral("support")), description};
 }
 
-DescribedDriver driverOf(const QString& path, const QDomDocument& document)
+DescribedDriver driverOf(const DescriptionFiles::Loaded& file)
 {
-    return driverOf(path, document, parseDescription(document.documentElement()).description);
+    return driverOf(file, parseDescription(file.document.documentElement()).description);
 }
 
 Result problem(const QString& text)
@@ -35,19 +34,18 @@ Result problem(const QString& text)
     return {DescribedDriver(), text};
 }
 
-Result check(const DescriptionFiles::Content& content)
+Result check(const DescriptionFiles::Loaded& file)
 {
-    const DescriptionFiles::Parsed parsed = DescriptionFiles::parse(content);
-    if (!parsed.problem.isEmpty())
-        return problem(parsed.problem);
-    if (DescriptionFiles::nameOf(parsed.document).isEmpty())
+    if (!file.problem.isEmpty())
+        return problem(file.problem);
+    if (DescriptionFiles::nameOf(file.document).isEmpty())
         return problem(QStringLiteral("%1 names no driver: its root element needs the attribute "
                                       "\"name\"")
-                           .arg(content.path));
-    const ParsedDescription read = parseDescription(parsed.document.documentElement());
+                           .arg(file.path));
+    const ParsedDescription read = parseDescription(file.document.documentElement());
     if (!read.problem.isEmpty())
-        return problem(QStringLiteral("%1 cannot be used: %2").arg(content.path, read.problem));
-    return {driverOf(content.path, parsed.document, read.description), QString()};
+        return problem(QStringLiteral("%1 cannot be used: %2").arg(file.path, read.problem));
+    return {driverOf(file, read.description), QString()};
 }
 
 // Returns why the checked file must not become \a target, or an empty text.
@@ -82,14 +80,12 @@ QVector<DescribedDriver> DescriptionFolder::drivers()
 {
     QVector<DescribedDriver> drivers;
     QSet<QString> names = {QString()};
-    for (const QFileInfo& file : DescriptionFiles::candidates(QDir(path()))) {
-        const auto parsed =
-            DescriptionFiles::parse(DescriptionFiles::contentOf(file.absoluteFilePath()));
-        const QString name = DescriptionFiles::nameOf(parsed.document);
+    for (const DescriptionFiles::Loaded& file : DescriptionFiles::all()) {
+        const QString name = DescriptionFiles::nameOf(file.document);
         if (names.contains(name))
             continue;
         names.insert(name);
-        drivers.append(driverOf(file.filePath(), parsed.document));
+        drivers.append(driverOf(file));
     }
     std::sort(drivers.begin(), drivers.end(),
               [](const auto& left, const auto& right) { return left.name < right.name; });
@@ -101,18 +97,18 @@ std::optional<DescribedDriver> DescriptionFolder::find(const QString& name)
     const auto found = DescriptionFiles::find(name, DescriptionFiles::BrokenFile::Skipped);
     if (!found || name.isEmpty())
         return std::nullopt;
-    return driverOf(found->path, found->document);
+    return driverOf(*found);
 }
 
 Result DescriptionFolder::read(const QString& file)
 {
-    return check(DescriptionFiles::contentOf(file));
+    return check(DescriptionFiles::load(file));
 }
 
 Result DescriptionFolder::install(const QString& file, ExistingFile existing)
 {
     const DescriptionFiles::Content content = DescriptionFiles::contentOf(file);
-    Result result = check(content);
+    Result result = check(DescriptionFiles::parse(content));
     if (!result.problem.isEmpty())
         return result;
     const QString name = QFileInfo(file).fileName();

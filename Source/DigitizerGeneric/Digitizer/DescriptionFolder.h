@@ -48,7 +48,7 @@ public:
 
     /// Returns the installed drivers, sorted by name. Files that are not well-formed or have no
     /// driver name are left out. Of several files with the same driver name only the first counts,
-    /// as in Digitizer::selectDevice(). Reads the files anew on every call.
+    /// as in Digitizer::selectDevice(). A changed file counts at the next call.
     static QVector<DescribedDriver> drivers();
 
     /// Returns the driver that Digitizer::selectDevice(\a name, ...) selects, or nothing if no

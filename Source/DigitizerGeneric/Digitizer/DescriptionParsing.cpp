@@ -124,4 +124,15 @@ ParsedDescription parseDescription(const QDomElement& root)
     return {description, QString()};
 }
 
+QString beepCommandOf(const QDomElement& root)
+{
+    const QString characterTag = QStringLiteral("character");
+    QString command;
+    QDomElement character =
+        root.firstChildElement(QStringLiteral("beepString")).firstChildElement(characterTag);
+    for (; !character.isNull(); character = character.nextSiblingElement(characterTag))
+        command += QChar(ushort(character.text().toInt()));
+    return command;
+}
+
 } // namespace MavSystem

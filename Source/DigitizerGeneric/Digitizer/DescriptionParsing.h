@@ -19,4 +19,7 @@ struct ParsedDescription
 /// Parses the description below the root element \a root of its file.
 ParsedDescription parseDescription(const QDomElement& root);
 
+/// Returns the characters of the beep command below \a root; empty when there is none.
+QString beepCommandOf(const QDomElement& root);
+
 } // namespace MavSystem

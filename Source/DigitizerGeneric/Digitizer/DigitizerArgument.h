@@ -58,7 +58,7 @@ public:
     /// exactly. If there is none, or its report template is broken, returns the record of a driver
     /// that no file describes. Never null. The caller owns it.
     ///
-    /// Reads the files anew on every call. Errors are not reported; the logging category
+    /// A changed file counts at the next call. Errors are not reported; the logging category
     /// mavsystem.descriptions says why a file was skipped. Thread: the main thread.
     static DigitizerArgument* digitizerArgument(const QString& driverName);
 

@@ -17,7 +17,7 @@ QVector<ShippedDescription> descriptionsOfHost()
     QVector<ShippedDescription> shipped;
     for (const QFileInfo& file : DescriptionFiles::candidates(DescriptionFiles::folderOfHost())) {
         const auto content = DescriptionFiles::contentOf(file.absoluteFilePath());
-        if (content.problem.isEmpty())
+        if (content.problem().isEmpty())
             shipped.append({file.fileName(), content.bytes});
     }
     return shipped;
@@ -46,7 +46,7 @@ QString installFile(const ShippedDescription& shipped, const QString& target, QS
 {
     const auto installed = DescriptionFiles::contentOf(target);
     const bool exists = QFileInfo(target).isSymLink() || QFileInfo::exists(target);
-    if (exists && !installed.problem.isEmpty())
+    if (exists && !installed.problem().isEmpty())
         return {};
     const QString recorded = record.value(shipped.name).toString();
     const bool isCurrent = exists && installed.bytes == shipped.content;

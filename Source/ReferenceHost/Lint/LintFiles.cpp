@@ -2,14 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Lint/LintFiles.h"
 
-#include "DigitizerGeneric/Digitizer/BoundedXmlReader.h"
+#include "DigitizerGeneric/Digitizer/DescriptionFiles.h"
 #include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
-#include "DigitizerGeneric/Digitizer/RegularFile.h"
 #include "ReferenceHost/Lint/DescriptionLint.h"
-#include "ReferenceHost/Lint/XmlOutline.h"
-
-#include <QDir>
-#include <QFile>
 
 #include <algorithm>
 
@@ -17,27 +12,18 @@ namespace ReferenceHost {
 
 namespace {
 
+using MavSystem::DescriptionFiles::Content;
+
 struct NamedFile
 {
     QString path;
     QString driver;
 };
 
-// One byte more than a description may have, which is enough to find that it is too large.
-QByteArray beginningOf(QFile& file)
+QString driverIn(const Content& content)
 {
-    return file.read(MavSystem::DescriptionLimits::bytes + 1);
-}
-
-QString driverIn(const QString& path)
-{
-    QFile file(path);
-    if (!MavSystem::openRegularFile(file).isEmpty())
-        return {};
-    const XmlOutline outline = xmlOutline(beginningOf(file));
-    const XmlAttribute* name =
-        outline.root ? outline.root->attribute(QStringLiteral("name")) : nullptr;
-    return name ? name->value : QString();
+    return MavSystem::DescriptionFiles::nameOf(
+        MavSystem::DescriptionFiles::parse(content).document);
 }
 
 QString fileNameOf(const QString& path)
@@ -55,16 +41,14 @@ QMap<QString, QString> namesBeside(const QString& path, const QVector<NamedFile>
     return names;
 }
 
-LintedFile lintFile(const QString& path, const QVector<NamedFile>& others)
+LintedFile lintFile(const Content& content, const QVector<NamedFile>& others)
 {
-    QFile file(path);
-    // Opening a folder works, and so does reading nothing from it.
-    if (QFileInfo(path).isDir())
-        return {path, QStringLiteral("it is a folder"), {}};
-    const QString problem = MavSystem::openRegularFile(file);
-    if (!problem.isEmpty())
-        return {path, problem, {}};
-    return {path, std::nullopt, lintDescription(beginningOf(file), namesBeside(path, others))};
+    if (QFileInfo(content.path).isDir())
+        return {content.path, QStringLiteral("it is a folder"), {}};
+    if (!content.unreadable.isEmpty())
+        return {content.path, content.unreadable, {}};
+    return {content.path, std::nullopt,
+            lintDescription(content.bytes, namesBeside(content.path, others))};
 }
 
 } // namespace
@@ -76,24 +60,29 @@ bool LintedFile::hasErrors() const
            });
 }
 
-QVector<LintedFile> lintFiles(const QStringList& paths, const QStringList& installed)
+QVector<LintedFile> lintFiles(const QStringList& paths)
 {
     QVector<NamedFile> named;
-    for (const QString& path : installed + paths)
-        named.append({path, driverIn(path)});
+    for (const MavSystem::DescribedDriver& driver : MavSystem::DescriptionFolder::drivers())
+        named.append({driver.file, driver.name});
+    QVector<Content> contents;
+    for (const QString& path : paths) {
+        contents.append(MavSystem::DescriptionFiles::contentOf(path));
+        named.append({path, driverIn(contents.constLast())});
+    }
     QVector<LintedFile> linted;
-    for (const QString& path : paths)
-        linted.append(lintFile(path, named));
+    for (const Content& content : contents)
+        linted.append(lintFile(content, named));
     return linted;
 }
 
-QStringList installedFiles()
+QVector<LintedFile> lintInstalledFiles()
 {
     const QDir folder(MavSystem::DescriptionFolder::path());
     QStringList paths;
     for (const QString& file : folder.entryList(QDir::Files, QDir::Name))
         paths << folder.filePath(file);
-    return paths;
+    return lintFiles(paths);
 }
 
 } // namespace ReferenceHost

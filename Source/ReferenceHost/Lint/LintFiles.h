@@ -22,11 +22,11 @@ struct LintedFile
     bool hasErrors() const;
 };
 
-/// Checks the files; none may have the name of another of them or of those in \a installed. A file
-/// in another folder with an equal file name counts as another version of the same description.
-QVector<LintedFile> lintFiles(const QStringList& paths, const QStringList& installed);
+/// Checks the files; none may have the name of another of them or of an installed driver. A file in
+/// another folder with an equal file name counts as another version of the same description.
+QVector<LintedFile> lintFiles(const QStringList& paths);
 
-/// Returns the paths of the installed descriptions.
-QStringList installedFiles();
+/// Checks the installed descriptions.
+QVector<LintedFile> lintInstalledFiles();
 
 } // namespace ReferenceHost
