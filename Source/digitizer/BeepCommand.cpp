@@ -38,7 +38,7 @@ int run(const QCommandLineParser& parser)
             QStringLiteral("--device is File:, but a digital pen cannot beep; give a serial port"),
             ExitUsage);
     requireBeep(driver);
-    const QString problem = deviceProblem(driver.name, device);
+    const QString problem = deviceProblem(driver, device);
     if (!problem.isEmpty())
         throw CommandError(problem);
     const auto digitizer = MavSystem::Digitizer::instance();

@@ -100,7 +100,7 @@ void CaptureSession::listen()
 void CaptureSession::open(const QString& port)
 {
     const auto digitizer = Digitizer::instance();
-    digitizer->selectDevice(m_options.driver.name, port);
+    digitizer->selectDriver(m_options.driver, port);
     digitizer->setCheckedReading(!m_options.strictCount);
     const QString problem = SelectedDevice::problem();
     if (!problem.isEmpty())

@@ -22,7 +22,7 @@ int run(const QCommandLineParser& parser)
                                          QStringLiteral("'digitizer ports' lists the ports"));
     if (device != QLatin1String("File:"))
         valueOrThrow(DriverLookup::takingReports(driver));
-    const QString problem = deviceProblem(driver.name, device);
+    const QString problem = deviceProblem(driver, device);
     if (!problem.isEmpty())
         throw CommandError(problem);
     return printOutput(Digitizer::deviceExist() + QLatin1Char('\n')) ? ExitSuccess : ExitFailure;

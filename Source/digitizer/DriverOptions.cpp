@@ -5,7 +5,6 @@
 #include "ReferenceHost/CommandLine/Command.h"
 #include "ReferenceHost/CommandLine/OptionValues.h"
 #include "ReferenceHost/Descriptions/DriverLookup.h"
-#include "ReferenceHost/Host/StandardHost.h"
 
 namespace ReferenceHost {
 
@@ -51,8 +50,7 @@ DescribedDriver chosen(const QCommandLineParser& parser)
     if (parser.isSet(driverOption))
         throw CommandError(QStringLiteral("--description and --driver cannot be combined"),
                            ExitUsage);
-    return valueOrThrow(
-        DriverLookup::driverOf(StandardHost::useOnly(parser.value(descriptionOption))));
+    return valueOrThrow(DriverLookup::inFile(parser.value(descriptionOption)));
 }
 
 DescribedDriver chosenWithReports(const QCommandLineParser& parser)

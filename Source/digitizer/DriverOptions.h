@@ -22,9 +22,8 @@ bool areGiven(const QCommandLineParser& parser);
 /// Returns the installed driver that --driver names, or throws a CommandError.
 MavSystem::DescribedDriver installed(const QCommandLineParser& parser);
 
-/// Returns the driver that the options name. From then on the driver library finds it by its name:
-/// a description given by its file becomes the only one in this process. Throws a CommandError if
-/// neither or both options are given, or if the file cannot be used.
+/// Returns the driver that the options name. Throws a CommandError if neither or both options are
+/// given, or if the file cannot be used.
 MavSystem::DescribedDriver chosen(const QCommandLineParser& parser);
 
 /// Returns the same driver, or throws a CommandError if the library cannot read reports with it.

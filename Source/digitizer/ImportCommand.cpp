@@ -36,7 +36,7 @@ void requirePenDescription(const MavSystem::DescribedDriver& driver)
                 "driver \"%1\" cannot scale the pen's positions: its description has no resolution")
                 .arg(driver.name));
     const auto digitizer = MavSystem::Digitizer::instance();
-    digitizer->selectDevice(driver.name, QStringLiteral("File:"));
+    digitizer->selectDriver(driver, QStringLiteral("File:"));
     for (int button = 1; button <= 4; ++button) {
         const int number =
             digitizer->compareButtonNumber(MavSystem::ButtonValue{{char('0' + button), ' ', '\0'}});

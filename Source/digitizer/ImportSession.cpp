@@ -70,7 +70,7 @@ int ImportSession::run()
     const ImportHost host(m_options.answer);
     QSettings().setValue(QStringLiteral("digitizer_file_directory"), m_options.directory);
     const auto digitizer = Digitizer::instance();
-    digitizer->selectDevice(m_options.driver.name, QStringLiteral("File:"));
+    digitizer->selectDriver(m_options.driver, QStringLiteral("File:"));
     digitizer->setExtended4Buttons(m_options.extendedButtons);
     digitizer->setPenFileSettleTime(m_options.settleMilliseconds);
     digitizer->m_host_mode = m_options.mode;

@@ -11,7 +11,9 @@ namespace MavSystem {
 
 void Digitizer::digitBeep()
 {
-    const auto found = DescriptionFiles::find(m_driver, DescriptionFiles::BrokenFile::Unnamed);
+    const auto found =
+        m_given ? DescriptionFiles::load(m_given->file)
+                : DescriptionFiles::find(m_driver, DescriptionFiles::BrokenFile::Unnamed);
     if (!found)
         return;
     const QString command = beepCommandOf(found->document.documentElement());

@@ -46,7 +46,7 @@ QString probePort(const QString& name)
 QString Digitizer::deviceExist()
 {
     const boost::shared_ptr<Digitizer> digitizer = instance();
-    if (!driverIsDescribed(digitizer->driver()))
+    if (!digitizer->m_given && !driverIsDescribed(digitizer->driver()))
         return tr("Digitizer Not Present...");
     if (digitizer->device() == QLatin1String("File:"))
         return QLatin1String(usable);

@@ -4,6 +4,7 @@
 
 #include "DigitizerGeneric/Digitizer/CheckedInput.h"
 #include "DigitizerGeneric/Digitizer/ClosingPoint.h"
+#include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
 #include "DigitizerGeneric/Digitizer/Diagnostics.h"
 #include "DigitizerGeneric/Digitizer/InputEvents.h"
 #include "DigitizerGeneric/Digitizer/ReceiveBuffer.h"
@@ -66,12 +67,26 @@ Digitizer::~Digitizer() = default;
 
 void Digitizer::selectDevice(const QString& driver, const QString& device)
 {
-    m_argument.reset(DigitizerArgument::digitizerArgument(driver));
+    m_given.reset();
+    useDescription(DigitizerArgument::digitizerArgument(driver));
+    m_driver = driver;
+    m_device = device;
+}
+
+void Digitizer::selectDriver(const DescribedDriver& driver, const QString& device)
+{
+    m_given.reset(new DescribedDriver(driver));
+    useDescription(new DigitizerArgument(driver.description));
+    m_driver = driver.name;
+    m_device = device;
+}
+
+void Digitizer::useDescription(DigitizerArgument* description)
+{
+    m_argument.reset(description);
     m_layout.reset(new ReportLayout(*m_argument));
     if (m_checked)
         m_checked->stream().setTemplate(*m_argument);
-    m_driver = driver;
-    m_device = device;
 }
 
 void Digitizer::saveConfig()
@@ -93,6 +108,11 @@ QString Digitizer::driver() const
 QString Digitizer::device() const
 {
     return m_device;
+}
+
+std::optional<DescribedDriver> Digitizer::describedDriver() const
+{
+    return m_given ? *m_given : DescriptionFolder::find(m_driver);
 }
 
 bool Digitizer::extended4Buttons() const

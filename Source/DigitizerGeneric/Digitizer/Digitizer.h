@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "DigitizerGeneric/Digitizer/DescribedDriver.h"
 #include "DigitizerGeneric/Digitizer/DigitalReport.h"
 #include "DigitizerGeneric/Digitizer/DigitizerArgument.h"
 #include "DigitizerGeneric/DigitizerGenericExport.h"
@@ -16,6 +17,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include <memory>
+#include <optional>
 
 class QTimer;
 class QextSerialPort;
@@ -58,11 +60,20 @@ public:
     /// does not change, and nothing is saved.
     void selectDevice(const QString& driver, const QString& device);
 
+    /// The same with a driver that was already read and need not be installed; see
+    /// DescriptionFolder::read(). Later changes of its file do not count, except of the beep
+    /// command. saveConfig() saves its name only.
+    void selectDriver(const DescribedDriver& driver, const QString& device);
+
     /// Writes the selection and the four options to the host's QSettings.
     void saveConfig();
 
     QString driver() const;
     QString device() const;
+
+    /// Returns the selected driver: the one given to selectDriver(), or the installed one of the
+    /// selected name, or nothing if there is none.
+    std::optional<DescribedDriver> describedDriver() const;
 
     /// Whether the digital pen's button 3 is a prefix. Default: false. Takes effect at the next
     /// open().
@@ -142,8 +153,8 @@ public:
     bool active() const;
 
     /// Sends the beep command in the selected driver's description to the port. Does nothing if
-    /// there is no such command or no port; errors are not reported. Reads the description file
-    /// anew.
+    /// there is no such command or no port; errors are not reported. A changed
+    /// description file counts at the next call.
     void digitBeep();
 
     /// Decodes the last chunk that was read. Coordinates are in centimetres. Characters are not
@@ -180,6 +191,7 @@ private:
         Q_DECL_HIDDEN void operator()(DigipenFileDigitalization* importer) const;
     };
 
+    Q_DECL_HIDDEN void useDescription(DigitizerArgument* description);
     Q_DECL_HIDDEN bool openPenFiles();
     Q_DECL_HIDDEN bool openSerialPort();
     Q_DECL_HIDDEN void applyPortSettings();
@@ -222,6 +234,7 @@ private:
     boost::scoped_ptr<InputEvents> m_events;   // if the host has asked for them
     boost::scoped_ptr<QTimer> m_unread;        // runs while input is unread
     int m_pen_file_settle_time = 0;            // milliseconds
+    boost::scoped_ptr<DescribedDriver> m_given; // to selectDriver()
 };
 
 } // namespace MavSystem

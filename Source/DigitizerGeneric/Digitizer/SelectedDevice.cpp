@@ -47,7 +47,7 @@ QString tabletProblem(const DescribedDriver& driver, const QString& device)
 QString SelectedDevice::problem()
 {
     const auto digitizer = Digitizer::instance();
-    const auto driver = DescriptionFolder::find(digitizer->driver());
+    const auto driver = digitizer->describedDriver();
     if (!driver)
         return QStringLiteral("no description in %1 has the name \"%2\"")
             .arg(DescriptionFolder::path(), digitizer->driver());

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Descriptions/DriverLookup.h"
 
+#include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
 #include "ReferenceHost/CommandLine/NearestNames.h"
 
 #include <QStringList>
@@ -27,7 +28,10 @@ tl::expected<DescribedDriver, QString> installed(const QString& name)
 
 tl::expected<DescribedDriver, QString> inFile(const QString& path)
 {
-    return driverOf(DescriptionFolder::read(path));
+    const DescriptionFolder::Result read = DescriptionFolder::read(path);
+    if (read.problem.isEmpty())
+        return read.driver;
+    return tl::unexpected(QStringLiteral("%1 ('digitizer lint' shows where)").arg(read.problem));
 }
 
 tl::expected<DescribedDriver, QString> takingReports(const DescribedDriver& driver)
@@ -37,13 +41,6 @@ tl::expected<DescribedDriver, QString> takingReports(const DescribedDriver& driv
     return tl::unexpected(QStringLiteral("the description %1 has no usable report template: it is "
                                          "for a pen, or it is broken ('digitizer lint' says why)")
                               .arg(driver.file));
-}
-
-tl::expected<DescribedDriver, QString> driverOf(const DescriptionFolder::Result& read)
-{
-    if (read.problem.isEmpty())
-        return read.driver;
-    return tl::unexpected(QStringLiteral("%1 ('digitizer lint' shows where)").arg(read.problem));
 }
 
 } // namespace DriverLookup

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
+#include "DigitizerGeneric/Digitizer/DescribedDriver.h"
 
 #include <QString>
 
@@ -22,10 +22,6 @@ tl::expected<MavSystem::DescribedDriver, QString> inFile(const QString& path);
 /// Returns \a driver if the library can read reports with it.
 tl::expected<MavSystem::DescribedDriver, QString>
 takingReports(const MavSystem::DescribedDriver& driver);
-
-/// Returns the driver that the library has read from a file.
-tl::expected<MavSystem::DescribedDriver, QString>
-driverOf(const MavSystem::DescriptionFolder::Result& read);
 
 } // namespace DriverLookup
 

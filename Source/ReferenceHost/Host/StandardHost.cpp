@@ -2,13 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Host/StandardHost.h"
 
+#include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
 #include "ReferenceHost/CommandLine/Console.h"
 
 #include <QCoreApplication>
 #include <QStandardPaths>
-#include <QTemporaryDir>
-
-#include <memory>
 
 namespace ReferenceHost {
 
@@ -17,8 +15,6 @@ using namespace MavSystem;
 namespace {
 
 const char organization[] = "DigitizerGeneric";
-
-std::unique_ptr<QTemporaryDir> s_onlyData; // see useOnly()
 
 void showLine(const QString& text, const QString& details)
 {
@@ -37,18 +33,8 @@ StandardHost::StandardHost(const QString& programName)
         printError(problem);
 }
 
-DescriptionFolder::Result StandardHost::useOnly(const QString& file)
-{
-    s_onlyData = std::make_unique<QTemporaryDir>();
-    DescriptionFolder::Result only = DescriptionFolder::install(file);
-    only.driver.file = file;
-    return only;
-}
-
 QDir StandardHost::appDataLocation() const
 {
-    if (s_onlyData)
-        return QDir(s_onlyData->path());
     return QDir(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
                 QLatin1Char('/') + QLatin1String(organization));
 }

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
 #include "MavCore/MavApplication.h"
 
 namespace ReferenceHost {
@@ -22,10 +21,6 @@ public:
     /// Names the application \a programName, makes this object the MavApplication, and updates the
     /// installed descriptions. To be created once, after the QCoreApplication.
     explicit StandardHost(const QString& programName);
-
-    /// Makes the description \a file the only one of this process, in a temporary data folder.
-    /// Returns its driver, or why it cannot be used.
-    static MavSystem::DescriptionFolder::Result useOnly(const QString& file);
 
     QDir appDataLocation() const override;
 

@@ -12,9 +12,9 @@ namespace ReferenceHost {
 
 using namespace MavSystem;
 
-QString deviceProblem(const QString& driver, const QString& device)
+QString deviceProblem(const DescribedDriver& driver, const QString& device)
 {
-    Digitizer::instance()->selectDevice(driver, device);
+    Digitizer::instance()->selectDriver(driver, device);
     const QString problem = SelectedDevice::problem();
     if (problem.isEmpty() || device == QLatin1String("File:"))
         return problem;
