@@ -5,6 +5,9 @@
 #include "DigitizerGeneric/Digitizer/BoundedXmlReader.h"
 
 #include <QDomDocument>
+#include <QHash>
+#include <QRegularExpression>
+#include <QSet>
 
 #include <algorithm>
 
@@ -14,148 +17,112 @@ namespace {
 
 using MavSystem::BoundedXmlReader;
 
-/// What the document parser does not tell of an element: where it and the pieces of its text are.
+/// What the document parser does not tell of an element: where it, its attributes and the
+/// characters of its text are.
 struct Place
 {
     int offset = 0;
+    QHash<QString, int> attributes;
     QVector<int> textOffsets;
 };
 
-int skipSpace(const QString& source, int offset)
+// The reader counts the blanks in front of the root element to its tag.
+int beginOfTag(const BoundedXmlReader& reader)
 {
-    while (offset < source.size() && source.at(offset).isSpace())
+    int offset = reader.tokenBegin();
+    while (offset < reader.text().size() && reader.text().at(offset).isSpace())
         ++offset;
     return offset;
 }
 
-int skipName(const QString& source, int offset)
+// The names and the offsets of the attributes in the tag that begins there. There are none if an
+// entity brought the tag.
+QVector<QPair<QString, int>> attributesIn(const QString& source, int begin, int end)
 {
-    const auto ends = [](QChar character) {
-        return character.isSpace() || character == QLatin1Char('=') ||
-               character == QLatin1Char('/') || character == QLatin1Char('>');
-    };
-    while (offset < source.size() && !ends(source.at(offset)))
-        ++offset;
-    return offset;
-}
-
-// Names and values from the start tag itself. Stops at what is not an attribute, so a tag that is
-// broken or that an entity brought gives those before it, or none.
-QVector<XmlAttribute> attributesAt(const QString& source, int tag)
-{
-    QVector<XmlAttribute> attributes;
-    int offset = skipSpace(source, skipName(source, tag + 1));
-    while (offset < source.size()) {
-        const int nameEnd = skipName(source, offset);
-        const int quote = skipSpace(source, skipSpace(source, nameEnd) + 1);
-        if (nameEnd == offset || quote >= source.size())
-            break;
-        const int end = source.indexOf(source.at(quote), quote + 1);
-        if (end < 0)
-            break;
-        attributes.append({source.mid(offset, nameEnd - offset), QString(), offset});
-        offset = skipSpace(source, end + 1);
+    static const QRegularExpression attribute(
+        QStringLiteral(R"(\G(?:<[^\s=/>]+)?\s+([^\s=/>]+)\s*=\s*(?:"[^"]*"|'[^']*'))"));
+    QVector<QPair<QString, int>> attributes;
+    auto matches = attribute.globalMatch(source.midRef(begin, std::max(end - begin, 0)));
+    while (matches.hasNext()) {
+        const QRegularExpressionMatch match = matches.next();
+        attributes.append({match.captured(1), begin + match.capturedStart(1)});
     }
     return attributes;
 }
 
-// A carriage return stays with the document parser, which the driver's values come from.
-void appendTextOffsets(const QString& source, int begin, int end, QVector<int>& offsets)
+Place placeOf(const BoundedXmlReader& reader)
 {
-    const QString literal = QStringLiteral("<![CDATA[");
-    if (source.midRef(begin, literal.size()) == literal) {
-        begin += literal.size();
-        end -= 3;
-        while (begin < end)
-            offsets.append(begin++);
-    }
-    while (begin < end) {
-        offsets.append(begin);
-        const int reference =
-            source.at(begin) == QLatin1Char('&') ? source.indexOf(QLatin1Char(';'), begin) : begin;
-        begin = std::max(reference, begin) + 1;
+    Place place{beginOfTag(reader), {}, {}};
+    for (const auto& [name, offset] : attributesIn(reader.text(), place.offset, reader.tokenEnd()))
+        place.attributes.insert(name, offset);
+    return place;
+}
+
+// Of a character reference, only the beginning. A reference of an entity may give several
+// characters; see XmlElement::textOffsets.
+void appendTextOffsets(const BoundedXmlReader& reader, QVector<int>& offsets)
+{
+    const QString& source = reader.text();
+    const bool isLiteral = reader.token().isCDATA();
+    const int begin = reader.tokenBegin() + (isLiteral ? int(qstrlen("<![CDATA[")) : 0);
+    const int end = reader.tokenEnd() - (isLiteral ? int(qstrlen("]]>")) : 0);
+    for (int offset = begin; offset < end; ++offset) {
+        offsets.append(offset);
+        if (!isLiteral && source.at(offset) == QLatin1Char('&'))
+            offset = std::max(offset, source.indexOf(QLatin1Char(';'), offset));
     }
 }
 
-int beginOfTag(const BoundedXmlReader& reader)
+// The document parser drops a text of blanks between two tags.
+bool isDropped(const QXmlStreamReader& token)
 {
-    return skipSpace(reader.text(), reader.tokenBegin());
+    return !token.isCDATA() && token.text().trimmed().isEmpty();
 }
 
-/// Notes the places of all elements, in document order.
-class PlaceFinder
+// Reads the document to its end, or to the first problem, and returns the places of its elements.
+QVector<Place> readPlaces(BoundedXmlReader& reader)
 {
-public:
-    explicit PlaceFinder(BoundedXmlReader& reader) : m_reader(reader)
-    {
-        while (m_reader.readNext())
-            note();
-    }
-
-    const QVector<Place>& places() const { return m_places; }
-
-private:
-    void note()
-    {
-        const QXmlStreamReader& token = m_reader.token();
+    QVector<Place> places;
+    QVector<int> open;
+    while (reader.readNext()) {
+        const QXmlStreamReader& token = reader.token();
         if (token.isStartElement()) {
-            m_open.append(m_places.size());
-            m_places.append(Place{beginOfTag(m_reader), {}});
+            open.append(places.size());
+            places.append(placeOf(reader));
         } else if (token.isEndElement()) {
-            m_open.removeLast();
-        } else if (token.isCharacters() && !m_open.isEmpty() && !isDropped(token)) {
-            appendTextOffsets(m_reader.text(), m_reader.tokenBegin(), m_reader.tokenEnd(),
-                              m_places[m_open.last()].textOffsets);
+            open.removeLast();
+        } else if (token.isCharacters() && !open.isEmpty() && !isDropped(token)) {
+            appendTextOffsets(reader, places[open.last()].textOffsets);
         }
     }
+    return places;
+}
 
-    // The document parser drops a text of blanks between two tags.
-    static bool isDropped(const QXmlStreamReader& token)
-    {
-        return !token.isCDATA() && token.text().trimmed().isEmpty();
-    }
-
-    BoundedXmlReader& m_reader;
-    QVector<Place> m_places;
-    QVector<int> m_open;
-};
-
-/// Puts the document parser's values and the places together.
+/// Puts the document parser's values, which the driver reads, and the places together.
 class OutlineBuilder
 {
 public:
-    OutlineBuilder(XmlOutline& outline, const QVector<Place>& places)
-        : m_outline(outline), m_places(places)
+    OutlineBuilder(const QVector<Place>& places, QVector<XmlProblem>& problems)
+        : m_places(places), m_problems(problems)
     {}
 
     XmlElement build(const QDomElement& dom)
     {
-        XmlElement element;
-        element.name = dom.tagName();
         const Place place = m_places.value(m_next++);
-        element.offset = place.offset;
-        element.attributes = attributes(dom, place.offset);
+        XmlElement element{dom.tagName(), place.offset, {}, {}, place.textOffsets, {}};
+        for (int index = 0; index < dom.attributes().size(); ++index) {
+            const QDomNode node = dom.attributes().item(index);
+            element.attributes.append({node.nodeName(), node.nodeValue(),
+                                       place.attributes.value(node.nodeName(), place.offset)});
+        }
         for (QDomNode node = dom.firstChild(); !node.isNull(); node = node.nextSibling())
             addChild(element, node);
-        element.textOffsets =
-            place.textOffsets.mid(0, place.textOffsets.size() == element.text.size() ? -1 : 1);
+        if (element.textOffsets.size() != element.text.size())
+            element.textOffsets = element.textOffsets.mid(0, 1);
         return element;
     }
 
 private:
-    QVector<XmlAttribute> attributes(const QDomElement& dom, int offset) const
-    {
-        QVector<XmlAttribute> attributes = attributesAt(m_outline.source, offset);
-        if (attributes.size() != dom.attributes().size()) {
-            attributes.clear();
-            for (int index = 0; index < dom.attributes().size(); ++index)
-                attributes.append({dom.attributes().item(index).nodeName(), QString(), offset});
-        }
-        for (XmlAttribute& attribute : attributes)
-            attribute.value = dom.attribute(attribute.name);
-        return attributes;
-    }
-
     void addChild(XmlElement& element, const QDomNode& node)
     {
         if (node.isElement())
@@ -163,21 +130,22 @@ private:
         else if (node.isText())
             element.text += node.nodeValue();
         else if (node.isEntityReference())
-            m_outline.problems.append({node.nodeName(), element.offset});
+            m_problems.append({node.nodeName(), element.offset});
     }
 
-    XmlOutline& m_outline;
     const QVector<Place>& m_places;
+    QVector<XmlProblem>& m_problems;
     int m_next = 0;
 };
 
-int offsetOfSecondOfName(const QVector<XmlAttribute>& attributes, int otherwise)
+int offsetOfSecondOfName(const BoundedXmlReader& reader, int otherwise)
 {
-    for (int index = 1; index < attributes.size(); ++index) {
-        for (int earlier = 0; earlier < index; ++earlier) {
-            if (attributes.at(earlier).name == attributes.at(index).name)
-                return attributes.at(index).offset;
-        }
+    QSet<QString> names;
+    for (const auto& [name, offset] :
+         attributesIn(reader.text(), beginOfTag(reader), reader.problemOffset())) {
+        if (names.contains(name))
+            return offset;
+        names.insert(name);
     }
     return otherwise;
 }
@@ -185,14 +153,12 @@ int offsetOfSecondOfName(const QVector<XmlAttribute>& attributes, int otherwise)
 // The reader stops where it notices. A reader of its message looks for the tag or the entity.
 XmlProblem problemOf(const BoundedXmlReader& reader)
 {
-    const QString& source = reader.text();
     int offset = reader.problemOffset();
-    const QChar last = offset < source.size() ? source.at(offset) : QChar();
-    if (last == QLatin1Char(';'))
-        offset = std::max(source.lastIndexOf(QLatin1Char('&'), offset), 0);
-    else if (last == QLatin1Char('>'))
-        offset = offsetOfSecondOfName(attributesAt(source, beginOfTag(reader)),
-                                      std::min(beginOfTag(reader), offset));
+    const QStringRef noticed = reader.text().midRef(offset, 1);
+    if (noticed == QLatin1String(";"))
+        offset = std::max(reader.text().lastIndexOf(QLatin1Char('&'), offset), 0);
+    else if (noticed == QLatin1String(">"))
+        offset = offsetOfSecondOfName(reader, std::min(beginOfTag(reader), offset));
     QString text = reader.problem();
     if (text.endsWith(QLatin1Char('.')))
         text.chop(1);
@@ -236,18 +202,16 @@ SourcePosition XmlOutline::position(int offset) const
 XmlOutline xmlOutline(const QByteArray& content)
 {
     BoundedXmlReader reader(content);
-    const PlaceFinder finder(reader);
+    const QVector<Place> places = readPlaces(reader);
     XmlOutline outline;
     outline.source = reader.text();
-    if (reader.hasProblem()) {
-        outline.problems.append(problemOf(reader));
-        return outline;
-    }
     QDomDocument document;
     QString message;
     int line = 0;
-    if (document.setContent(reader.text(), false, &message, &line))
-        outline.root = OutlineBuilder(outline, finder.places()).build(document.documentElement());
+    if (reader.hasProblem())
+        outline.problems.append(problemOf(reader));
+    else if (document.setContent(reader.text(), false, &message, &line))
+        outline.root = OutlineBuilder(places, outline.problems).build(document.documentElement());
     else
         outline.problems.append({QStringLiteral("%1 in line %2").arg(message).arg(line)});
     return outline;
