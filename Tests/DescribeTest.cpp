@@ -152,8 +152,8 @@ QString propose(const QVector<QByteArray>& pressed, QString* error)
     line.StopBits = STOP_1;
     line.FlowControl = FLOW_OFF;
     return error->isEmpty()
-               ? proposeDescription(*split, *layout,
-                                    {QStringLiteral("found <&> \"again\""), line, true, 30.0})
+               ? QString::fromUtf8(proposeDescription(
+                     *split, *layout, {QStringLiteral("found <&> \"again\""), line, true, 30.0}))
                : QString();
 }
 
@@ -335,7 +335,7 @@ void DescribeTest::whatIsNotSureIsMarked_data()
         "x decreases where it should increase");
     row("leading zero", presses(ended, 100, buttons), "position 0 was 0 in every report");
     row("resolution", presses(ended, 1000 / 2.5396825396825, buttons), "unit=\"LPI\">1000<");
-    row("dashes", presses("UUXXXXSYYYYUBC", 100, {"1", "2"}), "-\\-");
+    row("dashes", presses("UUUXXXXSYYYYUBC", 100, {"1", "2"}), "-\\-\\-");
 }
 
 void DescribeTest::whatIsNotSureIsMarked()
@@ -343,8 +343,8 @@ void DescribeTest::whatIsNotSureIsMarked()
     QFETCH(QVector<QByteArray>, pressed);
     QFETCH(QString, text);
     for (QByteArray& press : pressed) {
-        if (press.startsWith(",,"))
-            press.replace(0, 2, "--");
+        if (press.startsWith(",,,"))
+            press.replace(0, 3, "---");
     }
     QString error;
     const QString proposal = propose(pressed, &error);

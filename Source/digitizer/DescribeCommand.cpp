@@ -111,7 +111,7 @@ Observation observeTablet(const QCommandLineParser& parser)
     return observation;
 }
 
-QString describe(const Observation& observation)
+QByteArray describe(const Observation& observation)
 {
     const ReportSplit split =
         valueOrThrow(PressProtocol::checked(observation.presses).and_then(splitReports));
@@ -129,15 +129,14 @@ void lint(const QByteArray& description)
         printError(textOf(QStringLiteral("proposal"), finding));
 }
 
-int write(const QString& description, const QString& path)
+int write(const QByteArray& description, const QString& path)
 {
-    lint(description.toUtf8());
+    lint(description);
     if (path.isEmpty())
-        return printOutput(description) ? ExitSuccess : ExitFailure;
+        return printOutput(QString::fromUtf8(description)) ? ExitSuccess : ExitFailure;
     QFile file(path);
-    const QByteArray content = description.toUtf8();
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly) ||
-        file.write(content) != content.size() || !file.flush())
+        file.write(description) != description.size() || !file.flush())
         throw CommandError(QStringLiteral("cannot write %1: %2").arg(path, file.errorString()));
     return ExitSuccess;
 }

@@ -2,28 +2,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "QextSerialPort/qextserialport.h"
 #include "ReferenceHost/Describe/LayoutFinder.h"
 #include "ReferenceHost/Describe/ReportSplit.h"
+#include "ReferenceHost/Describe/TabletFacts.h"
 
-#include <QString>
-
-#include <optional>
+#include <QByteArray>
 
 namespace ReferenceHost {
 
-/// What the user has to say about a tablet, because its bytes do not show it.
-struct TabletFacts
-{
-    QString name;                   ///< the driver name
-    PortSettings line;              ///< the serial settings with which the bytes were read
-    bool isLineKnown = true;        ///< otherwise \a line holds the usual settings
-    std::optional<double> distance; ///< from the first press to the second, in centimetres
-};
-
-/// Returns a description file for the tablet. It is complete and well-formed; comments "Not sure:
-/// ..." above an element say what to check.
-QString proposeDescription(const ReportSplit& split, const FoundLayout& layout,
-                           const TabletFacts& facts);
+/// Returns a description file for the tablet, in UTF-8. It is complete and well-formed; comments
+/// "Not sure: ..." above an element say what to check.
+QByteArray proposeDescription(const ReportSplit& split, const FoundLayout& layout,
+                              const TabletFacts& facts);
 
 } // namespace ReferenceHost
