@@ -41,10 +41,10 @@ struct Input
     QByteArray text;
 };
 
-/// The fields of a report, cut as the description files' page says.
-struct Cut
+/// The fields of a report, cut and decoded as the description files' page says, one by one.
+struct Fields
 {
-    explicit Cut(const DigitizerArgument& description, const char* text)
+    Fields(const DigitizerArgument& description, const char* text)
     {
         int points = 0;
         std::size_t codes = 0;
@@ -61,8 +61,32 @@ struct Cut
             if (role == FORMAT_BUTTON && codes < button.m_code.size())
                 button.m_code[codes++] = text[at];
         }
+        const bool xNegative = !signs.isEmpty() && signs.first() == '-';
+        const bool yNegative = signs.size() > 1 && signs.last() == '-';
+        axisSigns = {short(xNegative ? -1 : 1), short(yNegative ? -1 : 1)};
     }
+
+    static double axis(const QMap<int, char>& digits, int exponent, int sign,
+                       const DigitizerArgument& description)
+    {
+        double value = 0;
+        for (const char digit : digits)
+            value += (static_cast<signed char>(digit) - '0') * std::pow(10.0, exponent--);
+        const double resolution = description.m_resolution;
+        if (description.m_resolutionUnit != LPI)
+            return value * sign / resolution / 10.0;
+        return resolution == 40.0 ? value * sign * 0.0025
+                                  : value * sign * 2.5396825396825 / resolution;
+    }
+
+    GeoPoint2D point(const DigitizerArgument& description) const
+    {
+        return {axis(x, xExponent, axisSigns.at(0), description),
+                axis(y, yExponent, axisSigns.at(1), description)};
+    }
+
     QMap<int, char> x, y, signs;
+    QList<short> axisSigns;
     ButtonValue button;
     short xExponent = -1;
     short yExponent = -1;
@@ -83,10 +107,13 @@ void requireSame(const DigitalReport& report, GeoPoint2D point, int button, cons
 void checkPlainReading(const DigitizerArgument& description, const char* text)
 {
     Digitizer& digitizer = *Digitizer::instance();
-    const Cut cut(description, text);
-    const GeoPoint2D point =
-        digitizer.getCoordinate(cut.x, cut.y, cut.signs, cut.xExponent, cut.yExponent);
-    const short button = digitizer.compareButtonNumber(cut.button);
+    const Fields fields(description, text);
+    const GeoPoint2D point = fields.point(description);
+    const short button = digitizer.compareButtonNumber(fields.button);
+    require(digitizer.getSign(fields.signs) == fields.axisSigns, "the signs");
+    requireSame(DigitalReport(digitizer.getCoordinate(fields.x, fields.y, fields.signs,
+                                                      fields.xExponent, fields.yExponent)),
+                point, 0, "decoded field by field");
     requireSame(FieldDecoding::reportOf(description, ReportLayout(description), text, 3), point,
                 button, "decoded at once");
     std::memcpy(receiveBuffer(), text, receiveBufferCharacters);

@@ -265,8 +265,7 @@ void SerialInputTest::takeStep(const QString& step)
     const auto known = m_steps.find(step.section(QLatin1Char(' '), 0, 0));
     QVERIFY2(known != m_steps.end(), qPrintable(step));
     QString rest = step.section(QLatin1Char(' '), 1);
-    rest.replace(QLatin1Char('$'), QLatin1Char('\r')).replace(QLatin1Char('@'), QChar(0));
-    known->second(rest.replace("LONG", QString(508, QLatin1Char(' '))));
+    known->second(rest.replace('$', '\r').replace('@', QChar(0)));
 }
 
 void SerialInputTest::followRow()
@@ -285,7 +284,7 @@ void SerialInputTest::followRow()
                 [](qint64 bytes) { s_got << QStringLiteral("unread:%1").arg(bytes); });
     m_digitizer->setCheckedReading(row.fields.at(0).startsWith("checked "));
     QVERIFY(openDriver(row.text(0).section(QLatin1Char(' '), 1)));
-    for (const QString& step : row.text(1).split(", "))
+    for (const QString& step : QString::fromLatin1(expanded(row.fields.at(1))).split(", "))
         takeStep(step);
     const bool all = QTest::qWaitFor([&] { return got().size() >= row.text(2).size(); });
     QCoreApplication::processEvents();

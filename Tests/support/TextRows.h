@@ -29,8 +29,29 @@ inline QByteArray unescaped(QByteArray text)
     return text;
 }
 
+/// Replaces "{TEXT*COUNT}" by so many repetitions of the text, in which "#" is the number of each.
+inline QByteArray expanded(QByteArray text)
+{
+    for (int begin = 0; (begin = text.indexOf('{', begin)) >= 0;) {
+        const int end = text.indexOf('}', begin);
+        const QByteArray inside = text.mid(begin + 1, end - begin - 1);
+        const int star = inside.lastIndexOf('*');
+        const QByteArray part = inside.left(star);
+        const int count = inside.mid(star + 1).toInt();
+        QByteArray repetitions;
+        repetitions.reserve(count * part.size());
+        for (int number = 0; number < count; ++number)
+            repetitions += part.contains('#')
+                               ? QByteArray(part).replace("#", QByteArray::number(number))
+                               : part;
+        text.replace(begin, end - begin + 1, repetitions);
+        begin += repetitions.size();
+    }
+    return text;
+}
+
 /// Adds the rows of Tests/Rows/\a file to the column "row" of a test. A row is a line with its name
-/// and \a count fields, separated by ";", without the blanks around them. Empty lines and lines
+/// and \a count fields, separated by " ; ", without the blanks around them. Empty lines and lines
 /// that begin with "#" are passed over, and fields are unescaped. A file that is not like that ends
 /// the program.
 inline void addTextRows(const char* file, int count)
@@ -42,7 +63,7 @@ inline void addTextRows(const char* file, int count)
     for (const QByteArray& line : rows.readAll().split('\n')) {
         if (line.isEmpty() || line.startsWith('#'))
             continue;
-        QByteArrayList fields = line.split(';');
+        QByteArrayList fields = QByteArray(line + ' ').replace(" ; ", "\n").split('\n');
         for (QByteArray& field : fields)
             field = unescaped(field.trimmed());
         const QByteArray name = fields.takeFirst();
