@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/FieldDecoding.h"
+#include "DigitizerGeneric/Digitizer/LectraE92.h"
 #include "Fuzzing/FuzzTarget.h"
 #include "support/DescriptionBuilder.h"
 #include "support/TestHost.h"
@@ -102,7 +103,7 @@ void DecodingTest::lectraReportsAreCheckedAndRead()
     QFETCH(TextRow, row);
     QByteArray text = "uuuuuu32u0__1234u_56789";
     text.replace(row.fields.at(0).toInt(), row.fields.at(1).size(), row.fields.at(1));
-    compare(FieldDecoding::lectraE92ReportOf(text.replace('_', ' ')), row.text(2));
+    compare(LectraE92::reportOf(text.replace('_', ' ')), row.text(2));
 }
 
 // What the plain reference gives is what the fuzz target requires.

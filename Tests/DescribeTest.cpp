@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/FieldDecoding.h"
+#include "DigitizerGeneric/Digitizer/Resolution.h"
 #include "ReferenceHost/Describe/DescriptionProposal.h"
 #include "ReferenceHost/Describe/PressProtocol.h"
 #include "ReferenceHost/Describe/ResolutionEstimate.h"
@@ -378,7 +379,7 @@ void DescribeTest::resolutionsAreRecognised()
 {
     QFETCH(double, countsPerCentimetre);
     const auto estimate = estimateResolution(30 * countsPerCentimetre, 30);
-    QTEST(resolutionText(estimate.lines, estimate.unit) +
+    QTEST(Resolution::text(estimate.lines, estimate.unit) +
               QLatin1String(estimate.isUsual ? " usual" : " unusual"),
           "expected");
 }

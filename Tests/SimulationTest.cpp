@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/FieldDecoding.h"
+#include "DigitizerGeneric/Digitizer/LectraE92.h"
 #include "ReferenceHost/CommandLine/Command.h"
 #include "ReferenceHost/Descriptions/DriverLookup.h"
 #include "ReferenceHost/Serial/RecordedSession.h"
@@ -110,6 +111,11 @@ QString readTag(const QByteArray& content)
     return QString::fromLatin1(quotedBytes(content)).left(70);
 }
 
+ButtonRoles lectraE92Roles()
+{
+    return standardButtonRoles({QStringLiteral("Lectra E92"), {}, {}, {}});
+}
+
 } // namespace
 
 void SimulationTest::everyShippedDescriptionIsExpected()
@@ -140,7 +146,7 @@ void SimulationTest::descriptionsDecodeAndEncode()
     QVERIFY(std::abs(byHand.coordinate().y() - expectation->y) < 1e-9);
     QCOMPARE(byHand.m_button_number, expectation->button);
 
-    for (const Press& press : bodiceFront(1, !description.m_fourButtons))
+    for (const Press& press : bodiceFront(standardButtonRoles({{}, {}, {}, description})))
         QVERIFY(encodeReport(description, press));
 
     const unsigned seed = 20260301 + unsigned(index);
@@ -263,7 +269,7 @@ void SimulationTest::theLectraLayoutComesBack()
     QTEST(report ? QString::fromLatin1(quotedBytes(*report)) : report.error(), "outcome");
     if (!report)
         return;
-    const DigitalReport delivered = FieldDecoding::lectraE92ReportOf(report->constData());
+    const DigitalReport delivered = LectraE92::reportOf(report->constData());
     QCOMPARE(delivered.m_button_number, press.button);
     QVERIFY(std::abs(delivered.coordinate().x() - press.point.x()) <= 0.005 + 1e-9);
     QVERIFY(std::abs(delivered.coordinate().y() - press.point.y()) <= 0.005 + 1e-9);
@@ -483,7 +489,7 @@ void SimulationTest::theProgramTracesAPiece()
     QTest::qWait(50);
     port.clear(QSerialPort::Input);
     // Without the event loop, in which the port object would take what arrives.
-    for (const Press& press : bodiceFront(2, false)) {
+    for (const Press& press : bodiceFront(lectraE92Roles())) {
         pollfd state = {port.handle(), POLLIN, 0};
         QVERIFY(poll(&state, 1, 5000) > 0);
         QThread::msleep(5); // no second report may follow while this one waits
@@ -521,7 +527,7 @@ void SimulationTest::aFloodArrivesWhole()
     QTRY_VERIFY2(waiting() > 4000, qPrintable(QString::number(waiting())));
     port.setReadBufferSize(0);
     QByteArray sent;
-    for (const Press& press : bodiceFront(2, false))
+    for (const Press& press : bodiceFront(lectraE92Roles()))
         sent += *encodeLectraE92Report(press);
     sent = sent.repeated(rounds);
     QByteArray arrived;

@@ -3,6 +3,7 @@
 #include "digitizer/MonitorCommand.h"
 
 #include "DigitizerGeneric/Digitizer/FieldDecoding.h"
+#include "DigitizerGeneric/Digitizer/LectraE92.h"
 #include "ReferenceHost/CommandLine/Console.h"
 #include "ReferenceHost/CommandLine/InputLines.h"
 #include "ReferenceHost/CommandLine/StopSignals.h"
@@ -22,10 +23,9 @@ namespace {
 
 std::optional<DigitalReport> decodeLectraE92(const QByteArray& bytes)
 {
-    constexpr int characters = 23;
-    if (bytes.size() < characters || bytes.left(characters).contains('\0'))
+    if (bytes.size() < LectraE92::characters || bytes.left(LectraE92::characters).contains('\0'))
         return std::nullopt;
-    return FieldDecoding::lectraE92ReportOf(bytes.constData());
+    return LectraE92::reportOf(bytes.constData());
 }
 
 LineMonitor monitorFor(const DescribedDriver& driver)

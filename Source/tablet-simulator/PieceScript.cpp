@@ -8,33 +8,36 @@
 
 namespace TabletSimulation {
 
-namespace {
+using namespace ReferenceHost;
 
-enum Meaning { Corner, Curve, Hole, End, Notch };
+namespace {
 
 struct Mark
 {
     double x;
     double y;
-    Meaning meaning;
+    PointRole meaning;
 };
 
 // Waist at the bottom, centre front at the left, in centimetres from the tablet's lower left
 // corner.
 constexpr Mark bodice[] = {
-    {4.0, 3.5, Corner},  // waist, centre front
-    {4.0, 36.2, Corner}, // neck, centre front
-    {6.1, 36.4, Curve},   {8.2, 37.2, Curve},  {9.9, 38.8, Curve},   {10.8, 41.0, Curve},
-    {11.2, 43.6, Corner}, // neck point
-    {23.2, 39.4, Corner}, // shoulder point
-    {22.0, 36.3, Curve},  {21.2, 33.0, Curve}, {20.9, 29.8, Notch},  {21.3, 27.0, Curve},
-    {22.8, 24.9, Curve},  {25.2, 23.9, Curve}, {27.6, 23.6, Corner}, // underarm
-    {27.0, 14.0, Notch},  {26.2, 3.0, Corner},                       // waist, side seam
-    {17.6, 3.2, Corner},                                             // dart leg
-    {15.9, 17.4, Corner},                                            // dart tip
-    {13.8, 3.4, Corner},                                             // dart leg
-    {15.8, 19.2, Hole},                                              // bust point
-    {4.0, 3.5, End},
+    {4.0, 3.5, PointRole::Corner},  // waist, centre front
+    {4.0, 36.2, PointRole::Corner}, // neck, centre front
+    {6.1, 36.4, PointRole::Curve},   {8.2, 37.2, PointRole::Curve},
+    {9.9, 38.8, PointRole::Curve},   {10.8, 41.0, PointRole::Curve},
+    {11.2, 43.6, PointRole::Corner}, // neck point
+    {23.2, 39.4, PointRole::Corner}, // shoulder point
+    {22.0, 36.3, PointRole::Curve},  {21.2, 33.0, PointRole::Curve},
+    {20.9, 29.8, PointRole::Notch},  {21.3, 27.0, PointRole::Curve},
+    {22.8, 24.9, PointRole::Curve},  {25.2, 23.9, PointRole::Curve},
+    {27.6, 23.6, PointRole::Corner},                                 // underarm
+    {27.0, 14.0, PointRole::Notch},  {26.2, 3.0, PointRole::Corner}, // waist, side seam
+    {17.6, 3.2, PointRole::Corner},                                  // dart leg
+    {15.9, 17.4, PointRole::Corner},                                 // dart tip
+    {13.8, 3.4, PointRole::Corner},                                  // dart leg
+    {15.8, 19.2, PointRole::Hole},                                   // bust point
+    {4.0, 3.5, PointRole::End},
 };
 
 bool parseLine(const QString& line, Press& press)
@@ -72,12 +75,13 @@ tl::expected<QVector<Press>, QString> readScript(const QByteArray& content)
     return presses;
 }
 
-QVector<Press> bodiceFront(int firstButton, bool sixteenButtons)
+QVector<Press> bodiceFront(const ButtonRoles& roles)
 {
     QVector<Press> presses;
     for (const Mark& mark : bodice) {
-        if (mark.meaning != Notch || sixteenButtons)
-            presses.append({{mark.x, mark.y}, firstButton + int(mark.meaning)});
+        const int button = roles.key(mark.meaning, -1);
+        if (button >= 0)
+            presses.append({{mark.x, mark.y}, button});
     }
     return presses;
 }

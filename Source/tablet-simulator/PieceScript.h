@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ReferenceHost/Pieces/PointRole.h"
 #include "tablet-simulator/ReportEncoder.h"
 
 #include <QString>
@@ -16,9 +17,8 @@ namespace TabletSimulation {
 tl::expected<QVector<Press>, QString> readScript(const QByteArray& content);
 
 /// Returns a bodice front of about 25 by 46 centimetres, traced once around: corners, curve points
-/// along the armhole and the neckline, the dart point as a punch hole, end of piece. With \a
-/// sixteenButtons it also has notches. \a firstButton is the number that stands for a corner; curve
-/// point, punch hole, end of piece and notch follow it.
-QVector<Press> bodiceFront(int firstButton, bool sixteenButtons);
+/// along the armhole and the neckline, notches, the dart point as a punch hole, end of piece.
+/// Points whose meaning no button has in \a roles are left out.
+QVector<Press> bodiceFront(const ReferenceHost::ButtonRoles& roles);
 
 } // namespace TabletSimulation

@@ -2,9 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "tablet-simulator/ReportEncoder.h"
 
+#include "DigitizerGeneric/Digitizer/FieldDecoding.h"
+#include "DigitizerGeneric/Digitizer/LectraE92.h"
+#include "DigitizerGeneric/Digitizer/Resolution.h"
+
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 
 namespace TabletSimulation {
 
@@ -43,15 +46,6 @@ Rooms roomsOf(const DigitizerArgument& description)
         }
     }
     return rooms;
-}
-
-// Units of the resolution in a centimetre: the inverse of the library's scaling.
-double unitsPerCentimetre(const DigitizerArgument& description)
-{
-    if (description.m_resolutionUnit != LPI)
-        return description.m_resolution * 10.0;
-    return description.m_resolution == 40.0 ? 1.0 / 0.0025
-                                            : description.m_resolution / 2.5396825396825;
 }
 
 QString pointText(const Press& press)
@@ -99,25 +93,11 @@ ButtonValue sentCode(const DigitizerArgument& description, const ButtonValue& co
     return sent;
 }
 
-// The button that the library finds for \a code.
-int buttonOf(const DigitizerArgument& description, int searched, const ButtonValue& code)
-{
-    const auto significant =
-        std::ptrdiff_t(std::min<std::uint64_t>(description.m_buttonCodeLength, code.m_code.size()));
-    for (int index = 0; index < searched; ++index) {
-        const auto& entry = description.m_buttons[size_t(index)].m_code;
-        if (std::equal(entry.begin(), entry.begin() + significant, code.m_code.begin()))
-            return description.m_fourButtons ? index + 1 : index;
-    }
-    return 0;
-}
-
 // Returns the code that the library turns into the press's button.
 tl::expected<ButtonValue, QString> codeOf(const DigitizerArgument& description, const Press& press)
 {
-    const int first = description.m_fourButtons ? 1 : 0;
-    const int searched =
-        std::min(description.m_fourButtons ? 4 : 16, int(description.m_buttons.size()));
+    const int first = FieldDecoding::firstButton(description);
+    const int searched = FieldDecoding::numberedButtons(description);
     const int index = press.button - first;
     if (searched == 0)
         return tl::unexpected(
@@ -130,7 +110,7 @@ tl::expected<ButtonValue, QString> codeOf(const DigitizerArgument& description, 
                 .arg(first)
                 .arg(first + searched - 1));
     const ButtonValue code = sentCode(description, description.m_buttons[size_t(index)]);
-    const int arriving = buttonOf(description, searched, code);
+    const int arriving = FieldDecoding::buttonNumberOf(description, code);
     if (arriving == press.button)
         return code;
     return tl::unexpected(
@@ -192,7 +172,8 @@ tl::expected<QByteArray, QString> encodeReport(const DigitizerArgument& descript
                 .arg(pointText(press))
                 .arg(description.m_resolution));
     const Rooms rooms = roomsOf(description);
-    const double units = unitsPerCentimetre(description);
+    const double units =
+        Resolution::countsPerCentimetre(description.m_resolution, description.m_resolutionUnit);
     const auto x = encodeAxis(press.point.x(), units, rooms.x, press);
     if (!x)
         return tl::unexpected(x.error());
@@ -224,13 +205,16 @@ tl::expected<QByteArray, QString> encodeLectraE92Report(const Press& press)
                     .arg(pointText(press)));
         fields[axis] = QByteArray::number(steps).rightJustified(6, ' ');
     }
-    if (press.button < 2 || press.button > 5)
+    const int index = press.button - LectraE92::firstButton;
+    if (index < 0 || index >= LectraE92::buttons)
         return tl::unexpected(
-            QStringLiteral("%1: there is no button %2; this tablet has buttons 2 to 5")
+            QStringLiteral("%1: there is no button %2; this tablet has buttons %3 to %4")
                 .arg(pointText(press))
-                .arg(press.button));
-    return QByteArray("000000" + QByteArray::number(29 + press.button) + " 0" + fields[0] + ' ' +
-                      fields[1] + "\r\n");
+                .arg(press.button)
+                .arg(LectraE92::firstButton)
+                .arg(LectraE92::firstButton + LectraE92::buttons - 1));
+    return QByteArray("000000" + QByteArray::number(LectraE92::firstCode + index) + " 0" +
+                      fields[0] + ' ' + fields[1] + "\r\n");
 }
 
 } // namespace TabletSimulation

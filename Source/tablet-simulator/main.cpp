@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
 #include "DigitizerGeneric/Digitizer/RegularFile.h"
+#include "DigitizerGeneric/Digitizer/ReportLayout.h"
 #include "DigitizerGeneric/DigitizerGenericVersion.h"
 #include "QextSerialPort/SerialTiming.h"
 #include "ReferenceHost/CommandLine/CommandLine.h"
@@ -61,8 +62,7 @@ DescribedDriver chosenDriver(const QCommandLineParser& parser)
 QVector<Press> chosenPresses(const QCommandLineParser& parser, const DescribedDriver& driver)
 {
     if (!parser.isSet(QStringLiteral("script")))
-        return bodiceFront(driver.isLectraE92() ? 2 : 1,
-                           !driver.description.m_fourButtons && !driver.isLectraE92());
+        return bodiceFront(standardButtonRoles(driver));
     return readFrom(parser.value(QStringLiteral("script")), readScript);
 }
 
@@ -88,7 +88,8 @@ int longestOf(const QVector<Transmission>& reports)
 LineFaults chosenFaults(const QCommandLineParser& parser, const QVector<Transmission>& reports)
 {
     LineFaults faults;
-    faults.splitOffset = numberValue(parser, QStringLiteral("split"), 1, 511, 0);
+    faults.splitOffset =
+        numberValue(parser, QStringLiteral("split"), 1, ReportLayout::maximumCharacters - 1, 0);
     faults.mergedReports = numberValue(parser, QStringLiteral("merge"), 2, 1000, 1);
     faults.garbage = parser.isSet(QStringLiteral("garbage"));
     faults.seed = unsigned(numberValue(parser, QStringLiteral("seed"), 0, 2147483647, 1));

@@ -16,9 +16,6 @@ namespace {
 // A report that is still arriving is complete by then on the slowest of lines.
 constexpr int unreadMilliseconds = 1000;
 
-static_assert(ReportStream::maximumCharacters <= receiveBufferCharacters,
-              "a checked report fits into the receive buffer");
-
 } // namespace
 
 bool Digitizer::checkedReading() const

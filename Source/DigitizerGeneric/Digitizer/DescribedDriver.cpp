@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/DescribedDriver.h"
 
-#include "DigitizerGeneric/Digitizer/FieldDecoding.h"
+#include "DigitizerGeneric/Digitizer/LectraE92.h"
+#include "DigitizerGeneric/Digitizer/Resolution.h"
 
 namespace MavSystem {
 
@@ -13,9 +14,7 @@ int DescribedDriver::buttonCount() const
 
 QString DescribedDriver::resolutionText() const
 {
-    return QStringLiteral("%1 %2").arg(
-        QString::number(description.m_resolution),
-        QLatin1String(description.m_resolutionUnit == LPI ? "LPI" : "LPMM"));
+    return Resolution::text(description.m_resolution, description.m_resolutionUnit);
 }
 
 bool DescribedDriver::takesReports() const
@@ -25,7 +24,7 @@ bool DescribedDriver::takesReports() const
 
 bool DescribedDriver::isLectraE92() const
 {
-    return FieldDecoding::isLectraE92(name);
+    return LectraE92::isName(name);
 }
 
 } // namespace MavSystem

@@ -2,32 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/DescriptionParsing.h"
 
+#include "DigitizerGeneric/Digitizer/Resolution.h"
 #include "DigitizerGeneric/Digitizer/SerialSettings.h"
+#include "DigitizerGeneric/Digitizer/TemplateLetters.h"
 
 #include <algorithm>
 #include <optional>
-#include <utility>
 
 namespace MavSystem {
 
 namespace {
-
-// A file must not make the process allocate gigabytes; no cursor has more than 16 buttons.
-constexpr int maximumButtonCount = 4096;
-
-constexpr std::pair<char, ReportFormatValues> templateCharacters[] = {
-    {'B', FORMAT_BUTTON}, {'X', FORMAT_X},    {'Y', FORMAT_Y},  {'U', FORMAT_UNUSED},
-    {'.', FORMAT_POINT},  {'S', FORMAT_SIGN}, {'C', FORMAT_CR}, {'L', FORMAT_LINE_FEED},
-};
-
-std::optional<ReportFormatValues> roleOf(QChar character)
-{
-    for (const auto& [letter, role] : templateCharacters) {
-        if (character == QLatin1Char(letter))
-            return role;
-    }
-    return std::nullopt;
-}
 
 // Returns an empty text, or what is broken.
 QString parseTemplate(const QString& text, int length, std::vector<ReportFormatValues>& roles)
@@ -38,12 +22,13 @@ QString parseTemplate(const QString& text, int length, std::vector<ReportFormatV
             .arg(length);
     roles.reserve(size_t(length));
     for (int position = 0; position < length; ++position) {
-        const std::optional<ReportFormatValues> role = roleOf(text.at(position));
+        const std::optional<ReportFormatValues> role = TemplateLetters::roleOf(text.at(position));
         if (!role)
-            return QStringLiteral("character %1 of the report template is \"%2\", but must be one "
-                                  "of BXYU.SCL")
+            return QStringLiteral(
+                       "character %1 of the report template is \"%2\", but must be one of %3")
                 .arg(position + 1)
-                .arg(text.at(position));
+                .arg(text.at(position))
+                .arg(TemplateLetters::all());
         roles.push_back(*role);
     }
     return {};
@@ -100,8 +85,7 @@ ParsedDescription parseDescription(const QDomElement& root)
 
     const QDomElement resolution = root.firstChildElement(QStringLiteral("resolution"));
     description.m_resolution = resolution.text().toShort();
-    description.m_resolutionUnit =
-        attribute(resolution, "unit") == QLatin1String("LPI") ? LPI : LPMM;
+    description.m_resolutionUnit = Resolution::unitOf(attribute(resolution, "unit"));
 
     const QDomElement reportFormat = root.firstChildElement(QStringLiteral("reportFormat"));
     const int reportLength = attribute(reportFormat, "length").toInt();

@@ -9,6 +9,9 @@
 
 namespace MavSystem {
 
+/// A file must not make the process allocate gigabytes; no cursor has more than 16 buttons.
+inline constexpr int maximumButtonCount = 4096;
+
 /// What a description file says.
 struct ParsedDescription
 {

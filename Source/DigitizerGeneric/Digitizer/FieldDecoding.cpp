@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/FieldDecoding.h"
 
+#include "DigitizerGeneric/Digitizer/Resolution.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -24,22 +26,11 @@ short signOf(char character)
     return character == '-' ? -1 : 1;
 }
 
-double digitOf(char character)
-{
-    return static_cast<signed char>(character) - '0';
-}
-
 GeoPoint2D scale(const DigitizerArgument& description, double x, double y)
 {
-    const double resolution = description.m_resolution;
-    if (description.m_resolutionUnit != LPI)
-        return {x / resolution / 10.0, y / resolution / 10.0};
-    // The makers' factor of the 40-line tables; it is not the quotient of the general rule.
-    if (resolution == 40.0)
-        return {x * 0.0025, y * 0.0025};
-    // The inch of the drawing system, which existing drawings were digitized with; it is not 2.54.
-    constexpr double centimetresPerInch = 2.5396825396825;
-    return {x * centimetresPerInch / resolution, y * centimetresPerInch / resolution};
+    const double lines = description.m_resolution;
+    const ResolutionUnit unit = description.m_resolutionUnit;
+    return {Resolution::centimetres(x, lines, unit), Resolution::centimetres(y, lines, unit)};
 }
 
 bool sameCode(const ButtonValue& left, const ButtonValue& right, std::size_t significant)
@@ -73,26 +64,12 @@ ButtonValue buttonAt(const std::vector<int>& positions, const char* text)
     return code;
 }
 
-// A number of the "Lectra E92", read from its last character, whose weight is a hundredth, to its
-// first. A blank ends it, a '-' negates what has been read so far.
-double lectraNumber(const char* firstCharacter)
-{
-    constexpr double weights[] = {0.01, 0.1, 1, 10, 100, 1000};
-    double value = 0.0;
-    const char* character = firstCharacter + std::size(weights);
-    for (const double weight : weights) {
-        --character;
-        if (*character == ' ')
-            break;
-        if (*character == '-')
-            value = -value;
-        else
-            value += digitOf(*character) * weight;
-    }
-    return value;
-}
-
 } // namespace
+
+double digitOf(char character)
+{
+    return static_cast<signed char>(character) - '0';
+}
 
 double powerOfTen(int exponent)
 {
@@ -129,15 +106,24 @@ GeoPoint2D coordinateOf(const DigitizerArgument& description, std::string_view x
     return scale(description, x, y);
 }
 
+int firstButton(const DigitizerArgument& description)
+{
+    return description.m_fourButtons ? 1 : 0;
+}
+
+int numberedButtons(const DigitizerArgument& description)
+{
+    return std::min(description.m_fourButtons ? 4 : 16, int(description.m_buttons.size()));
+}
+
 short buttonNumberOf(const DigitizerArgument& description, const ButtonValue& code)
 {
-    const std::size_t searched =
-        std::min<std::size_t>(description.m_fourButtons ? 4 : 16, description.m_buttons.size());
+    const auto searched = std::size_t(numberedButtons(description));
     const auto significant =
         std::size_t(std::min<std::uint64_t>(description.m_buttonCodeLength, code.m_code.size()));
     for (std::size_t index = 0; index < searched; ++index) {
         if (sameCode(description.m_buttons[index], code, significant))
-            return short(description.m_fourButtons ? index + 1 : index);
+            return short(firstButton(description) + int(index));
     }
     return 0;
 }
@@ -153,33 +139,6 @@ DigitalReport reportOf(const DigitizerArgument& description, const ReportLayout&
     DigitalReport report(point);
     if (flags & decodeButton)
         report.m_button_number = buttonNumberOf(description, buttonAt(layout.button, text));
-    return report;
-}
-
-bool isLectraE92(const QString& driver)
-{
-    const QLatin1String lectraE92("Lectra E92");
-    // The size first: this is asked for every report, and the comparison folds case.
-    return driver.size() == lectraE92.size() && driver.compare(lectraE92, Qt::CaseInsensitive) == 0;
-}
-
-DigitalReport lectraE92ReportOf(const char* text)
-{
-    DigitalReport rejected(0.0, 0.0);
-    rejected.m_button_number = -1;
-
-    // The two digits 31 to 34, taken as they stand: 10 * '3' + '1' is 559.
-    const int code = 10 * static_cast<unsigned char>(text[6]) + static_cast<unsigned char>(text[7]);
-    if (code < 559 || code > 562 || text[9] != '0')
-        return rejected;
-    const double x = lectraNumber(text + 10);
-    if (!(x > 0.0))
-        return rejected;
-    const double y = lectraNumber(text + 17);
-    if (!(y > 0.0))
-        return rejected;
-    DigitalReport report(x, y);
-    report.m_button_number = code - 557;
     return report;
 }
 

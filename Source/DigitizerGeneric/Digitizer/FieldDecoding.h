@@ -25,6 +25,9 @@ struct Signs
     short y = 1;
 };
 
+/// Returns the value of a digit. Characters that are none are not noticed.
+double digitOf(char character);
+
 /// Returns 10 to the power of \a exponent.
 double powerOfTen(int exponent);
 
@@ -39,6 +42,12 @@ double magnitudeOf(std::string_view digits, short leadingExponent);
 GeoPoint2D coordinateOf(const DigitizerArgument& description, std::string_view xDigits,
                         std::string_view yDigits, Signs signs, short xExponent, short yExponent);
 
+/// Returns the number of the first button: 1 with four buttons, 0 otherwise.
+int firstButton(const DigitizerArgument& description);
+
+/// Returns how many codes of \a description have a number.
+int numberedButtons(const DigitizerArgument& description);
+
 /// Returns the number of the button with \a code, 1 to 4 or 0 to 15, or 0 if there is none.
 short buttonNumberOf(const DigitizerArgument& description, const ButtonValue& code);
 
@@ -46,13 +55,5 @@ short buttonNumberOf(const DigitizerArgument& description, const ButtonValue& co
 /// least as many characters as its template, or ReportLayout::maximumCharacters.
 DigitalReport reportOf(const DigitizerArgument& description, const ReportLayout& layout,
                        const char* text, int flags);
-
-/// Returns whether \a driver is the "Lectra E92", in any letter case. This is the only tablet whose
-/// reports have a built-in layout.
-bool isLectraE92(const QString& driver);
-
-/// Returns the report decoded from the fixed layout of the "Lectra E92", or button number -1 at (0,
-/// 0) if it is rejected. \a text holds at least 23 characters.
-DigitalReport lectraE92ReportOf(const char* text);
 
 } // namespace MavSystem::FieldDecoding

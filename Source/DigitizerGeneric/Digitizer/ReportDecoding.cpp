@@ -3,6 +3,7 @@
 #include "DigitizerGeneric/Digitizer/Diagnostics.h"
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/FieldDecoding.h"
+#include "DigitizerGeneric/Digitizer/LectraE92.h"
 #include "DigitizerGeneric/Digitizer/ReceiveBuffer.h"
 #include "QextSerialPort/qextserialport.h"
 
@@ -63,7 +64,7 @@ void storeReportText(const char* characters, std::size_t count)
 
 bool Digitizer::isLectraE92() const
 {
-    return FieldDecoding::isLectraE92(m_driver);
+    return LectraE92::isName(m_driver);
 }
 
 void Digitizer::handleRead()
@@ -109,7 +110,7 @@ void Digitizer::handOver()
 
 DigitalReport Digitizer::parseReportText(ParseReportFlags flags)
 {
-    return isLectraE92() ? FieldDecoding::lectraE92ReportOf(m_report_text)
+    return isLectraE92() ? LectraE92::reportOf(m_report_text)
                          : FieldDecoding::reportOf(*m_argument, *m_layout, m_report_text, flags);
 }
 

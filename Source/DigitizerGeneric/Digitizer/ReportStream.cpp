@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/ReportStream.h"
 
+#include "DigitizerGeneric/Digitizer/ReportLayout.h"
 #include "QextSerialPort/SerialTiming.h"
 
 #include <algorithm>
@@ -107,7 +108,7 @@ void ReportStream::setTemplate(const DigitizerArgument& description)
 
 bool ReportStream::canCheck() const
 {
-    return reportSize() > 0 && reportSize() <= maximumCharacters;
+    return reportSize() > 0 && reportSize() <= ReportLayout::maximumCharacters;
 }
 
 void ReportStream::append(const QByteArray& bytes)

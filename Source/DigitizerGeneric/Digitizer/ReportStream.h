@@ -34,15 +34,13 @@ struct StreamItem
 class ReportStream
 {
 public:
-    /// Longer templates are not checked, because the decoding cuts them.
-    static constexpr int maximumCharacters = 512;
-
     explicit ReportStream(const DigitizerArgument& description);
 
     /// Continues with the template of \a description; waiting bytes are kept.
     void setTemplate(const DigitizerArgument& description);
 
-    /// Returns whether the template can be checked: it has 1 to maximumCharacters characters.
+    /// Returns whether the template can be checked: it is not empty, and the decoding does not cut
+    /// it.
     bool canCheck() const;
 
     /// Adds bytes that have arrived.

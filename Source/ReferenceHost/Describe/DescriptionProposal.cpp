@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Describe/DescriptionProposal.h"
 
+#include "DigitizerGeneric/Digitizer/Resolution.h"
 #include "ReferenceHost/Describe/ProposedValues.h"
 #include "ReferenceHost/Descriptions/DescriptionTexts.h"
 #include "ReferenceHost/Descriptions/LineSettings.h"
@@ -98,8 +99,7 @@ void ProposalWriter::writeResolution()
 {
     writeDoubts(Doubt::About::Resolution);
     m_xml.writeStartElement(QStringLiteral("resolution"));
-    attribute(QStringLiteral("unit"),
-              QLatin1String(m_values.unit == MavSystem::LPI ? "LPI" : "LPMM"));
+    attribute(QStringLiteral("unit"), MavSystem::Resolution::unitText(m_values.unit));
     m_xml.writeCharacters(QString::number(m_values.lines));
     m_xml.writeEndElement();
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Describe/ProposedValues.h"
 
+#include "DigitizerGeneric/Digitizer/Resolution.h"
 #include "ReferenceHost/Describe/PressProtocol.h"
 #include "ReferenceHost/Describe/ResolutionEstimate.h"
 
@@ -116,7 +117,7 @@ void ValueSearch::findResolution()
                        .arg(*m_facts.distance)
                        .arg(estimate.measuredLines, 0, 'f', 1);
     text += estimate.isUsual ? QStringLiteral("%1 is the nearest usual resolution.")
-                                   .arg(resolutionText(m_values.lines, m_values.unit))
+                                   .arg(Resolution::text(m_values.lines, m_values.unit))
                              : QStringLiteral("no known tablet has that resolution.");
     if (m_values.unit == LPI && m_values.lines * 10 % 254 == 0)
         text += QStringLiteral(" %1 LPMM is just as near: the two differ by 0.0125 %.")

@@ -21,7 +21,4 @@ struct ResolutionEstimate
 /// that tablets have is preferred if it agrees with the distance within half a per cent.
 ResolutionEstimate estimateResolution(double counts, double centimetres);
 
-/// Returns a text such as "1000 LPI".
-QString resolutionText(int lines, MavSystem::ResolutionUnit unit);
-
 } // namespace ReferenceHost

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Descriptions/DescriptionTexts.h"
 
+#include "DigitizerGeneric/Digitizer/TemplateLetters.h"
 #include "QextSerialPort/SerialTiming.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <iterator>
 
 namespace ReferenceHost {
 
@@ -18,8 +18,6 @@ namespace {
 constexpr const char* parities[] = {"None", "Odd", "Even", "Mark", "Space"};
 constexpr const char* stopBits[] = {"1", "1.5", "2"};
 constexpr const char* flowControls[] = {"none", "hardware", "software"};
-constexpr char roleLetters[] = {'?', 'B', 'X', 'Y', 'U', '.', 'S', 'C', 'L'};
-static_assert(std::size(roleLetters) == FORMAT_LINE_FEED + 1, "one letter for each role");
 
 } // namespace
 
@@ -43,7 +41,7 @@ QString layoutText(const DigitizerArgument& description)
 {
     QString letters;
     for (const ReportFormatValues role : description.m_reportFormat)
-        letters += QLatin1Char(roleLetters[role]);
+        letters += TemplateLetters::letterOf(role);
     return letters;
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Lint/DescriptionKeys.h"
 
+#include "DigitizerGeneric/Digitizer/Resolution.h"
 #include "DigitizerGeneric/Digitizer/SerialSettings.h"
 
 #include <algorithm>
@@ -41,7 +42,8 @@ const KnownElement description = {
         {}}}},
      {QStringLiteral("resolution"), Presence::OfReport, false, true,
       {{QStringLiteral("unit"), Presence::Advisable,
-        {QStringLiteral("LPI"), QStringLiteral("LPMM")}, LintFinding::Warning}},
+        {MavSystem::Resolution::unitText(MavSystem::LPI),
+         MavSystem::Resolution::unitText(MavSystem::LPMM)}, LintFinding::Warning}},
       {}},
      {QStringLiteral("reportFormat"), Presence::OfTemplate, false, true,
       {{QStringLiteral("length"), Presence::Required, {}}},

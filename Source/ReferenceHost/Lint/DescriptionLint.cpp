@@ -2,6 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Lint/DescriptionLint.h"
 
+#include "DigitizerGeneric/Digitizer/DescriptionParsing.h"
+#include "DigitizerGeneric/Digitizer/LectraE92.h"
+#include "DigitizerGeneric/Digitizer/ReportLayout.h"
+#include "DigitizerGeneric/Digitizer/Resolution.h"
+#include "DigitizerGeneric/Digitizer/TemplateLetters.h"
 #include "ReferenceHost/CommandLine/NearestNames.h"
 #include "ReferenceHost/Lint/DescriptionKeys.h"
 
@@ -11,11 +16,11 @@
 
 namespace ReferenceHost {
 
+using namespace MavSystem;
+
 namespace {
 
-constexpr int codeCharacters = 3;
-constexpr int maximumReportLength = 512;
-constexpr int maximumButtonCount = 4096;
+constexpr int codeCharacters = std::tuple_size<decltype(ButtonValue::m_code)>::value;
 
 // In one line, whatever the file holds.
 QString printable(const QString& text)
@@ -55,23 +60,28 @@ struct Range
 /// A character of the template, and how many of it have a meaning.
 struct Role
 {
-    char letter;
+    ReportFormatValues value;
     bool needed;
     int useful;
 };
 
-constexpr int anyNumber = maximumReportLength;
+constexpr int anyNumber = ReportLayout::maximumCharacters;
 constexpr Role roles[] = {
-    {'X', true, anyNumber},  {'Y', true, anyNumber},      {'.', false, 2},
-    {'S', false, 2},         {'B', true, codeCharacters}, {'C', false, anyNumber},
-    {'L', false, anyNumber}, {'U', false, anyNumber},
+    {FORMAT_X, true, anyNumber},
+    {FORMAT_Y, true, anyNumber},
+    {FORMAT_POINT, false, 2},
+    {FORMAT_SIGN, false, 2},
+    {FORMAT_BUTTON, true, codeCharacters},
+    {FORMAT_CR, false, anyNumber},
+    {FORMAT_LINE_FEED, false, anyNumber},
+    {FORMAT_UNUSED, false, anyNumber},
 };
 
 QString roleLetters()
 {
     QString letters;
     for (const Role& role : roles)
-        letters += QLatin1Char(role.letter);
+        letters += TemplateLetters::letterOf(role.value);
     return letters;
 }
 
@@ -146,7 +156,7 @@ QVector<LintFinding> Lint::run()
         checkElement(root, knownDescription());
         if (const XmlElement* resolution = root.child(QStringLiteral("resolution")))
             number(QStringLiteral("resolution"), resolution->text, resolution->textOffset(),
-                   {1, 32767});
+                   {1, Resolution::mostLines});
         if (const XmlElement* reportFormat = root.child(QStringLiteral("reportFormat")))
             checkReportFormat(*reportFormat);
         if (const XmlElement* buttons = root.child(QStringLiteral("buttons")))
@@ -271,7 +281,7 @@ void Lint::checkName(const XmlElement& root)
     const XmlAttribute* name = root.attribute(QStringLiteral("name"));
     if (!name)
         return; // reported as missing
-    m_hasOwnLayout = name->value.compare(QLatin1String("Lectra E92"), Qt::CaseInsensitive) == 0;
+    m_hasOwnLayout = LectraE92::isName(name->value);
     if (name->value.isEmpty())
         error(name->offset, QStringLiteral("empty name"), quoted(name->value),
               QStringLiteral("the name by which the driver is selected"));
@@ -283,7 +293,7 @@ void Lint::checkName(const XmlElement& root)
 void Lint::checkReportFormat(const XmlElement& reportFormat)
 {
     const std::optional<int> length =
-        numberOf(reportFormat, QStringLiteral("length"), {1, maximumReportLength});
+        numberOf(reportFormat, QStringLiteral("length"), {1, ReportLayout::maximumCharacters});
     const int present = reportFormat.text.size();
     const int read = std::min(length.value_or(present), present);
     checkTemplateCharacters(reportFormat, read);
@@ -314,12 +324,13 @@ void Lint::checkTemplateCharacters(const XmlElement& reportFormat, int length)
         if (!isBroken)
             checkRole(reportFormat, read, role);
     }
-    m_buttonPositions = std::min(read.count(QLatin1Char('B')), codeCharacters);
+    m_buttonPositions =
+        std::min(read.count(TemplateLetters::letterOf(FORMAT_BUTTON)), codeCharacters);
 }
 
 void Lint::checkRole(const XmlElement& reportFormat, const QString& read, const Role& role)
 {
-    const QLatin1Char letter(role.letter);
+    const QChar letter = TemplateLetters::letterOf(role.value);
     const int present = read.count(letter);
     if (present == 0 && role.needed)
         error(reportFormat.textOffset(), QStringLiteral("template without \"%1\"").arg(letter),

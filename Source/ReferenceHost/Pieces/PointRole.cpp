@@ -4,6 +4,7 @@
 
 #include "DigitizerGeneric/Digitizer/DescribedDriver.h"
 #include "DigitizerGeneric/Digitizer/DigitalReport.h"
+#include "DigitizerGeneric/Digitizer/LectraE92.h"
 #include "ReferenceHost/CommandLine/NearestNames.h"
 
 #include <algorithm>
@@ -42,7 +43,7 @@ QString roleName(PointRole role)
 ButtonRoles standardButtonRoles(const MavSystem::DescribedDriver& driver)
 {
     const bool lectraE92 = driver.isLectraE92();
-    const int first = lectraE92 ? 2 : 1;
+    const int first = lectraE92 ? MavSystem::LectraE92::firstButton : 1;
     ButtonRoles roles = {{first, PointRole::Corner},
                          {first + 1, PointRole::Curve},
                          {first + 2, PointRole::Hole},
