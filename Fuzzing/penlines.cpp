@@ -1,15 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
-#include "DigitizerGeneric/File_Digital/DigipenDataConverter.h"
 #include "DigitizerGeneric/File_Digital/DigipenFileDigitalization.h"
 #include "DigitizerGeneric/File_Digital/DigipenState_4ex.h"
-#include "DigitizerGeneric/File_Digital/DigipenStringAnalyzer.h"
 #include "Fuzzing/FuzzTarget.h"
-#include "Fuzzing/PenModel.h"
 #include "support/DescriptionBuilder.h"
+#include "support/PenModel.h"
 #include "support/TestHost.h"
 
+#include <climits>
+#include <cstdlib>
 #include <tuple>
 #include <vector>
 
@@ -64,39 +64,45 @@ void appendReports(std::vector<Report>& reports, const std::string& commands)
     }
 }
 
-// The commands of a line, or of the end of a piece where it is empty.
-std::string nextCommands(PenModel& model, t_DigipenStringAnalyzer& analyzer, std::string line)
+// Without the marker the line's own first characters are in its place.
+int numberAfter(const std::string& line, std::size_t marker, std::size_t skipped)
 {
-    const bool isLine = !line.empty();
-    const std::string commands = isLine ? model.convert(line) : model.end();
-    if (isLine)
-        analyzer.convert(line);
-    else
-        analyzer.generateEndOfPieceInstructions(line);
-    require(line == commands, "the analyzer");
-    return commands;
+    const std::size_t start = (marker == std::string::npos ? 0 : marker + 1) + skipped;
+    const long long number = std::strtoll(line.c_str() + std::min(start, line.size()), nullptr, 10);
+    return int(std::clamp<long long>(number, INT_MIN, INT_MAX));
+}
+
+// The commands of a line, or of the end of a piece where it is empty.
+std::string commandsOf(const std::string& line, PenModel& model)
+{
+    if (line.empty())
+        return model.end();
+    const std::size_t first = line.find(':');
+    const std::size_t second = first == std::string::npos ? first : line.find(':', first + 1);
+    if (line[0] == 'A')
+        model.button(numberAfter(line, line.find('-'), 1));
+    if (line[0] == 'X')
+        model.position(std::int16_t(numberAfter(line, first, 0)),
+                       std::int16_t(numberAfter(line, second, 0)));
+    return std::exchange(model.written, {});
 }
 
 std::vector<Report> byModel(const Input& input)
 {
     std::vector<Report> reports;
-    PenModel model(input.extended);
-    t_DigipenStringAnalyzer analyzer(input.extended ? t_DigipenStringAnalyzer::CONVERSION_4EX
-                                                    : t_DigipenStringAnalyzer::CONVERSION_STANDARD);
-    t_DigipenState_4ex::m_curve = false;
+    const QString initial = input.extended ? QStringLiteral("Line4") : QStringLiteral("Line");
+    PenModel model(initial);
     for (int file = 0; file < input.files.size(); ++file) {
         const std::vector<std::string> lines = linesOf(input.files.at(file));
-        model.internal = t_DigipenState::m_internal_mode = input.isInternal(file);
-        Digitizer::instance()->m_host_mode = model.internal ? 59 : 60;
+        model.internal = input.isInternal(file);
         bool done = false;
         for (std::size_t index = 0; !done; ++index) {
             const std::string line = index < lines.size() ? lines[index] : std::string();
-            const std::string commands = nextCommands(model, analyzer, line);
+            const std::string commands = commandsOf(line, model);
             appendReports(reports, commands);
             done = line.empty() && commands.empty();
         }
-        model.startFile();
-        analyzer.m_converter->reset();
+        model.startFile(initial);
     }
     return reports;
 }

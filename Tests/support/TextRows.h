@@ -3,6 +3,8 @@
 #pragma once
 
 #include <QFile>
+#include <QRegularExpression>
+#include <QVector>
 #include <QtTest>
 
 /// A row of a text file: its name and its fields.
@@ -50,25 +52,34 @@ inline QByteArray expanded(QByteArray text)
     return text;
 }
 
-/// Adds the rows of Tests/Rows/\a file to the column "row" of a test. A row is a line with its name
-/// and \a count fields, separated by " ; ", without the blanks around them. Empty lines and lines
-/// that begin with "#" are passed over, and fields are unescaped. A file that is not like that ends
-/// the program.
-inline void addTextRows(const char* file, int count)
+/// The rows of Tests/Rows/\a file. A row is a line with its name and \a count fields, separated by
+/// " ; ", without the blanks around them. Empty lines and lines that begin with "#" are passed
+/// over, and fields are unescaped. A file that is not like that ends the program.
+inline QVector<TextRow> textRows(const char* file, int count)
 {
-    QTest::addColumn<TextRow>("row");
+    static const QRegularExpression separator(QStringLiteral(" ;(?= )"));
     QFile rows(QStringLiteral(SOURCE_DIRECTORY "/Tests/Rows/") + QLatin1String(file));
     if (!rows.open(QIODevice::ReadOnly))
         qFatal("cannot read %s", qPrintable(rows.fileName()));
+    QVector<TextRow> read;
     for (const QByteArray& line : rows.readAll().split('\n')) {
         if (line.isEmpty() || line.startsWith('#'))
             continue;
-        QByteArrayList fields = QByteArray(line + ' ').replace(" ; ", "\n").split('\n');
-        for (QByteArray& field : fields)
-            field = unescaped(field.trimmed());
+        QByteArrayList fields;
+        for (const QString& field : QString::fromUtf8(line + ' ').split(separator))
+            fields << unescaped(field.trimmed().toUtf8());
         const QByteArray name = fields.takeFirst();
         if (fields.size() != count)
             qFatal("%s: not %d fields behind the name: %s", file, count, line.constData());
-        QTest::newRow(name) << TextRow{name, fields};
+        read << TextRow{name, fields};
     }
+    return read;
+}
+
+/// Adds these rows to the column "row" of a test.
+inline void addTextRows(const char* file, int count)
+{
+    QTest::addColumn<TextRow>("row");
+    for (const TextRow& row : textRows(file, count))
+        QTest::newRow(row.name) << row;
 }

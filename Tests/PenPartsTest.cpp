@@ -1,0 +1,368 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "DigitizerGeneric/Digitizer/Digitizer.h"
+#include "DigitizerGeneric/File_Digital/ConvertedCommandFields.h"
+#include "DigitizerGeneric/File_Digital/ConvertedCommandInterpreter.h"
+#include "DigitizerGeneric/File_Digital/DigipenDataConverter.h"
+#include "DigitizerGeneric/File_Digital/DigipenState_4ex.h"
+#include "DigitizerGeneric/File_Digital/DigipenStringAnalyzer.h"
+#include "DigitizerGeneric/File_Digital/FatalError.h"
+#include "DigitizerGeneric/File_Digital/PenLineReader.h"
+#include "support/PenModel.h"
+#include "support/RecordedMessages.h"
+#include "support/TestHost.h"
+
+#include <QtTest>
+
+#include <boost/exception/get_error_info.hpp>
+
+#include <locale>
+
+using namespace MavSystem;
+
+/// The parts of the pen input from a file's lines to the fields of a command, under a locale that
+/// groups digits. Their tables are Rows/pen-*.txt.
+class PenPartsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void statesAreMadeWhenFirstNeededAndShared(); // first, while there are none
+    void everyStateTakesEveryEvent_data();
+    void everyStateTakesEveryEvent();
+    void sequencesOfEvents_data() { addTextRows("pen-sequences.txt", 5); }
+    void sequencesOfEvents();
+    void transitionsAreLogged();
+    void linesAreReadInBlocks();
+    void linesBecomeEvents_data() { addTextRows("pen-lines.txt", 3); }
+    void linesBecomeEvents();
+    void numbersOfAnyLineAreRead_data() { addTextRows("pen-numbers.txt", 3); }
+    void numbersOfAnyLineAreRead();
+    void commandsOfALineReplaceIt();
+    void anUnknownConversionIsRefused();
+    void oneCommandIsTaken_data() { addTextRows("pen-commands.txt", 5); }
+    void oneCommandIsTaken();
+    void whatTheMapsHoldStays();
+
+private:
+    TestHost m_host;
+};
+
+namespace {
+
+struct Grouping : std::numpunct<char>
+{
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+};
+
+const QMap<QString, t_DigipenState* (*)()> singles = {
+    {QStringLiteral("Idle"), single<t_IdleState>},
+    {QStringLiteral("Line"), single<t_LineState>},
+    {QStringLiteral("Curve"), single<t_CurveState>},
+    {QStringLiteral("Punch"), single<t_PunchHoleState>},
+    {QStringLiteral("Terminate"), single<t_TerminateInformationState>},
+    {QStringLiteral("Idle4"), single<t_IdleState_4ex>},
+    {QStringLiteral("Line4"), single<t_LineState_4ex>},
+    {QStringLiteral("Curve4"), single<t_CurveState_4ex>},
+    {QStringLiteral("Button3"), single<t_Button3State_4ex>},
+    {QStringLiteral("First1"), single<t_Button3_1Phase1State_4ex>},
+    {QStringLiteral("First2"), single<t_Button3_2Phase1State_4ex>},
+    {QStringLiteral("First3"), single<t_Button3_3Phase1State_4ex>},
+    {QStringLiteral("Second1"), single<t_Button3_1Phase2State_4ex>},
+    {QStringLiteral("Second2"), single<t_Button3_2Phase2State_4ex>},
+    {QStringLiteral("Second3"), single<t_Button3_3Phase2State_4ex>},
+    {QStringLiteral("Terminate4"), single<t_TerminateInformationState_4ex>},
+};
+
+QString nameOf(const t_DigipenState* wanted)
+{
+    const auto found = std::find_if(singles.begin(), singles.end(),
+                                    [=](auto single) { return single() == wanted; });
+    return found == singles.end() ? QStringLiteral("none of them") : found.key();
+}
+
+/// Takes the place of the pen's states and notes what reaches them.
+struct RecordingState : t_DigipenState
+{
+    std::string commandCode() override { return {}; }
+    void button(t_DigipenDataConverter& /*converter*/, int n) override
+    {
+        events << QStringLiteral("button %1").arg(n);
+    }
+    void coordinate(t_DigipenDataConverter& /*converter*/, short x, short y) override
+    {
+        events << QStringLiteral("at %1,%2").arg(x).arg(y);
+    }
+
+    QStringList events;
+};
+
+/// An analyzer whose events reach a recording state.
+struct Recorder : t_DigipenStringAnalyzer, RecordingState
+{
+    Recorder() : t_DigipenStringAnalyzer(CONVERSION_STANDARD) { m_converter->m_state = this; }
+};
+
+// "15,7" for the command with code 1 at (5, 7).
+QString readable(const std::string& commands)
+{
+    QString text = QString::fromStdString(commands);
+    text.replace(QLatin1Char(' '), QLatin1Char(','))
+        .replace(QLatin1String("\n\r"), QLatin1String(" "));
+    return text.trimmed();
+}
+
+// "1=5 2=0": position and digit of each entry.
+QString readable(const QMap<int, char>& field)
+{
+    QStringList entries;
+    for (auto entry = field.begin(); entry != field.end(); ++entry)
+        entries << QStringLiteral("%1=%2").arg(entry.key()).arg(QLatin1Char(entry.value()));
+    return entries.join(QLatin1Char(' '));
+}
+
+// Does what one word of a sequence says; returns its answer.
+QString run(const QString& event, t_DigipenDataConverter& converter)
+{
+    std::string commands = "what was there before";
+    if (event == QLatin1String("end")) {
+        if (converter.generateEndOfPieceInstructions(commands) == commands.empty())
+            return QStringLiteral("[a wrong result]");
+        return QLatin1Char('[') + readable(commands) + QLatin1Char(']');
+    }
+    if (event == QLatin1String("?"))
+        return QLatin1String(converter.endCommandMissing() ? "[missing]" : "[complete]");
+    if (event == QLatin1String("next"))
+        converter.reset();
+    else if (event.contains(QLatin1Char(',')))
+        converter.coordinate(event.section(QLatin1Char(','), 0, 0).toShort(),
+                             event.section(QLatin1Char(','), 1).toShort());
+    else
+        converter.button(event.toInt());
+    return readable(std::exchange(converter.m_commands, {}));
+}
+
+} // namespace
+
+void PenPartsTest::initTestCase()
+{
+    std::locale::global(std::locale(std::locale::classic(), new Grouping));
+    QLocale::setDefault(QLocale(QLocale::German));
+}
+
+void PenPartsTest::statesAreMadeWhenFirstNeededAndShared()
+{
+    t_DigipenDataConverter one(single<t_LineState>());
+    t_DigipenDataConverter other(single<t_LineState>());
+    QVERIFY(!t_PunchHoleState::s_single);
+    one.button(3);
+    other.button(3);
+    QVERIFY(t_PunchHoleState::s_single);
+    QCOMPARE(one.m_state, other.m_state);
+    // What is pending when the end of the file comes is taken along.
+    one.coordinate(1, 2);
+    std::string commands;
+    QVERIFY(one.generateEndOfPieceInstructions(commands));
+    QCOMPARE(commands, std::string("31 2\n\r40 0\n\r"));
+    QVERIFY(one.m_commands.empty());
+}
+
+void PenPartsTest::everyStateTakesEveryEvent_data()
+{
+    QTest::addColumn<QString>("state");
+    for (const QString& state : PenModel::states().keys())
+        QTest::newRow(qPrintable(state)) << state;
+    QCOMPARE(PenModel::states().keys(), singles.keys());
+}
+
+void PenPartsTest::everyStateTakesEveryEvent()
+{
+    QFETCH(QString, state);
+    const int position = -1;
+    for (int choice = 0; choice < 8 * 4 * 2; ++choice) {
+        const int event = QVector<int>{position, 0, 1, 2, 3, 4, 5, 9}.at(choice % 8);
+        const int hostMode = QVector<int>{49, 50, 59, 60}.at(choice / 8 % 4);
+        PenModel model(state);
+        model.curve = t_DigipenState_4ex::m_curve = choice / 32 == 1;
+        model.internal = hostMode == 50 || hostMode == 59;
+        Digitizer::instance()->m_host_mode = hostMode;
+        t_DigipenState::m_internal_mode = !model.internal; // is not asked by states
+        t_DigipenDataConverter converter(singles[state]());
+        converter.m_state->enter();
+        QCOMPARE(QString::fromStdString(converter.m_state->commandCode()), model.code());
+        QCOMPARE(converter.m_state->terminateButton(), 4);
+        QCOMPARE(converter.m_state->is4ex(), model.isExtended());
+        if (event == position) {
+            converter.coordinate(5, -7);
+            model.position(5, -7);
+        } else {
+            converter.button(event);
+            model.button(event);
+        }
+        const QByteArray what =
+            QStringLiteral("event %1, mode %2").arg(event).arg(hostMode).toUtf8();
+        QVERIFY2(converter.m_commands == model.written, what + ": " + converter.m_commands.c_str());
+        QVERIFY2(nameOf(converter.m_state) == model.state,
+                 what + ": " + nameOf(converter.m_state).toUtf8());
+        QCOMPARE(t_DigipenState_4ex::m_curve, model.curve);
+    }
+}
+
+void PenPartsTest::sequencesOfEvents()
+{
+    QFETCH(TextRow, row);
+    const int hostMode = row.text(1).toInt();
+    Digitizer::instance()->m_host_mode = hostMode;
+    t_DigipenState::m_internal_mode = hostMode != 0;
+    t_DigipenState_4ex::m_curve = false;
+    t_DigipenDataConverter converter(singles[row.text(0)]());
+    QStringList written;
+    for (const QString& event : row.text(2).split(QLatin1Char(' ')))
+        written << run(event, converter);
+    written.removeAll(QString());
+    QCOMPARE(written.join(QLatin1Char(' ')), row.text(3));
+    QCOMPARE(nameOf(converter.m_state), row.text(4));
+}
+
+void PenPartsTest::transitionsAreLogged()
+{
+    t_DigipenDataConverter converter(single<t_LineState_4ex>());
+    const RecordedMessages messages(true);
+    converter.button(3);
+    converter.button(7);
+    converter.button(1);
+    QCOMPARE(RecordedMessages::texts().join(QLatin1Char('\n')),
+             QStringLiteral("pen state t_LineState_4ex to t_Button3State_4ex\n"
+                            "pen state t_Button3State_4ex to t_Button3_1Phase1State_4ex"));
+}
+
+// A line ends inside a block of the reader, at its end, or blocks later.
+void PenPartsTest::linesAreReadInBlocks()
+{
+    const QByteArrayList lines = {QByteArray(32767, 'a') + '\n', "b\n", QByteArray(70000, 'c'),
+                                  "\n", "d"};
+    QFile file(m_host.write(QStringLiteral("lines"),
+                            lines.join().replace("c\n", QByteArray("c\0e\n\n", 5))));
+    QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
+    PenLineReader reader(file);
+    for (const int count : {2, 5}) { // the second round starts anew in the middle of a block
+        QVERIFY(file.seek(0));
+        reader.start();
+        std::string line = "what was there before";
+        for (const QByteArray& expected : lines.mid(0, count)) {
+            QVERIFY(reader.next(line));
+            QVERIFY2(line == expected.toStdString(), line.substr(0, 100).c_str());
+        }
+        QCOMPARE(reader.next(line), count == 2);
+    }
+}
+
+void PenPartsTest::linesBecomeEvents()
+{
+    QFETCH(TextRow, row);
+    Recorder recorder;
+    std::string text = expanded(row.fields.at(0)).toStdString();
+    QCOMPARE(recorder.convert(text), row.fields.at(2) == "yes");
+    QCOMPARE(recorder.events.join(QLatin1Char(' ')), row.text(1));
+    QVERIFY(text.empty());
+}
+
+void PenPartsTest::numbersOfAnyLineAreRead()
+{
+    QFETCH(TextRow, row);
+    Recorder recorder;
+    std::string text = row.fields.at(0).toStdString();
+    int button = -1;
+    const bool isButton = recorder.getButton(text, button);
+    int x = -1;
+    int y = -1;
+    QVERIFY(recorder.getCoordinate(text, x, y));
+    QCOMPARE(QString::number(button) + QLatin1String(isButton ? " yes" : " no"), row.text(1));
+    QCOMPARE(QStringLiteral("%1 %2").arg(x).arg(y), row.text(2));
+    QCOMPARE(QByteArray::fromStdString(text), row.fields.at(0));
+    QVERIFY(recorder.events.isEmpty());
+}
+
+void PenPartsTest::commandsOfALineReplaceIt()
+{
+    t_DigipenStringAnalyzer analyzer(t_DigipenStringAnalyzer::CONVERSION_STANDARD);
+    const auto converted = [&](std::string line) {
+        analyzer.convert(line);
+        return line;
+    };
+    QCOMPARE(converted("X: 12000 Y: -4500\n"), std::string("112000 -4500\n\r"));
+    QCOMPARE(converted("A - 4\n"), std::string());
+    QCOMPARE(converted("A - 2\n"), std::string("40 0\n\r"));
+    analyzer.m_converter->m_commands = "left ";
+    QCOMPARE(converted("X: 1 Y: 2\n"), std::string("left 21 2\n\r"));
+    QVERIFY(analyzer.m_converter->m_commands.empty());
+    std::string commands;
+    QVERIFY(analyzer.generateEndOfPieceInstructions(commands));
+    QCOMPARE(commands, std::string("40 0\n\r"));
+    QVERIFY(!analyzer.generateEndOfPieceInstructions(commands));
+}
+
+void PenPartsTest::anUnknownConversionIsRefused()
+{
+    for (const int type : {-1, 2}) {
+        try {
+            const t_DigipenStringAnalyzer analyzer{
+                t_DigipenStringAnalyzer::e_Type_Conversion(type)};
+            QFAIL("no error");
+        } catch (const std::runtime_error& error) {
+            QVERIFY(typeid(error) == typeid(FatalError));
+            QCOMPARE(error.what(), "Unexpected Value");
+            const auto& place = dynamic_cast<const boost::exception&>(error);
+            QCOMPARE(*boost::get_error_info<boost::throw_function>(place),
+                     "MavSystem::t_DigipenStringAnalyzer::t_DigipenStringAnalyzer("
+                     "MavSystem::t_DigipenStringAnalyzer::e_Type_Conversion)");
+            QCOMPARE(*boost::get_error_info<boost::throw_file>(place),
+                     "Source/DigitizerGeneric/File_Digital");
+            QVERIFY(*boost::get_error_info<boost::throw_line>(place) > 0);
+        }
+    }
+    const FatalError unthrown(QStringLiteral("Gr\u00f6\u00dfe"));
+    QCOMPARE(QString::fromUtf8(unthrown.what()), QStringLiteral("Gr\u00f6\u00dfe"));
+    QVERIFY(!boost::get_error_info<boost::throw_function>(unthrown));
+}
+
+void PenPartsTest::oneCommandIsTaken()
+{
+    QFETCH(TextRow, row);
+    const std::string whole = row.fields.at(0).toStdString();
+    std::string commands = whole;
+    ButtonValue button{{'?', 'b', 'c'}};
+    QMap<int, char> x;
+    QMap<int, char> y;
+    QVERIFY(t_ConvertedCommandInterpreter::interpreter(commands, button, x, y));
+    QCOMPARE(QByteArray(button.m_code.data(), 3), QByteArray(row.fields.at(1) + "bc"));
+    QCOMPARE(readable(x), row.text(2));
+    QCOMPARE(readable(y), row.text(3));
+    QCOMPARE(QByteArray::fromStdString(commands), row.fields.at(4));
+    // As views into the text.
+    const ConvertedCommandFields views = ConvertedCommandFields::of(whole);
+    QCOMPARE(views.code, button.m_code[0]);
+    QCOMPARE(std::string(views.x), std::string(x.begin(), x.end()));
+    QCOMPARE(std::string(views.y), std::string(y.begin(), y.end()));
+    QCOMPARE(views.length, whole.size() - commands.size());
+}
+
+void PenPartsTest::whatTheMapsHoldStays()
+{
+    std::string commands = "112 3\n\r";
+    ButtonValue button;
+    QMap<int, char> x = {{2, 'a'}, {9, 'b'}};
+    QMap<int, char> y = {{0, 'c'}};
+    QVERIFY(t_ConvertedCommandInterpreter::interpreter(commands, button, x, y));
+    // An empty text changes nothing.
+    button.m_code[0] = 'a';
+    QVERIFY(!t_ConvertedCommandInterpreter::interpreter(commands, button, x, y));
+    QCOMPARE(button.m_code[0], 'a');
+    QCOMPARE(readable(x), QStringLiteral("1=1 2=2 9=b"));
+    QCOMPARE(readable(y), QStringLiteral("0=c 4=3"));
+}
+
+QTEST_GUILESS_MAIN(PenPartsTest)
+#include "PenPartsTest.moc"

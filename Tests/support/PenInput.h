@@ -1,0 +1,116 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "DigitizerGeneric/Digitizer/Digitizer.h"
+#include "support/DescriptionBuilder.h"
+#include "support/TestHost.h"
+
+#include <QSettings>
+#include <QtTest>
+
+#include <functional>
+
+/// A pen directory with real files and a real watcher, and the reports that come from it. Of its
+/// two drivers "A", which is selected, gives the pen's own units tenfold, and "B" a tenth of that.
+struct PenInput
+{
+    PenInput()
+    {
+        for (const char* name : {"A", "B"})
+            host.writeDescription(
+                QLatin1String(name),
+                DescriptionBuilder(name).resolution(*name == 'A' ? 1 : 10, "LPMM").xml());
+        QDir().mkpath(folder);
+        setDirectory(folder);
+        digitizer->selectDevice(QStringLiteral("A"), QStringLiteral("File:"));
+        digitizer->setExtended4Buttons(false);
+        digitizer->setPenFileSettleTime(0);
+        digitizer->m_host_mode = 0;
+        host.answer = 0;
+        host.duringDialog = [this] { runHooksOfBox(); };
+        MavSystem::DigitalReport::registerHandle([this](const MavSystem::DigitalReport& report) {
+            const MavSystem::GeoPoint2D point = report.coordinate();
+            reports << QByteArray::number(report.m_button_number) + ':' +
+                           QByteArray::number(point.x() * 10) + ',' +
+                           QByteArray::number(point.y() * 10);
+            runHooks("report", reports.size());
+        });
+    }
+    ~PenInput()
+    {
+        MavSystem::DigitalReport::unregisterHandle();
+        digitizer->close();
+    }
+
+    static void setDirectory(const QString& directory)
+    {
+        QSettings().setValue(QStringLiteral("digitizer_file_directory"), directory);
+    }
+
+    /// Makes each of \a entries, which are separated by "|": "name=content" a file, "name/" a
+    /// folder, "name->target" a link.
+    void put(const QByteArray& entries)
+    {
+        for (const QByteArray& entry : entries.split('|')) {
+            const QString text = QString::fromLatin1(entry);
+            const QString name = text.section(QRegularExpression(QStringLiteral("=|->|/")), 0, 0);
+            if (entry.endsWith('/'))
+                QVERIFY(QDir(folder).mkdir(name));
+            else if (entry.contains("->"))
+                QVERIFY(QFile::link(text.section(QLatin1String("->"), 1), pathOf(name)));
+            else if (!entry.isEmpty())
+                putFile(name, entry.mid(entry.indexOf('=') + 1));
+        }
+    }
+
+    // Complete files only, as pen software has to deliver them.
+    void putFile(const QString& name, const QByteArray& content)
+    {
+        const QString outside = host.write(QStringLiteral("outside/") + name, content);
+        QVERIFY(QFile::rename(outside, pathOf(name)));
+    }
+
+    QString pathOf(const QString& name) const { return folder + QLatin1Char('/') + name; }
+    QByteArray encodedPathOf(const char* name) const
+    {
+        return QFile::encodeName(folder) + '/' + name;
+    }
+
+    QByteArray names() const
+    {
+        return QDir(folder)
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot)
+            .join(QLatin1Char(' '))
+            .toUtf8();
+    }
+
+    QByteArray delivered() const { return reports.join(' '); }
+
+    void runHooks(const char* event, int number)
+    {
+        for (const auto& action : hooks.value(event + (' ' + QByteArray::number(number))))
+            action();
+    }
+
+    void runHooksOfBox()
+    {
+        const int questions = host.questions.size();
+        const int errors = host.errors.size();
+        if (questions > std::exchange(m_questions, questions))
+            runHooks("question", questions);
+        else if (errors > std::exchange(m_errors, errors))
+            runHooks("error", errors);
+    }
+
+    TestHost host;
+    QString folder = host.path(QStringLiteral("pen"));
+    boost::shared_ptr<MavSystem::Digitizer> digitizer = MavSystem::Digitizer::instance();
+    QByteArrayList reports; ///< "button:x,y"
+    /// What is done inside "report 1", "question 1", "error 1" and so on.
+    QHash<QByteArray, QVector<std::function<void()>>> hooks;
+
+private:
+    int m_questions = 0; // of those that have run hooks
+    int m_errors = 0;
+};
