@@ -16,6 +16,7 @@
 
 #include <boost/exception/get_error_info.hpp>
 
+#include <limits>
 #include <locale>
 
 using namespace MavSystem;
@@ -44,6 +45,7 @@ private slots:
     void oneCommandIsTaken_data() { addTextRows("pen-commands.txt", 5); }
     void oneCommandIsTaken();
     void whatTheMapsHoldStays();
+    void bothCoordinatesMakeAClosingReport();
 
 private:
     TestHost m_host;
@@ -238,13 +240,15 @@ void PenPartsTest::transitionsAreLogged()
                             "pen state t_Button3State_4ex to t_Button3_1Phase1State_4ex"));
 }
 
-// A line ends inside a block of the reader, at its end, or blocks later.
+// A line ends inside a block of the reader, at its end, or blocks later. Behind a zero byte nothing
+// counts, be it blocks later.
 void PenPartsTest::linesAreReadInBlocks()
 {
     const QByteArrayList lines = {QByteArray(32767, 'a') + '\n', "b\n", QByteArray(70000, 'c'),
                                   "\n", "d"};
+    const QByteArray ignored = '\0' + QByteArray(40000, 'e') + '\n';
     QFile file(m_host.write(QStringLiteral("lines"),
-                            lines.join().replace("c\n", QByteArray("c\0e\n\n", 5))));
+                            lines.mid(0, 3).join() + ignored + lines.mid(3).join()));
     QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
     PenLineReader reader(file);
     for (const int count : {2, 5}) { // the second round starts anew in the middle of a block
@@ -362,6 +366,14 @@ void PenPartsTest::whatTheMapsHoldStays()
     QCOMPARE(button.m_code[0], 'a');
     QCOMPARE(readable(x), QStringLiteral("1=1 2=2 9=b"));
     QCOMPARE(readable(y), QStringLiteral("0=c 4=3"));
+}
+
+void PenPartsTest::bothCoordinatesMakeAClosingReport()
+{
+    const double smallest = std::numeric_limits<double>::min();
+    QVERIFY(DigitalReport(smallest, smallest).isClosing());
+    QVERIFY(!DigitalReport(smallest, 0).isClosing());
+    QVERIFY(!DigitalReport(0, smallest).isClosing());
 }
 
 QTEST_GUILESS_MAIN(PenPartsTest)

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "Fuzzing/ReentrantHost.h"
+#include "ReferenceHost/Serial/PseudoTerminal.h"
+#include "support/PenInput.h"
 
 #include <QtTest>
 
@@ -38,6 +40,7 @@ private slots:
     void keptHosts_data();
     void keptHosts();
     void randomHosts();
+    void aPortBehindThePenInputClosesAfterIt();
 };
 
 void ReentryTest::keptHosts_data()
@@ -67,6 +70,22 @@ void ReentryTest::randomHosts()
     }
     QVERIFY2(failed.isEmpty(),
              qPrintable(QStringLiteral("seeds ") + failed.join(QLatin1Char(' '))));
+}
+
+void ReentryTest::aPortBehindThePenInputClosesAfterIt()
+{
+    PenInput pen;
+    const ReferenceHost::PseudoTerminal tablet;
+    pen.digitizer->selectDevice(QStringLiteral("A"), tablet.path());
+    QVERIFY(pen.digitizer->open());
+    pen.digitizer->selectDevice(QStringLiteral("A"), QStringLiteral("File:"));
+    QVERIFY(pen.digitizer->open());
+    QVERIFY(!pen.digitizer->close());
+    QVERIFY(pen.digitizer->active());
+    QVERIFY(pen.reports.isEmpty());
+    QVERIFY(pen.digitizer->close());
+    QVERIFY(!pen.digitizer->active());
+    QCOMPARE(pen.reports.size(), 1);
 }
 
 QTEST_GUILESS_MAIN(ReentryTest)

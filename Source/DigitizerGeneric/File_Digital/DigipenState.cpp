@@ -10,6 +10,7 @@
 #include <boost/core/demangle.hpp>
 
 #include <charconv>
+#include <iterator>
 #include <typeinfo>
 
 namespace MavSystem {
@@ -23,16 +24,18 @@ constexpr DigipenDispatch standardDispatch = {
     single<t_TerminateInformationState>,
 };
 
-constexpr std::size_t numberCharacters = sizeof "-32768";
-constexpr std::size_t coordinateCharacters = 2 * numberCharacters;
-
-// Writes x, the separator and y and returns the end. Not a stream: a host's global locale may group
-// digits.
-char* writeCoordinate(char* text, short x, short y)
+// Not a stream: a host's global locale may group digits.
+void append(std::string& text, short number)
 {
-    char* position = std::to_chars(text, text + numberCharacters, x).ptr;
-    *position++ = COORDINATE_SEPARATOR[0];
-    return std::to_chars(position, position + numberCharacters, y).ptr;
+    char digits[sizeof "-32768"];
+    text.append(digits, std::to_chars(digits, std::end(digits), number).ptr);
+}
+
+void append(std::string& text, short x, short y)
+{
+    append(text, x);
+    text += COORDINATE_SEPARATOR;
+    append(text, y);
 }
 
 QString nameOf(const t_DigipenState& state)
@@ -81,19 +84,18 @@ void t_DigipenState::changeState(t_DigipenDataConverter& converter, t_DigipenSta
 
 std::string t_DigipenState::convertCoordinate(short x, short y)
 {
-    char text[coordinateCharacters];
-    return std::string(text, writeCoordinate(text, x, y));
+    std::string text;
+    append(text, x, y);
+    return text;
 }
 
 void t_DigipenState::writeCommand(t_DigipenDataConverter& converter, const std::string& code,
                                   short x, short y)
 {
     converter.m_commands += code;
-    char text[coordinateCharacters + sizeof LINE_FEED + sizeof CARRIAGE_RETURN];
-    char* end = writeCoordinate(text, x, y);
-    *end++ = LINE_FEED[0];
-    *end++ = CARRIAGE_RETURN[0];
-    converter.m_commands.append(text, end);
+    append(converter.m_commands, x, y);
+    converter.m_commands += LINE_FEED;
+    converter.m_commands += CARRIAGE_RETURN;
 }
 
 std::string t_IdleState::commandCode()
