@@ -40,6 +40,14 @@ public:
         return buttons(xml + "</buttons>");
     }
 
+    /// Takes any of these elements.
+    DescriptionBuilder& element(const QByteArray& xml)
+    {
+        for (QByteArray* const known : {&m_ioPort, &m_resolution, &m_reportFormat, &m_buttons})
+            *known = xml.startsWith(known->left(7)) ? xml : *known;
+        return *this;
+    }
+
     QByteArray xml() const
     {
         return "<device name='" + m_name + "'>" + m_ioPort + m_resolution + m_reportFormat +
