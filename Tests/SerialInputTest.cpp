@@ -154,6 +154,7 @@ private:
              QThread::msleep(300);
          }},
         {"await", [](auto things) { QVERIFY2(await(things.toInt()), qPrintable(got())); }},
+        {"rest", [](auto milliseconds) { QTest::qWait(milliseconds.toInt()); }},
         {"select", [this](auto driver) { m_digitizer->selectDevice(driver, m_tablet->path()); }},
         {"away", [this](auto driver) { m_digitizer->selectDevice(driver, "file:"); }},
         {"open",
@@ -194,6 +195,9 @@ void SerialInputTest::init()
         DescriptionBuilder().beep("<beepString><character>7</character><character>33</character>"
                                   "</beepString>"),
         DescriptionBuilder("lines").resolution(1, "LPMM").report("XXYYBC"),
+        // 50 baud: 1,110 ms without a byte are a pause.
+        DescriptionBuilder("slow").resolution(1, "LPMM").report("XXYYBC").ioPort(
+            "<ioPort><serial databit='8' parity='Odd' stopbit='2'/></ioPort>"),
         DescriptionBuilder("free").resolution(1, "LPMM").report("XXYYB"),
         DescriptionBuilder("sixteen").report("XXYYB").buttons("16", 1, {"0", "1", "2"}),
         DescriptionBuilder("five").report("XXYYB"),
