@@ -19,13 +19,23 @@ constexpr int bitsPerSecond(BaudRateType baudRate)
     return speeds[baudRate];
 }
 
+constexpr int bitsOf(DataBitsType dataBits)
+{
+    return 5 + dataBits;
+}
+
+constexpr double bitsOf(StopBitsType stopBits)
+{
+    constexpr double bits[] = {1, 1.5, 2};
+    return bits[stopBits];
+}
+
 /// Returns the time of one character in microseconds: a start bit, the data bits, a parity bit if
 /// there is one, and the stop bits.
 constexpr double characterMicroseconds(const PortSettings& settings)
 {
-    constexpr double stopBits[] = {1, 1.5, 2};
-    const double bits = 1 + (5 + settings.DataBits) + (settings.Parity == PAR_NONE ? 0 : 1) +
-                        stopBits[settings.StopBits];
+    const double bits = 1 + bitsOf(settings.DataBits) + (settings.Parity == PAR_NONE ? 0 : 1) +
+                        bitsOf(settings.StopBits);
     return 1e6 * bits / bitsPerSecond(settings.BaudRate);
 }
 

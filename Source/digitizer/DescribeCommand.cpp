@@ -8,7 +8,6 @@
 #include "ReferenceHost/Describe/DescriptionProposal.h"
 #include "ReferenceHost/Describe/PressProtocol.h"
 #include "ReferenceHost/Descriptions/DescriptionTexts.h"
-#include "ReferenceHost/Descriptions/LineSettings.h"
 #include "ReferenceHost/Lint/DescriptionLint.h"
 #include "digitizer/LineOptions.h"
 #include "digitizer/PressDialog.h"
@@ -77,7 +76,7 @@ RecordedSession readRecording(const QString& path)
 Observation observeRecording(const QCommandLineParser& parser)
 {
     const RecordedSession session = readRecording(parser.value(fromOption));
-    const auto recorded = LineSettings::parse(session.settings);
+    const auto recorded = lineSettingsIn(session.settings);
     const PortSettings line =
         LineOptions::settings(parser, recorded.value_or(LineOptions::usualSettings()));
     return {PressProtocol::pressesOf(session.chunks),

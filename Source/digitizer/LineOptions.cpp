@@ -2,49 +2,63 @@
 // SPDX-License-Identifier: MIT
 #include "digitizer/LineOptions.h"
 
+#include "DigitizerGeneric/Digitizer/DescribedSetting.h"
 #include "DigitizerGeneric/Digitizer/PortRights.h"
 #include "ReferenceHost/CommandLine/Command.h"
 #include "ReferenceHost/CommandLine/OptionValues.h"
-#include "ReferenceHost/Descriptions/LineSettings.h"
 #include "ReferenceHost/Serial/PortAccess.h"
 
 #include <algorithm>
 
 namespace ReferenceHost {
 
+using namespace MavSystem;
+
 namespace LineOptions {
+
+namespace {
+
+QStringList usualFirst(const DescribedSetting& setting)
+{
+    QStringList texts = setting.accepted;
+    texts.removeOne(setting.usual);
+    texts.prepend(setting.usual);
+    return texts;
+}
+
+} // namespace
 
 QList<QCommandLineOption> options()
 {
     QList<QCommandLineOption> result = {
         {QStringLiteral("device"), QStringLiteral("Use serial port PORT, such as /dev/ttyUSB0."),
          QStringLiteral("PORT")}};
-    for (const LineSettings::Setting& setting : LineSettings::settings()) {
-        const QStringList others = setting.accepted.mid(1);
-        result << QCommandLineOption(setting.name,
-                                     QStringLiteral("Set the %1: %2 (default), %3.")
-                                         .arg(setting.explanation, setting.accepted.constFirst(),
-                                              others.join(QStringLiteral(", "))),
-                                     QStringLiteral("VALUE"));
+    for (const DescribedSetting& setting : describedSettings()) {
+        const QStringList others = usualFirst(setting).mid(1);
+        result << QCommandLineOption(
+            setting.attribute,
+            QStringLiteral("Set the %1: %2 (default), %3.")
+                .arg(setting.words, setting.usual, others.join(QStringLiteral(", "))),
+            QStringLiteral("VALUE"));
     }
     return result;
 }
 
 bool areGiven(const QCommandLineParser& parser)
 {
-    const auto& all = LineSettings::settings();
-    return std::any_of(all.begin(), all.end(), [&](const LineSettings::Setting& setting) {
-        return parser.isSet(setting.name);
+    const auto& all = describedSettings();
+    return std::any_of(all.begin(), all.end(), [&](const DescribedSetting& setting) {
+        return parser.isSet(setting.attribute);
     });
 }
 
 PortSettings settings(const QCommandLineParser& parser, const PortSettings& others)
 {
     PortSettings line = others;
-    for (const LineSettings::Setting& setting : LineSettings::settings()) {
-        const QString text = choiceValue(parser, setting.name, setting.accepted);
-        if (parser.isSet(setting.name))
-            setting.apply(line, text);
+    for (const DescribedSetting& setting : describedSettings()) {
+        const QString text = choiceValue(parser, setting.attribute, usualFirst(setting));
+        if (parser.isSet(setting.attribute))
+            setting.read(line, text);
     }
     return line;
 }
@@ -52,8 +66,8 @@ PortSettings settings(const QCommandLineParser& parser, const PortSettings& othe
 PortSettings usualSettings()
 {
     PortSettings line;
-    for (const LineSettings::Setting& setting : LineSettings::settings())
-        setting.apply(line, setting.accepted.first());
+    for (const DescribedSetting& setting : describedSettings())
+        setting.read(line, setting.usual);
     return line;
 }
 
@@ -64,7 +78,7 @@ QString device(const QCommandLineParser& parser)
     const QString problem = portProblem(device);
     if (!problem.isEmpty())
         throw CommandError(problem);
-    return MavSystem::portPath(device);
+    return portPath(device);
 }
 
 } // namespace LineOptions

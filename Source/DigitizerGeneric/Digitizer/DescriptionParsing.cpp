@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/DescriptionParsing.h"
 
+#include "DigitizerGeneric/Digitizer/DescribedSetting.h"
 #include "DigitizerGeneric/Digitizer/Resolution.h"
-#include "DigitizerGeneric/Digitizer/SerialSettings.h"
 #include "DigitizerGeneric/Digitizer/TemplateLetters.h"
 
 #include <algorithm>
@@ -42,11 +42,8 @@ QString attribute(const QDomElement& element, const char* name)
 PortSettings parsePortSettings(const QDomElement& serial)
 {
     PortSettings settings;
-    settings.BaudRate = BaudrateMap()[attribute(serial, "baudrate")];
-    settings.DataBits = DatabitMap()[attribute(serial, "databit")];
-    settings.Parity = ParityMap()[attribute(serial, "parity")];
-    settings.StopBits = StopbitMap()[attribute(serial, "stopbit")];
-    settings.FlowControl = FlowCtrlMap()[attribute(serial, "flowctrl")];
+    for (const DescribedSetting& setting : describedSettings())
+        setting.read(settings, serial.attribute(setting.attribute));
     return settings;
 }
 

@@ -11,7 +11,7 @@
 #include "DigitizerGeneric/Digitizer/ReportLayout.h"
 #include "DigitizerGeneric/File_Digital/DigipenFileDigitalization.h"
 #include "MavCore/MavApplication.h"
-#include "QextSerialPort/qextserialport.h"
+#include "QextSerialPort/ApplySettings.h"
 
 #include <QSettings>
 #include <QTimer>
@@ -191,7 +191,8 @@ bool Digitizer::openSerialPort()
     forgetInput();
     m_port.reset(new QextSerialPort(QextSerialPort::EventDriven));
     connect(m_port.get(), &QIODevice::readChannelFinished, this, &Digitizer::handlePortEnd);
-    applyPortSettings();
+    m_port->setPortName(m_device);
+    applySettings(m_argument->m_portSettings, *m_port);
     if (!m_port->open(QIODevice::ReadWrite | QIODevice::Unbuffered)) {
         qCDebug(lcSerial).noquote() << m_device << "does not open:" << m_port->errorString();
         MavApplication::instance()->displayWarning(
@@ -204,17 +205,6 @@ bool Digitizer::openSerialPort()
     if (m_checked_reading)
         startCheckedInput();
     return true;
-}
-
-void Digitizer::applyPortSettings()
-{
-    const PortSettings& settings = m_argument->m_portSettings;
-    m_port->setPortName(m_device);
-    m_port->setBaudRate(settings.BaudRate);
-    m_port->setFlowControl(settings.FlowControl);
-    m_port->setParity(settings.Parity);
-    m_port->setStopBits(settings.StopBits);
-    m_port->setDataBits(settings.DataBits);
 }
 
 void Digitizer::readReport()

@@ -194,7 +194,6 @@ private:
     Q_DECL_HIDDEN void useDescription(DigitizerArgument* description);
     Q_DECL_HIDDEN bool openPenFiles();
     Q_DECL_HIDDEN bool openSerialPort();
-    Q_DECL_HIDDEN void applyPortSettings();
     Q_DECL_HIDDEN short closingCode() const;
     Q_DECL_HIDDEN bool isLectraE92() const;
     Q_DECL_HIDDEN void handOver();

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Describe/DescriptionProposal.h"
 
+#include "DigitizerGeneric/Digitizer/DescribedSetting.h"
 #include "DigitizerGeneric/Digitizer/Resolution.h"
 #include "ReferenceHost/Describe/ProposedValues.h"
 #include "ReferenceHost/Descriptions/DescriptionTexts.h"
-#include "ReferenceHost/Descriptions/LineSettings.h"
 #include "ReferenceHost/Serial/RecordedSession.h"
 
 #include <QRegularExpression>
@@ -89,9 +89,8 @@ void ProposalWriter::writePort(const PortSettings& line)
     writeDoubts(Doubt::About::Line);
     m_xml.writeStartElement(QStringLiteral("ioPort"));
     m_xml.writeEmptyElement(QStringLiteral("serial"));
-    const QStringList texts = lineSettingTexts(line);
-    for (int index = 0; index < texts.size(); ++index)
-        attribute(LineSettings::settings().at(index).name, texts.at(index));
+    for (const MavSystem::DescribedSetting& setting : MavSystem::describedSettings())
+        attribute(setting.attribute, setting.textOf(line));
     m_xml.writeEndElement();
 }
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Descriptions/DescriptionTexts.h"
 
+#include "DigitizerGeneric/Digitizer/DescribedSetting.h"
 #include "DigitizerGeneric/Digitizer/TemplateLetters.h"
-#include "QextSerialPort/SerialTiming.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -12,21 +12,12 @@ namespace ReferenceHost {
 
 using namespace MavSystem;
 
-namespace {
-
-// In the order of the enumerators.
-constexpr const char* parities[] = {"None", "Odd", "Even", "Mark", "Space"};
-constexpr const char* stopBits[] = {"1", "1.5", "2"};
-constexpr const char* flowControls[] = {"none", "hardware", "software"};
-
-} // namespace
-
 QStringList lineSettingTexts(const PortSettings& settings)
 {
-    return {QString::number(SerialTiming::bitsPerSecond(settings.BaudRate)),
-            QString::number(settings.DataBits + 5), QLatin1String(parities[settings.Parity]),
-            QLatin1String(stopBits[settings.StopBits]),
-            QLatin1String(flowControls[settings.FlowControl])};
+    QStringList texts;
+    for (const DescribedSetting& setting : describedSettings())
+        texts << setting.textOf(settings);
+    return texts;
 }
 
 QString lineSettingsText(const PortSettings& settings)
@@ -35,6 +26,23 @@ QString lineSettingsText(const PortSettings& settings)
     if (settings.FlowControl == FLOW_OFF)
         texts.removeLast();
     return texts.join(QLatin1Char(' '));
+}
+
+std::optional<PortSettings> lineSettingsIn(const QString& text)
+{
+    const QVector<DescribedSetting>& settings = describedSettings();
+    QStringList texts = text.simplified().split(QLatin1Char(' '));
+    if (texts.size() == settings.size() - 1)
+        texts << settings.constLast().usual; // flow control
+    if (texts.size() != settings.size())
+        return std::nullopt;
+    PortSettings line;
+    for (int i = 0; i < texts.size(); ++i) {
+        if (!settings.at(i).accepted.contains(texts.at(i)))
+            return std::nullopt;
+        settings.at(i).read(line, texts.at(i));
+    }
+    return line;
 }
 
 QString layoutText(const DigitizerArgument& description)

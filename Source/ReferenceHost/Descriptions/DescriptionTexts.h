@@ -7,6 +7,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 namespace ReferenceHost {
 
 /// The values of a device description as its file writes them.
@@ -16,6 +18,10 @@ QStringList lineSettingTexts(const PortSettings& settings);
 
 /// Returns the same as one text, without flow control if it is off: "9600 7 Even 1".
 QString lineSettingsText(const PortSettings& settings);
+
+/// Returns the settings in such a text, with or without flow control, or nothing if a value is
+/// missing or not accepted.
+std::optional<PortSettings> lineSettingsIn(const QString& text);
 
 /// Returns the report template: "XXXXUYYYYUBC".
 QString layoutText(const MavSystem::DigitizerArgument& description);

@@ -2,29 +2,21 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Lint/DescriptionKeys.h"
 
+#include "DigitizerGeneric/Digitizer/DescribedSetting.h"
 #include "DigitizerGeneric/Digitizer/Resolution.h"
-#include "DigitizerGeneric/Digitizer/SerialSettings.h"
-
-#include <algorithm>
 
 namespace ReferenceHost {
 
 namespace {
 
-template <typename Table>
-QStringList textsOf(const Table& table)
+QVector<KnownAttribute> serialAttributes()
 {
-    QStringList texts;
-    for (const auto& entry : table)
-        texts << entry.first;
-    std::stable_sort(texts.begin(), texts.end(), [](const QString& first, const QString& second) {
-        return first.toDouble() < second.toDouble();
-    });
-    return texts;
+    QVector<KnownAttribute> attributes;
+    for (const MavSystem::DescribedSetting& setting : MavSystem::describedSettings())
+        attributes.append({setting.attribute, Presence::Required, setting.accepted});
+    return attributes;
 }
 
-// Made before main: each description that the driver loads later may leave texts in its tables
-// that are not accepted.
 // clang-format off
 const KnownElement description = {
     QString(), Presence::Required, false, false,
@@ -34,11 +26,7 @@ const KnownElement description = {
       LintFinding::Warning}},
     {{QStringLiteral("ioPort"), Presence::OfPort, false, false, {},
       {{QStringLiteral("serial"), Presence::Required, false, false,
-        {{QStringLiteral("baudrate"), Presence::Required, textsOf(MavSystem::BaudrateMap())},
-         {QStringLiteral("databit"), Presence::Required, textsOf(MavSystem::DatabitMap())},
-         {QStringLiteral("parity"), Presence::Required, textsOf(MavSystem::ParityMap())},
-         {QStringLiteral("stopbit"), Presence::Required, textsOf(MavSystem::StopbitMap())},
-         {QStringLiteral("flowctrl"), Presence::Required, textsOf(MavSystem::FlowCtrlMap())}},
+        serialAttributes(),
         {}}}},
      {QStringLiteral("resolution"), Presence::OfReport, false, true,
       {{QStringLiteral("unit"), Presence::Advisable,

@@ -2,9 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Serial/LineTap.h"
 
-#include "QextSerialPort/qextserialport.h"
 #include "ReferenceHost/Descriptions/DescriptionTexts.h"
-#include "ReferenceHost/Descriptions/LineSettings.h"
 
 #include <QSocketNotifier>
 
@@ -26,36 +24,30 @@ RecordedSession headerOf(const MavSystem::DescribedDriver& driver)
 
 } // namespace
 
-LineTap::LineTap(const MavSystem::DescribedDriver& driver, const QString& device,
-                 const QString& path)
-    : m_port(new QextSerialPort(QextSerialPort::EventDriven, this)),
-      m_writer(path, headerOf(driver))
-{
-    m_port->setPortName(device);
-    LineSettings::apply(driver.description.m_portSettings, *m_port);
-}
+LineTap::LineTap(const MavSystem::DescribedDriver& driver, const QString& path)
+    : m_writer(path, headerOf(driver))
+{}
 
 tl::expected<std::unique_ptr<LineTap>, QString>
 LineTap::start(const MavSystem::DescribedDriver& driver, const QString& device, const QString& path)
 {
-    std::unique_ptr<LineTap> tap(new LineTap(driver, device, path));
+    std::unique_ptr<LineTap> tap(new LineTap(driver, path));
     if (!tap->problem().isEmpty())
         return tl::unexpected(QStringLiteral("cannot record to %1: %2").arg(path, tap->problem()));
     if (!tap->m_terminal.isOpen())
         return tl::unexpected(
             QStringLiteral("cannot open a pseudo-terminal: %1").arg(tap->m_terminal.errorString()));
-    if (!tap->m_port->open(QIODevice::ReadWrite))
-        return tl::unexpected(
-            QStringLiteral("cannot open %1: %2").arg(device, tap->m_port->errorString()));
+    const auto opened = tap->m_line.open(device, driver.description.m_portSettings);
+    if (!opened)
+        return tl::unexpected(opened.error());
     tap->connectEnds();
     return tap;
 }
 
 void LineTap::connectEnds()
 {
-    m_clock.start();
-    connect(m_port, &QextSerialPort::readyRead, this, &LineTap::record);
-    connect(m_port, &QIODevice::readChannelFinished, this, [this] {
+    connect(&m_line, &SerialLine::received, this, &LineTap::record);
+    connect(&m_line, &SerialLine::ended, this, [this] {
         m_retry.start(retryMilliseconds);
         Q_EMIT lost();
     });
@@ -72,17 +64,15 @@ LineTap::~LineTap() = default;
 
 void LineTap::tryAgain()
 {
-    m_port->close();
-    if (!m_port->open(QIODevice::ReadWrite))
+    if (!m_line.reopen())
         return;
     m_retry.stop();
     Q_EMIT returned();
 }
 
-void LineTap::record()
+void LineTap::record(const QByteArray& bytes)
 {
-    const QByteArray bytes = m_port->readAll();
-    m_writer.append({m_clock.elapsed(), bytes});
+    m_writer.append({m_line.elapsed(), bytes});
     m_toDriver += bytes;
     passToDriver();
 }
@@ -96,7 +86,7 @@ void LineTap::passToDriver()
 
 void LineTap::passToTablet()
 {
-    m_port->write(m_terminal.read());
+    m_line.write(m_terminal.read());
 }
 
 } // namespace ReferenceHost

@@ -5,8 +5,8 @@
 #include "DigitizerGeneric/Digitizer/DescribedDriver.h"
 #include "ReferenceHost/Serial/PseudoTerminal.h"
 #include "ReferenceHost/Serial/RecordedSession.h"
+#include "ReferenceHost/Serial/SerialLine.h"
 
-#include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
 
@@ -15,7 +15,6 @@
 #include <memory>
 
 class QSocketNotifier;
-class QextSerialPort;
 
 namespace ReferenceHost {
 
@@ -45,20 +44,19 @@ Q_SIGNALS:
     void returned();
 
 private:
-    LineTap(const MavSystem::DescribedDriver& driver, const QString& device, const QString& path);
+    LineTap(const MavSystem::DescribedDriver& driver, const QString& path);
 
     void connectEnds();
     void tryAgain();
-    void record();
+    void record(const QByteArray& bytes);
     void passToDriver();
     void passToTablet();
 
     PseudoTerminal m_terminal;
-    QextSerialPort* m_port;      // a child object
+    SerialLine m_line;
     QSocketNotifier* m_writable; // a child object; enabled while bytes wait for the driver
     QByteArray m_toDriver;
     SessionWriter m_writer;
-    QElapsedTimer m_clock;
     QTimer m_retry; // runs while the port is gone
 };
 

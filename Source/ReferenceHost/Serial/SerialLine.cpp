@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Serial/SerialLine.h"
 
-#include "ReferenceHost/Descriptions/LineSettings.h"
+#include "QextSerialPort/ApplySettings.h"
 
 namespace ReferenceHost {
 
@@ -15,12 +15,23 @@ SerialLine::SerialLine()
 tl::expected<void, QString> SerialLine::open(const QString& path, const PortSettings& settings)
 {
     m_port.setPortName(path);
-    LineSettings::apply(settings, m_port);
-    // For writing as well, since only that discards what arrived before.
-    if (!m_port.open(QIODevice::ReadWrite))
+    applySettings(settings, m_port);
+    if (!reopen())
         return tl::unexpected(QStringLiteral("cannot open %1: %2").arg(path, m_port.errorString()));
     m_clock.start();
     return {};
+}
+
+bool SerialLine::reopen()
+{
+    m_port.close();
+    // For writing as well, since only that discards what arrived before.
+    return m_port.open(QIODevice::ReadWrite);
+}
+
+void SerialLine::write(const QByteArray& bytes)
+{
+    m_port.write(bytes);
 }
 
 } // namespace ReferenceHost

@@ -21,6 +21,11 @@ public:
     /// Opens \a path and discards what arrived before, or returns why that failed.
     tl::expected<void, QString> open(const QString& path, const PortSettings& settings);
 
+    /// Opens the same port again after ended(). Returns whether that succeeded.
+    bool reopen();
+
+    void write(const QByteArray& bytes);
+
     /// Milliseconds since open().
     qint64 elapsed() const { return m_clock.elapsed(); }
 
