@@ -11,13 +11,13 @@ trap 'kill $(jobs -p) 2>/dev/null' EXIT
 
 # What differs from run to run is shown by name.
 plain() {
-    sed "s|$folder|DIR|g; s|$sources|SOURCES|g; s|/dev/pts/[0-9]*|PTS|g" "$@"
+    sed "s|$folder|DIR|g; s|$sources|SOURCES|g; s|/dev/pts/[0-9]*|PTS|g; s|([0-9][0-9]*)|(PID)|g" "$@"
 }
 
 # The programs: first the output, then the errors, in an order that does not depend on time. Status 124:
 # the program did not end. "command digitizer" runs it without this.
 run() {
-    timeout -k 5 60 "$@" >"$folder/.output" 2>"$folder/.errors"
+    timeout --foreground -k 5 60 "$@" >"$folder/.output" 2>"$folder/.errors"
     status=$?
     plain "$folder/.output"
     plain "$folder/.errors" >&2
@@ -41,27 +41,31 @@ await() {
 start() {
     name=$1
     shift
-    (exec timeout -k 5 60 "$@" </dev/null >"$name" 2>"$name.errors") &
+    (exec timeout --foreground -k 5 60 "$@" </dev/null >"$name" 2>"$name.errors") &
     eval "$name=$!"
 }
 
-# ended NAME: waits for the end and shows what the program printed.
+# ended NAME [FILTER...]: waits for the end and shows what the program printed, its output as FILTER has it.
+# Not in a pipe, where nothing can be waited for.
 ended() {
-    eval "wait \$$1"
+    name=$1
+    shift
+    eval "wait \$$name"
     status=$?
-    plain "$1"
-    plain "$1.errors" >&2
+    plain "$name" | "${@:-cat}"
+    plain "$name.errors" >&2
     return $status
 }
 
-# stop NAME: the same after the signal that Ctrl-C and a closed desktop have in common.
+# stop NAME [FILTER...]: the same after the signal that a user and a desktop send to end a program.
 stop() {
     eval "kill \$$1"
-    ended "$1"
+    ended "$@"
 }
 
-# tablet OPTION...: a simulated tablet at the port DIR/tablet.
+# tablet OPTION...: a simulated tablet at the port DIR/tablet, in place of an earlier one.
 tablet() {
+    [ -z "$simulator" ] || stop simulator >/dev/null 2>&1
     start simulator tablet-simulator --link "$folder/tablet" "$@"
     await test -L "$folder/tablet"
 }

@@ -1,0 +1,75 @@
+  $ . "$TESTDIR/setup.sh"
+  $ description New >new.xml
+  $ description Broken XxY >broken.xml
+
+A description is copied, and from then on it is a driver.
+
+  $ digitizer install new.xml "$sources/Examples/pen/example-pen.xml"
+  "New" is installed: DIR/home/DigitizerGeneric/generated/new.xml
+  "Example Pen" is installed: DIR/home/DigitizerGeneric/generated/example-pen.xml
+  $ cmp new.xml home/DigitizerGeneric/generated/new.xml
+  $ digitizer drivers | grep -A 1 '^New\|^Example'
+  Example Pen
+    file        DIR/home/DigitizerGeneric/generated/example-pen.xml
+  --
+  New
+    file        DIR/home/DigitizerGeneric/generated/new.xml
+
+The same again changes nothing; another content needs --force.
+
+  $ digitizer install new.xml
+  "New" is installed: DIR/home/DigitizerGeneric/generated/new.xml
+  $ description New XXXYYYB >new.xml
+  $ digitizer install new.xml
+  digitizer: DIR/home/DigitizerGeneric/generated/new.xml already exists and differs from DIR/new.xml
+  [1]
+  $ digitizer drivers --format json | grep -o 'XXX*Y*B","name":"New"'
+  XXXXYYYYB","name":"New"
+  $ digitizer install --force new.xml
+  "New" is installed: DIR/home/DigitizerGeneric/generated/new.xml
+  $ digitizer drivers --format json | grep -o 'XXX*Y*B","name":"New"'
+  XXXYYYB","name":"New"
+
+Files with errors stay away; the others are installed.
+
+  $ description Other >other.xml
+  $ description 'Warned' XXXXYYYYB '<remark/>' >warned.xml
+  $ digitizer install broken.xml none.xml . other.xml warned.xml
+  "Other" is installed: DIR/home/DigitizerGeneric/generated/other.xml
+  digitizer: broken.xml:2:66: error: character 2 of the template, found "x", accepted one of XY.SBCLU
+  digitizer: broken.xml was not installed; correct the errors above first
+  digitizer: cannot read none.xml: No such file or directory
+  digitizer: cannot read .: it is a folder
+  digitizer: warned.xml:4:1: error: unknown element, found "remark", accepted ioPort, resolution, reportFormat, buttons, beepString
+  digitizer: warned.xml was not installed; correct the errors above first
+  [1]
+  $ description New >again.xml
+  $ digitizer install again.xml
+  digitizer: again.xml:1:9: error: name of another file, found "New", accepted a name that DIR/home/DigitizerGeneric/generated/new.xml does not have
+  digitizer: again.xml was not installed; correct the errors above first
+  [1]
+  $ ls home/DigitizerGeneric/generated | grep -v '[0-9]'
+  example-pen.xml
+  genius-newsketch-mm.xml
+  new.xml
+  other.xml
+  wacom-iis-ascii.xml
+
+A folder that cannot be written.
+
+  $ rm -r home/DigitizerGeneric/generated && echo >home/DigitizerGeneric/generated
+  $ digitizer install new.xml
+  digitizer: cannot create the folder DIR/home/DigitizerGeneric/generated
+  digitizer: cannot create the folder DIR/home/DigitizerGeneric/generated
+  [1]
+
+Wrong arguments.
+
+  $ digitizer install
+  digitizer: cannot create the folder DIR/home/DigitizerGeneric/generated
+  digitizer: FILE... is missing (see 'digitizer install --help')
+  [2]
+  $ digitizer install --fource new.xml
+  digitizer: cannot create the folder DIR/home/DigitizerGeneric/generated
+  digitizer: unknown option --fource; did you mean --force? (see 'digitizer install --help')
+  [2]
