@@ -112,3 +112,30 @@ The manual pages name every command and option.
   > done
   $ tablet_simulator --manual-page | grep -c '\\-\\-'
   20
+
+Nobody waits for a pipe.
+
+  $ mkfifo pipe
+  $ digitizer lint pipe
+  digitizer: cannot read pipe: not a regular file
+  [1]
+  $ digitizer install pipe
+  digitizer: cannot read pipe: not a regular file
+  [1]
+  $ digitizer describe --from pipe
+  digitizer: cannot read pipe: not a regular file
+  [1]
+  $ tablet_simulator --description pipe
+  tablet-simulator: pipe cannot be read: not a regular file ('digitizer lint' shows where)
+  [1]
+  $ tablet_simulator --replay pipe
+  tablet-simulator: cannot read pipe: not a regular file
+  [1]
+  $ tablet_simulator --driver 'Lectra E92' --script pipe
+  tablet-simulator: cannot read pipe: not a regular file
+  [1]
+  $ ln -s ../../../pipe home/DigitizerGeneric/generated/pipe.xml
+  $ ln -sf ../../../pipe home/DigitizerGeneric/generated/generic-5-5-1.xml
+  $ digitizer drivers | grep -c file
+  11
+  $ digitizer lint "$sources/Examples/descriptions/annotated.xml"

@@ -198,29 +198,31 @@ A directory is watched until the end.
 
 A file is waited for; at a terminal, which one is shown.
 
+  $ shown() { sed 's/^received "\(.*\)"/\1/' simulator.errors | tr -d '\n'; }
+  $ shows() { shown | grep "$1"; }
   $ pen; printf 'A- 1\n' >pen/a.dat
   $ echo '# digitizer session 1' >silence; echo '100000 "x"' >>silence
   $ tablet --replay silence
   $ timeout --foreground 60 digitizer import pen --driver Pen --answer import --settle 3000 >out 2>tablet & import=$!
-  $ await grep 'waiting for a.dat to be complete' simulator.errors
+  $ await shows 'waiting for a.dat to be complete'
   $ printf 'X:100:200\nA- 4\nX:1:1\n' >>pen/a.dat
-  $ wait $import; cat out; await grep 2.points simulator.errors
+  $ wait $import
+  $ cat out
   number     x (cm)     y (cm)  button  kind
        1     1.0000     2.0000       1  corner
        2     0.0100     0.0100       4  end
-  $ sed -n 's/.*\(digitizer: .*\)/\1/p' simulator.errors
-  digitizer: 1 file imported, 2 points: 1 corner, 1 end\n"
+  $ await shows 'digitizer: .*end.n'
+  $ shown | sed 's/.*K//'
+  digitizer: 1 file imported, 2 points: 1 corner, 1 end\n (no-eol)
 
-At a terminal, progress is shown.
+At a terminal, progress is shown, and taken away for the result.
 
   $ pen; yes X:1:1 | head -500000 >pen/a.dat
   $ tablet --replay silence
   $ timeout --foreground 60 digitizer import pen --driver Pen --answer import --settle 0 >/dev/null 2>tablet
-  $ await grep imported, simulator.errors
-  $ grep -o '^received "\\r\\x1b\[K0 of 1 files, [0-9]* points' simulator.errors | head -1 | sed 's/[0-9]* points/N points/'
-  received "\r\x1b[K0 of 1 files, N points
-  $ grep -o '\\r\\x1b\[Kdigitizer: 1 file imported.*' simulator.errors
-  [1]
+  $ await shows 'digitizer: .*end.n'
+  $ shown | sed 's/ of 1 files, [0-9]* points\(.*\)\(.r.x1b.Kdig\)/ of 1 files, N points ... \2/'
+  \r\x1b[K0 of 1 files, N points ... \r\x1b[Kdigitizer: 1 file imported, 500001 points: 500000 corner, 1 end\n (no-eol)
 
 Nothing is lost when the output cannot be written.
 
