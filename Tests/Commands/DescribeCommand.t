@@ -13,7 +13,7 @@ The presses of a recording become a description.
   <!--
   Proposed by "digitizer describe" from 6 presses of 3 buttons.
   
-  Example report: 0200,0200,1\r
+  Example report: "0200,0200,1\r"
   
   Comments marked "Not sure" say what to check in the element below them.
   -->
