@@ -3,6 +3,7 @@
 #include "../Examples/dialog-host/MainWindow.h"
 #include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
 #include "ReferenceHost/Serial/PseudoTerminal.h"
+#include "support/StructRows.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -11,26 +12,9 @@
 #include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTimer>
-#include <QtTest>
 
 using namespace MavSystem;
 using namespace ReferenceHost;
-
-/// What somebody does at the window of the example host, until the points are in its drawing.
-class DialogHostTest : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void initTestCase();
-    void aChosenTabletDraws();
-    void aProblemIsShownInABox();
-    void theImportIsAskedFor_data();
-    void theImportIsAskedFor();
-
-private:
-    QTemporaryDir m_home;
-};
 
 namespace {
 
@@ -47,7 +31,8 @@ public:
         m_look.start(10);
     }
 
-    /// Chooses in the dialog, and answers the next box with the button or the key of that name.
+    /// Chooses in the dialog, and answers the next box with the button or the key
+    /// of that name.
     void open(const QString& driver, const QString& port, const QString& directory,
               const QString& answer = {})
     {
@@ -64,6 +49,8 @@ public:
             qWarning("the window does not become active");
         QTest::keyClick(this, key, Qt::ControlModifier);
     }
+
+    QString status() const { return statusBar()->currentMessage(); }
 
     QStringList points() const
     {
@@ -112,7 +99,34 @@ private:
     QString m_answer;
 };
 
+const struct
+{
+    const char* name; // a button's text, or a key
+    int points;
+    QString files; // that are left
+} answers[] = {
+    {"Import", 9, "collar.txt"}, {"Delete", 0, ""},           {"Cancel", 0, "collar.dat"},
+    {"Return", 0, "collar.dat"}, {"Escape", 0, "collar.dat"},
+};
+
 } // namespace
+
+/// What somebody does at the window of the example host, until the points are
+/// in its drawing.
+class DialogHostTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void aChosenTabletDraws();
+    void aProblemIsShownInABox();
+    void theImportIsAskedFor_data() { addRows(answers); }
+    void theImportIsAskedFor();
+
+private:
+    QTemporaryDir m_home;
+};
 
 void DialogHostTest::initTestCase()
 {
@@ -127,16 +141,15 @@ void DialogHostTest::aChosenTabletDraws()
     Session session;
     PseudoTerminal tablet;
     session.open("Generic 5-5-1 (ASCII)", tablet.path(), {});
-    QVERIFY2(tablet.waitForOpen(patience), qPrintable(session.statusBar()->currentMessage()));
+    QVERIFY2(tablet.waitForOpen(patience), qPrintable(session.status()));
     const QStringList pressed = {"2.5397 5.0794", "0.0000 253.9657"};
     QVERIFY(tablet.write("01000,02000,1\r\n00000,99999,4\r\n"));
     QTRY_COMPARE_WITH_TIMEOUT(session.points(), pressed, patience);
     tablet.hangUp();
-    QTRY_VERIFY2_WITH_TIMEOUT(
-        session.statusBar()->currentMessage().startsWith("The port is lost: "),
-        qPrintable(session.statusBar()->currentMessage()), patience);
+    QTRY_VERIFY2_WITH_TIMEOUT(session.status().startsWith("The port is lost: "),
+                              qPrintable(session.status()), patience);
     session.press(Qt::Key_W);
-    QCOMPARE(session.statusBar()->currentMessage(), QString("No digitizer is open."));
+    QCOMPARE(session.status(), QString("No digitizer is open."));
     QCOMPARE(session.points(), pressed); // and no closing report
 }
 
@@ -147,36 +160,21 @@ void DialogHostTest::aProblemIsShownInABox()
     QVERIFY2(session.box.contains("/dev/no-such-port"), qPrintable(session.box));
 }
 
-void DialogHostTest::theImportIsAskedFor_data()
-{
-    QTest::addColumn<QString>("answer");
-    QTest::addColumn<QString>("status");
-    QTest::addColumn<int>("points");
-    QTest::addColumn<QStringList>("left");
-    const QString open = "Example Pen is open at File:";
-    const QString closed = "No digitizer is open.";
-    QTest::newRow("import") << "Import" << open << 9 << QStringList{"collar.txt"};
-    QTest::newRow("delete") << "Delete" << closed << 0 << QStringList();
-    QTest::newRow("neither") << "Cancel" << closed << 0 << QStringList{"collar.dat"};
-    QTest::newRow("Return") << "Return" << closed << 0 << QStringList{"collar.dat"};
-    QTest::newRow("Escape") << "Escape" << closed << 0 << QStringList{"collar.dat"};
-}
-
 void DialogHostTest::theImportIsAskedFor()
 {
-    QFETCH(QString, answer);
-    QFETCH(int, points);
-    QFETCH(QStringList, left);
+    const auto& row = currentRow(answers);
     const QTemporaryDir pen;
     const QString example = SOURCE_DIRECTORY "/Examples/pen/";
     QVERIFY(QFile::copy(example + "garment/collar.dat", pen.filePath("collar.dat")));
     Session session;
     QCOMPARE(DescriptionFolder::install(example + "example-pen.xml").problem, QString());
-    session.open("Example Pen", "File:", pen.path(), answer);
+    session.open("Example Pen", "File:", pen.path(), row.name);
     QVERIFY2(session.box.contains("ready to be imported"), qPrintable(session.box));
-    QTEST(session.statusBar()->currentMessage(), "status");
-    QTRY_COMPARE_WITH_TIMEOUT(QDir(pen.path()).entryList(QDir::Files), left, patience);
-    QTRY_COMPARE_WITH_TIMEOUT(session.points().size(), points, patience);
+    QCOMPARE(session.status(),
+             row.points > 0 ? "Example Pen is open at File:" : "No digitizer is open.");
+    const auto files = [&] { return QDir(pen.path()).entryList(QDir::Files).join(' '); };
+    QTRY_COMPARE_WITH_TIMEOUT(files(), row.files, patience);
+    QTRY_COMPARE_WITH_TIMEOUT(session.points().size(), row.points, patience);
 }
 
 QTEST_MAIN(DialogHostTest)

@@ -3,13 +3,13 @@
 #include "DigitizerGeneric/Digitizer/DigitalReport.h"
 #include "MavCore/MavApplication.h"
 #include "MavCore/MavInit.h"
+#include "support/StructRows.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
 #include <QTemporaryFile>
 #include <QTimer>
-#include <QtTest>
 
 #include <stdexcept>
 
@@ -21,38 +21,9 @@ namespace {
 
 int ask()
 {
-    return MavApplication::instance()->confirmContinue(
-        QStringLiteral("Import?"), QStringLiteral("Pen"), QStringLiteral("Import"),
-        QStringLiteral("Delete"), QStringLiteral("Cancel"), nullptr);
+    return MavApplication::instance()->confirmContinue("Import?", "Pen", "Import", "Delete",
+                                                       "Cancel", nullptr);
 }
-
-// What the standard error stream receives while it lives.
-class StandardErrorText
-{
-public:
-    StandardErrorText()
-    {
-        if (!m_file.open() || (m_saved = dup(STDERR_FILENO)) < 0)
-            qFatal("cannot take over the standard error stream");
-        dup2(m_file.handle(), STDERR_FILENO);
-    }
-
-    ~StandardErrorText()
-    {
-        dup2(m_saved, STDERR_FILENO);
-        close(m_saved);
-    }
-
-    QByteArray text()
-    {
-        QFile written(m_file.fileName());
-        return written.open(QIODevice::ReadOnly) ? written.readAll() : QByteArray("unreadable");
-    }
-
-private:
-    QTemporaryFile m_file;
-    int m_saved = -1;
-};
 
 } // namespace
 
@@ -124,13 +95,20 @@ void HostFrameworkTest::anExceptionDropsTheRest()
 
 void HostFrameworkTest::withoutDialogsTextsGoToTheErrorStream()
 {
-    StandardErrorText error;
+    QTemporaryFile written;
+    QVERIFY(written.open());
+    const int before = dup(STDERR_FILENO);
+    dup2(written.handle(), STDERR_FILENO);
     const MavApplication* const application = MavApplication::instance();
-    application->displayWarning(QStringLiteral("Warned"), QString(), nullptr);
-    application->displayError(QStringLiteral("Failed"), QStringLiteral("file"), nullptr);
-    QCOMPARE(ask(), 2);
+    application->displayWarning("Warned", QString(), nullptr);
+    application->displayError("Failed", "file", nullptr);
+    const int answer = ask();
+    dup2(before, STDERR_FILENO);
+    close(before);
+    QCOMPARE(answer, 2);
     QCOMPARE(application->mainWindow(), nullptr);
-    QCOMPARE(error.text(), QByteArray("Warned\nFailed (file)\nImport? (Cancel)\n"));
+    written.seek(0);
+    QCOMPARE(written.readAll(), QByteArray("Warned\nFailed (file)\nImport? (Cancel)\n"));
 }
 
 void HostFrameworkTest::aHostObjectThatGoesIsForgotten()
@@ -147,23 +125,39 @@ void HostFrameworkTest::aHostObjectThatGoesIsForgotten()
 void HostFrameworkTest::handlersAreReplacedNotAdded()
 {
     DigitalReport report(3.0, 4.0);
-    report.flush(); // nobody there
-    QByteArray calls;
-    DigitalReport::registerHandle([&](const DigitalReport&) { calls += '1'; });
-    DigitalReport::registerHandle([&](const DigitalReport& got) {
-        calls += '2';
-        QCOMPARE(got.coordinate().x(), 3.0);
-        QCOMPARE(got.coordinate().y(), 4.0);
-        QCOMPARE(got.m_button_number, 9);
-    });
     report.m_button_number = 9;
+    report.flush(); // nobody there
+    QStringList calls;
+    DigitalReport::registerHandle([&](const DigitalReport&) { calls << "first"; });
+    DigitalReport::registerHandle([&](const DigitalReport& got) {
+        calls << QString::asprintf("%g %g %d", got.coordinate().x(), got.coordinate().y(),
+                                   got.m_button_number);
+    });
     report.flush();
     DigitalReport::registerHandle([](const DigitalReport&) { throw std::runtime_error("host"); });
     QVERIFY_EXCEPTION_THROWN(report.flush(), std::runtime_error);
     DigitalReport::unregisterHandle();
     report.flush();
-    QCOMPARE(calls, QByteArray("2"));
+    QCOMPARE(calls, QStringList("3 4 9"));
 }
+
+namespace {
+
+const struct
+{
+    const char* name; // a button's text, or a way to dismiss the dialog
+    Qt::Key key;
+    int answer;
+} choices[] = {
+    {"Import", {}, 0},
+    {"Delete", {}, 1},
+    {"Cancel", {}, 2},
+    {"Escape", Qt::Key_Escape, 2},
+    {"Return", Qt::Key_Return, 2},
+    {"closed", {}, 2},
+};
+
+} // namespace
 
 /// The host's defaults in a process with dialogs.
 class HostDialogTest : public QObject
@@ -171,41 +165,26 @@ class HostDialogTest : public QObject
     Q_OBJECT
 
 private slots:
-    void theQuestionReturnsTheChoice_data();
+    void theQuestionReturnsTheChoice_data() { addRows(choices); }
     void theQuestionReturnsTheChoice();
 };
 
-void HostDialogTest::theQuestionReturnsTheChoice_data()
-{
-    QTest::addColumn<QString>("choice"); // a button's text, or a way to dismiss the dialog
-    QTest::addColumn<int>("answer");
-    QTest::newRow("first") << "Import" << 0;
-    QTest::newRow("second") << "Delete" << 1;
-    QTest::newRow("third") << "Cancel" << 2;
-    QTest::newRow("Escape") << "escape" << 2;
-    QTest::newRow("Return") << "return" << 2;
-    QTest::newRow("closed") << "close" << 2;
-}
-
 void HostDialogTest::theQuestionReturnsTheChoice()
 {
-    QFETCH(QString, choice);
-    QFETCH(int, answer);
+    const auto& row = currentRow(choices);
     QTimer::singleShot(0, [&] {
         auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (!box)
-            return;
+        QVERIFY(box);
         for (QAbstractButton* const button : box->buttons()) {
-            if (button->text() == choice)
+            if (button->text() == row.name)
                 return button->click();
         }
-        if (choice == QLatin1String("close"))
+        if (row.key == 0)
             box->close();
         else
-            QTest::keyClick(box,
-                            choice == QLatin1String("escape") ? Qt::Key_Escape : Qt::Key_Return);
+            QTest::keyClick(box, row.key);
     });
-    QCOMPARE(ask(), answer);
+    QCOMPARE(ask(), row.answer);
 }
 
 int main(int argc, char** argv)

@@ -3,12 +3,12 @@
 #include "QextSerialPort/qextserialport.h"
 #include "ReferenceHost/Serial/PseudoTerminal.h"
 #include "support/RecordedMessages.h"
+#include "support/StructRows.h"
 #include "support/Unprivileged.h"
 
 #include <QSerialPort>
 #include <QSocketNotifier>
 #include <QTemporaryDir>
-#include <QtTest>
 
 #include <memory>
 
@@ -18,6 +18,73 @@
 
 using namespace ReferenceHost;
 
+namespace {
+
+const char noError[] = "No Error has occurred";
+
+bool openAt(QextSerialPort& port, const PseudoTerminal& tablet)
+{
+    port.setPortName(tablet.path());
+    return port.open(QIODevice::ReadWrite | QIODevice::Unbuffered);
+}
+
+// What the event loop does that was told of bytes. The errno decides which
+// error the inner port reports if there are none.
+void activate(const QextSerialPort& port, int staleErrno = 0)
+{
+    QEvent activation(QEvent::SockAct);
+    errno = staleErrno;
+    for (QSocketNotifier* const notifier : port.findChildren<QSocketNotifier*>()) {
+        if (notifier->type() == QSocketNotifier::Read)
+            QCoreApplication::sendEvent(notifier, &activation);
+    }
+}
+
+const struct
+{
+    const char* name;
+    const char* error;
+} openRows[] = {
+    {"missing", "The /nowhere/port file doesn't exists"},
+    {"forbidden", "Permission denied"},
+    {"locked", "Device is already locked"},
+    {"file", "The file opened by the port is not a valid device"},
+};
+
+const struct
+{
+    const char* name;
+    int staleErrno;
+    int times;
+} readerRows[] = {
+    {"once", 0, 1},
+    {"once, with the errno of a port without bytes", EAGAIN, 1},
+    {"again and again", 0, 5},
+    {"again and again, with that errno", EAGAIN, 5},
+};
+
+constexpr auto eventDriven = QextSerialPort::EventDriven;
+
+const struct
+{
+    const char* name;
+    QextSerialPort::QueryMode mode;
+    QString atBytes; // what the receiver does, and so below
+    QString atEnd;
+    QString announced;
+} hangUpRows[] = {
+    {"behind the bytes", eventDriven, "", "", "bytes end"},
+    {"by a port that is polled", QextSerialPort::Polling, "", "", "end"},
+    {"to a receiver that closes", eventDriven, "", "close", "bytes end"},
+    {"to a receiver that opens again", eventDriven, "", "reopen", "bytes end"},
+    {"to a receiver that deletes", eventDriven, "", "delete", "bytes end"},
+    {"not when closed at the bytes", eventDriven, "close", "", "bytes"},
+    {"not when opened again at the bytes", eventDriven, "reopen", "", "bytes"},
+    {"not when deleted at the bytes", eventDriven, "delete", "", "bytes"},
+};
+
+} // namespace
+
 /// The serial port layer by itself.
 class PortLayerTest : public QObject
 {
@@ -25,123 +92,90 @@ class PortLayerTest : public QObject
 
 private slots:
     void settingsReachTheInnerPort();
-    void errorsHaveTheirTexts_data();
+    void errorsHaveTheirTexts_data() { addRows(openRows); }
     void errorsHaveTheirTexts();
     void aQuietPortSaysNothing();
     void bytesAreAnnouncedReadAndWritten();
+    void bytesOfTwoReadsAreAnnouncedOnce();
     void aReceiverMayDeleteThePort();
     void writingAfterAHangUpFailsSilently();
-    void anotherReaderMayTakeTheBytes_data();
+    void anotherReaderMayTakeTheBytes_data() { addRows(readerRows); }
     void anotherReaderMayTakeTheBytes();
-    void aHangUpIsAnnouncedOnce_data();
+    void aHangUpIsAnnouncedOnce_data() { addRows(hangUpRows); }
     void aHangUpIsAnnouncedOnce();
 };
 
 void PortLayerTest::settingsReachTheInnerPort()
 {
     QextSerialPort port;
-    const auto* const inner = port.findChild<QSerialPort*>();
-    QVERIFY(inner);
-    const QList<int> speeds = {50,    75,    110,   134,    150,    200,   300,   600,
-                               1200,  1800,  2400,  4800,   9600,   14400, 19200, 38400,
-                               56000, 57600, 76800, 115200, 128000, 256000};
-    for (int speed = BAUD50; speed <= BAUD256000; ++speed) {
-        port.setBaudRate(BaudRateType(speed));
-        QCOMPARE(inner->baudRate(), speeds.at(speed));
-    }
-    for (int bits = DATA_5; bits <= DATA_8; ++bits) {
-        port.setDataBits(DataBitsType(bits));
-        QCOMPARE(int(inner->dataBits()), 5 + bits);
-    }
-    const QList<QSerialPort::Parity> parities = {QSerialPort::NoParity, QSerialPort::OddParity,
-                                                 QSerialPort::EvenParity, QSerialPort::MarkParity,
-                                                 QSerialPort::SpaceParity};
-    for (int parity = PAR_NONE; parity <= PAR_SPACE; ++parity) {
-        port.setParity(ParityType(parity));
-        QCOMPARE(inner->parity(), parities.at(parity));
-    }
-    const QList<QSerialPort::StopBits> stopBits = {
-        QSerialPort::OneStop, QSerialPort::OneAndHalfStop, QSerialPort::TwoStop};
-    for (int bits = STOP_1; bits <= STOP_2; ++bits) {
-        port.setStopBits(StopBitsType(bits));
-        QCOMPARE(inner->stopBits(), stopBits.at(bits));
-    }
-    const QList<QSerialPort::FlowControl> flows = {
-        QSerialPort::NoFlowControl, QSerialPort::HardwareControl, QSerialPort::SoftwareControl};
-    for (int flow = FLOW_OFF; flow <= FLOW_XONXOFF; ++flow) {
-        port.setFlowControl(FlowType(flow));
-        QCOMPARE(inner->flowControl(), flows.at(flow));
-    }
-    port.setPortName(QStringLiteral("/dev/a"));
-    QCOMPARE(inner->portName(), QStringLiteral("a"));
-    QCOMPARE(port.portName(), QStringLiteral("/dev/a"));
-}
-
-void PortLayerTest::errorsHaveTheirTexts_data()
-{
-    QTest::addColumn<QString>("kind");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("no such device") << "missing"
-                                    << "The /nowhere/port file doesn't exists";
-    QTest::newRow("no rights") << "forbidden"
-                               << "Permission denied";
-    QTest::newRow("already open") << "locked"
-                                  << "Device is already locked";
-    QTest::newRow("no terminal") << "file"
-                                 << "The file opened by the port is not a valid device";
+    const auto& inner = *port.findChild<QSerialPort*>();
+    const auto check = [](auto set, auto get, const QList<int>& values) {
+        for (int value = 0; value < values.size(); ++value) {
+            set(value);
+            QCOMPARE(int(get()), values.at(value));
+        }
+    };
+    check([&](int value) { port.setBaudRate(BaudRateType(value)); },
+          [&] { return inner.baudRate(); },
+          {50,   75,   110,   134,   150,   200,   300,   600,   1200,   1800,   2400,
+           4800, 9600, 14400, 19200, 38400, 56000, 57600, 76800, 115200, 128000, 256000});
+    check([&](int value) { port.setDataBits(DataBitsType(value)); },
+          [&] { return inner.dataBits(); }, {5, 6, 7, 8});
+    check([&](int value) { port.setParity(ParityType(value)); }, [&] { return inner.parity(); },
+          {QSerialPort::NoParity, QSerialPort::OddParity, QSerialPort::EvenParity,
+           QSerialPort::MarkParity, QSerialPort::SpaceParity});
+    check([&](int value) { port.setStopBits(StopBitsType(value)); },
+          [&] { return inner.stopBits(); },
+          {QSerialPort::OneStop, QSerialPort::OneAndHalfStop, QSerialPort::TwoStop});
+    check([&](int value) { port.setFlowControl(FlowType(value)); },
+          [&] { return inner.flowControl(); },
+          {QSerialPort::NoFlowControl, QSerialPort::HardwareControl, QSerialPort::SoftwareControl});
+    port.setPortName("/dev/a");
+    QCOMPARE(inner.portName(), "a");
+    QCOMPARE(port.portName(), "/dev/a");
 }
 
 void PortLayerTest::errorsHaveTheirTexts()
 {
-    QFETCH(QString, kind);
-    QFETCH(QString, text);
-    PseudoTerminal tablet;
-    QTemporaryDir directory;
+    const auto& row = currentRow(openRows);
+    const QByteArray kind = row.name;
+    const PseudoTerminal tablet;
+    const QTemporaryDir directory;
+    QFile file(directory.filePath("file"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
     QextSerialPort first;
-    first.setPortName(tablet.path());
+    QVERIFY(kind != "locked" || openAt(first, tablet));
+    QCOMPARE(chmod(qPrintable(tablet.path()), kind == "forbidden" ? 0 : 0600), 0);
     QextSerialPort port;
-    port.setPortName(tablet.path());
-    std::unique_ptr<Unprivileged> user;
-    if (kind == QLatin1String("missing"))
-        port.setPortName(QStringLiteral("/nowhere/port"));
-    if (kind == QLatin1String("locked"))
-        QVERIFY(first.open(QIODevice::ReadWrite));
-    if (kind == QLatin1String("forbidden")) {
-        QCOMPARE(chmod(qPrintable(tablet.path()), 0), 0);
-        // A lock file of that user has a place: the directory of lock files is everybody's or there
-        // is none.
-        user = std::make_unique<Unprivileged>();
+    port.setPortName(kind == "missing" ? "/nowhere/port"
+                     : kind == "file"  ? file.fileName()
+                                       : tablet.path());
+    {
+        // A lock file of that user has a place: the directory of lock files is
+        // everybody's or there is none.
+        const Unprivileged user(kind == "forbidden");
+        QVERIFY(!port.open(QIODevice::ReadOnly));
     }
-    if (kind == QLatin1String("file")) {
-        QFile file(directory.filePath(QStringLiteral("file")));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        port.setPortName(file.fileName());
-    }
-    QVERIFY(!port.open(QIODevice::ReadOnly));
     QVERIFY(!port.isOpen());
-    QCOMPARE(port.errorString(), text);
-
-    user.reset();
-    first.close();
-    PseudoTerminal other;
-    port.setPortName(other.path());
-    QVERIFY(port.open(QIODevice::ReadOnly));
-    QCOMPARE(port.errorString(), QStringLiteral("No Error has occurred"));
+    QCOMPARE(port.errorString(), row.error);
+    const PseudoTerminal other;
+    QVERIFY(openAt(port, other));
+    QCOMPARE(port.errorString(), noError);
 }
 
 void PortLayerTest::aQuietPortSaysNothing()
 {
-    PseudoTerminal tablet;
+    const PseudoTerminal tablet;
     const RecordedMessages messages;
-    QextSerialPort port(QextSerialPort::EventDriven);
-    QCOMPARE(port.errorString(), QStringLiteral("No Error has occurred"));
-    port.setPortName(tablet.path());
-    QVERIFY(port.open(QIODevice::ReadWrite | QIODevice::Unbuffered));
+    QextSerialPort port;
+    QCOMPARE(port.errorString(), noError);
+    QVERIFY(openAt(port, tablet));
     QCOMPARE(port.readAll(), QByteArray());
     QVERIFY(port.reset());
     port.close();
+    QVERIFY(!port.isOpen());
     port.close();
-    QCOMPARE(port.errorString(), QStringLiteral("No Error has occurred"));
+    QCOMPARE(port.errorString(), noError);
     QCOMPARE(RecordedMessages::texts(), QStringList());
 }
 
@@ -151,8 +185,7 @@ void PortLayerTest::bytesAreAnnouncedReadAndWritten()
     for (const auto mode : {QextSerialPort::EventDriven, QextSerialPort::Polling}) {
         QextSerialPort port(mode);
         QSignalSpy announced(&port, &QIODevice::readyRead);
-        port.setPortName(tablet.path());
-        QVERIFY(port.open(QIODevice::ReadWrite | QIODevice::Unbuffered));
+        QVERIFY(openAt(port, tablet));
         QVERIFY(tablet.write("abc"));
         QTRY_COMPARE(port.bytesAvailable(), qint64(3));
         QTRY_COMPARE(announced.size(), mode == QextSerialPort::EventDriven ? 1 : 0);
@@ -160,16 +193,35 @@ void PortLayerTest::bytesAreAnnouncedReadAndWritten()
         QCOMPARE(port.bytesAvailable(), qint64(1));
         QCOMPARE(port.readAll(), QByteArray("c"));
         QCOMPARE(port.write("xyz"), qint64(3));
-        QCOMPARE(tablet.read(5000), QByteArray("xyz")); // without an event loop in between
+        QCOMPARE(tablet.read(5000),
+                 QByteArray("xyz")); // without an event loop in between
     }
+}
+
+void PortLayerTest::bytesOfTwoReadsAreAnnouncedOnce()
+{
+    PseudoTerminal tablet;
+    QextSerialPort port;
+    QSignalSpy announced(&port, &QIODevice::readyRead);
+    QVERIFY(openAt(port, tablet));
+    for (const char* bytes : {"ab", "c"}) {
+        QVERIFY(tablet.write(bytes));
+        const QDeadlineTimer patience(5000);
+        while (!tablet.taken() && !patience.hasExpired())
+            activate(port);
+    }
+    QCOMPARE(port.bytesAvailable(), qint64(3));
+    QCOMPARE(announced.size(), 0); // not inside a signal of the inner port
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    QCOMPARE(announced.size(), 1);
 }
 
 void PortLayerTest::aReceiverMayDeleteThePort()
 {
     PseudoTerminal tablet;
     auto port = std::make_unique<QextSerialPort>();
-    port->setPortName(tablet.path());
-    QVERIFY(port->open(QIODevice::ReadWrite));
+    QVERIFY(openAt(*port, tablet));
     int calls = 0;
     connect(port.get(), &QIODevice::readyRead, this, [&] {
         ++calls;
@@ -184,10 +236,9 @@ void PortLayerTest::writingAfterAHangUpFailsSilently()
 {
     PseudoTerminal tablet;
     QextSerialPort port;
-    port.setPortName(tablet.path());
-    QVERIFY(port.open(QIODevice::ReadWrite | QIODevice::Unbuffered));
+    QVERIFY(openAt(port, tablet));
     tablet.hangUp();
-    QTRY_VERIFY(port.errorString() != QLatin1String("No Error has occurred"));
+    QTRY_VERIFY(port.errorString() != noError);
     const QString error = port.errorString();
     const RecordedMessages messages;
     QCOMPARE(port.write("x"), qint64(-1));
@@ -196,85 +247,40 @@ void PortLayerTest::writingAfterAHangUpFailsSilently()
     QCOMPARE(RecordedMessages::texts(), QStringList());
 }
 
-void PortLayerTest::anotherReaderMayTakeTheBytes_data()
-{
-    QTest::addColumn<int>("staleErrno"); // decides which error the inner port reports
-    QTest::addColumn<int>("times");
-    QTest::newRow("once") << 0 << 1;
-    QTest::newRow("once, with the errno of a port without bytes") << EAGAIN << 1;
-    QTest::newRow("again and again") << 0 << 5;
-    QTest::newRow("again and again, with that errno") << EAGAIN << 5;
-}
-
 void PortLayerTest::anotherReaderMayTakeTheBytes()
 {
-    QFETCH(int, staleErrno);
-    QFETCH(int, times);
+    const auto& row = currentRow(readerRows);
     PseudoTerminal tablet;
     QextSerialPort port;
     QSignalSpy ended(&port, &QIODevice::readChannelFinished);
     // First, since an open serial port lets nobody but root open it again.
     const int other = open(qPrintable(tablet.path()), O_RDONLY | O_NOCTTY | O_CLOEXEC);
-    port.setPortName(tablet.path());
-    QVERIFY(port.open(QIODevice::ReadWrite | QIODevice::Unbuffered));
-    for (int taken = 0; taken < times; ++taken) {
+    QVERIFY(openAt(port, tablet));
+    for (int taken = 0; taken < row.times; ++taken) {
         QVERIFY(tablet.write("stolen"));
         char bytes[16];
         QCOMPARE(read(other, bytes, sizeof bytes), ssize_t(6));
-        // What the event loop does that was told of the bytes before the other program read them.
-        QEvent activation(QEvent::SockAct);
-        errno = staleErrno;
-        for (QSocketNotifier* const notifier : port.findChildren<QSocketNotifier*>()) {
-            if (notifier->type() == QSocketNotifier::Read)
-                QCoreApplication::sendEvent(notifier, &activation);
-        }
+        activate(port, row.staleErrno);
         QCoreApplication::processEvents();
     }
     close(other);
     QVERIFY(tablet.write("123456782"));
     QTRY_COMPARE(port.bytesAvailable(), qint64(9));
     QCOMPARE(port.readAll(), QByteArray("123456782"));
-    QCOMPARE(port.errorString(), QStringLiteral("No Error has occurred"));
+    QCOMPARE(port.errorString(), noError);
     tablet.hangUp();
     QTRY_COMPARE(ended.size(), 1);
 }
 
-void PortLayerTest::aHangUpIsAnnouncedOnce_data()
-{
-    QTest::addColumn<bool>("polling");
-    QTest::addColumn<QString>("atBytes"); // what the receiver does, and so below
-    QTest::addColumn<QString>("atEnd");
-    QTest::addColumn<QString>("signalNames");
-
-    const auto row = [](const char* name, bool polling, const char* atBytes, const char* atEnd,
-                        const char* signalNames) {
-        QTest::newRow(name) << polling << QString::fromLatin1(atBytes) << QString::fromLatin1(atEnd)
-                            << QString::fromLatin1(signalNames);
-    };
-    row("behind the bytes", false, "", "", "bytes end");
-    row("by a port that is polled", true, "", "", "end");
-    row("to a receiver that closes", false, "", "close", "bytes end");
-    row("to a receiver that opens again", false, "", "reopen", "bytes end");
-    row("to a receiver that deletes", false, "", "delete", "bytes end");
-    row("not when closed at the bytes", false, "close", "", "bytes");
-    row("not when opened again at the bytes", false, "reopen", "", "bytes");
-    row("not when deleted at the bytes", false, "delete", "", "bytes");
-}
-
 void PortLayerTest::aHangUpIsAnnouncedOnce()
 {
-    QFETCH(bool, polling);
-    QFETCH(QString, atBytes);
-    QFETCH(QString, atEnd);
-    QFETCH(QString, signalNames);
+    const auto& row = currentRow(hangUpRows);
     PseudoTerminal tablet;
-    PseudoTerminal other;
-    auto port = std::make_unique<QextSerialPort>(polling ? QextSerialPort::Polling
-                                                         : QextSerialPort::EventDriven);
-    port->setPortName(tablet.path());
-    QVERIFY(port->open(QIODevice::ReadWrite));
+    const PseudoTerminal other;
+    auto port = std::make_unique<QextSerialPort>(row.mode);
+    QVERIFY(openAt(*port, tablet));
     port->close(); // a close that is asked for is no hang-up
-    QVERIFY(port->open(QIODevice::ReadWrite));
+    QVERIFY(openAt(*port, tablet));
     QVERIFY(tablet.write("abc"));
     QTRY_COMPARE(port->bytesAvailable(), qint64(3));
     QCoreApplication::sendPostedEvents();
@@ -282,22 +288,21 @@ void PortLayerTest::aHangUpIsAnnouncedOnce()
     QStringList seen;
     const auto receiver = [&](const char* name, const QString& action) {
         return [&seen, &port, &other, name, action] {
-            seen << QLatin1String(name);
-            if (action == QLatin1String("delete"))
+            seen << name;
+            if (action == "delete")
                 return port.reset();
             if (!action.isEmpty())
                 port->close();
-            port->setPortName(other.path());
-            if (action == QLatin1String("reopen"))
-                QVERIFY(port->open(QIODevice::ReadWrite));
+            if (action == "reopen")
+                QVERIFY(openAt(*port, other));
         };
     };
-    connect(port.get(), &QIODevice::readyRead, this, receiver("bytes", atBytes));
-    connect(port.get(), &QIODevice::readChannelFinished, this, receiver("end", atEnd));
+    connect(port.get(), &QIODevice::readyRead, this, receiver("bytes", row.atBytes));
+    connect(port.get(), &QIODevice::readChannelFinished, this, receiver("end", row.atEnd));
     tablet.hangUp();
-    QTRY_COMPARE(seen.join(QLatin1Char(' ')), signalNames);
+    QTRY_COMPARE(seen.join(' '), row.announced);
     QCoreApplication::processEvents(); // what else is queued
-    QCOMPARE(seen.join(QLatin1Char(' ')), signalNames);
+    QCOMPARE(seen.join(' '), row.announced);
 }
 
 QTEST_GUILESS_MAIN(PortLayerTest)
