@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "QextSerialPort/qextserialport.h"
 
+#include "QextSerialPort/PortErrors.h"
 #include "QextSerialPort/SerialTiming.h"
 
 #include <QMetaObject>
@@ -23,22 +24,20 @@ constexpr QSerialPort::StopBits stopBitsOf[] = {QSerialPort::OneStop, QSerialPor
 constexpr QSerialPort::FlowControl flowControlOf[] = {
     QSerialPort::NoFlowControl, QSerialPort::HardwareControl, QSerialPort::SoftwareControl};
 
-const char noError[] = "No Error has occurred";
-
 // The library that this one stands for words its errors by kind, not by what the system said.
 QString errorText(QSerialPort::SerialPortError error, const QString& innerText,
                   const QString& portName)
 {
     switch (error) {
     case QSerialPort::NoError:
-        return QLatin1String(noError);
+        return QLatin1String(PortErrors::none);
     case QSerialPort::DeviceNotFoundError:
         return QStringLiteral("The %1 file doesn't exists").arg(portName);
     case QSerialPort::PermissionError:
         // Qt SerialPort reports a lock as a matter of rights and tells it only in the text.
         return innerText == QSerialPort::tr("Permission error while locking the device")
-                   ? QStringLiteral("Device is already locked")
-                   : QStringLiteral("Permission denied");
+                   ? QLatin1String(PortErrors::locked)
+                   : QLatin1String(PortErrors::denied);
     case QSerialPort::WriteError:
         return QStringLiteral("General write operation failure");
     case QSerialPort::ReadError:
@@ -63,7 +62,7 @@ QextSerialPort::QextSerialPort(QueryMode mode, QObject* parent)
     : QIODevice(parent),
       m_port(new QSerialPort(this)),
       m_mode(mode),
-      m_error(QLatin1String(noError))
+      m_error(QLatin1String(PortErrors::none))
 {
     connect(m_port, &QSerialPort::readyRead, this, &QextSerialPort::receive);
     connect(m_port, &QSerialPort::errorOccurred, this, [this](QSerialPort::SerialPortError error) {
@@ -124,7 +123,7 @@ bool QextSerialPort::open(OpenMode mode)
     m_received.clear();
     m_ended = false;
     m_inDoubt = false;
-    m_error = QLatin1String(noError);
+    m_error = QLatin1String(PortErrors::none);
     if (!m_port->open(mode & ~OpenMode(Unbuffered))) {
         m_error = errorText(m_port->error(), m_port->errorString(), m_portName);
         return false;

@@ -5,6 +5,7 @@
 #include "DigitizerGeneric/Digitizer/DescriptionFiles.h"
 #include "DigitizerGeneric/Digitizer/DescriptionParsing.h"
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
+#include "DigitizerGeneric/File_Digital/PenFilePaths.h"
 #include "ReferenceHost/CommandLine/OptionValues.h"
 #include "ReferenceHost/Serial/DeviceCheck.h"
 #include "digitizer/DriverOptions.h"
@@ -33,7 +34,7 @@ int run(const QCommandLineParser& parser)
     const auto driver = DriverOptions::installed(parser);
     const QString device = requiredValue(parser, QStringLiteral("device"),
                                          QStringLiteral("'digitizer ports' lists the ports"));
-    if (device == QLatin1String("File:"))
+    if (device == MavSystem::penDevice())
         throw CommandError(
             QStringLiteral("--device is File:, but a digital pen cannot beep; give a serial port"),
             ExitUsage);

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "digitizer/CaptureCommand.h"
 
-#include "DigitizerGeneric/Digitizer/PortRights.h"
+#include "DigitizerGeneric/File_Digital/PenFilePaths.h"
 #include "ReferenceHost/CommandLine/Console.h"
 #include "ReferenceHost/CommandLine/OptionValues.h"
 #include "ReferenceHost/Serial/LineTap.h"
-#include "ReferenceHost/Serial/PortAccess.h"
 #include "digitizer/CaptureSession.h"
 #include "digitizer/DriverOptions.h"
+#include "digitizer/LineOptions.h"
 #include "digitizer/OutputOptions.h"
 
 #include <QTimer>
@@ -32,16 +32,11 @@ constexpr int handOverMilliseconds = 500;
 
 QString usablePort(const QCommandLineParser& parser)
 {
-    const QString device =
-        requiredValue(parser, deviceOption, QStringLiteral("'digitizer ports' lists the ports"));
-    if (device == QLatin1String("File:"))
+    if (parser.value(deviceOption) == MavSystem::penDevice())
         throw CommandError(
             QStringLiteral("--device is File:, which is the digital pen; use 'digitizer import'"),
             ExitUsage);
-    const QString problem = portProblem(device);
-    if (!problem.isEmpty())
-        throw CommandError(problem);
-    return MavSystem::portPath(device);
+    return LineOptions::device(parser);
 }
 
 CaptureOptions parseOptions(const QCommandLineParser& parser)

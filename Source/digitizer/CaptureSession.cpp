@@ -7,6 +7,7 @@
 #include "DigitizerGeneric/Digitizer/SelectedDevice.h"
 #include "ReferenceHost/CommandLine/Command.h"
 #include "ReferenceHost/CommandLine/Console.h"
+#include "ReferenceHost/Serial/PortRetry.h"
 
 #include <utility>
 
@@ -15,8 +16,6 @@ namespace ReferenceHost {
 using namespace MavSystem;
 
 namespace {
-
-constexpr int retryMilliseconds = 500;
 
 QString unreadAdvice(const DescribedDriver& driver)
 {
@@ -93,7 +92,7 @@ void CaptureSession::listen()
     connect(events, &InputEvents::inputUnread, this, &CaptureSession::adviseOnUnread);
     connect(events, &InputEvents::portLost, this, [this] {
         deviceGone();
-        m_retry.start(retryMilliseconds);
+        m_retry.start(portRetryMilliseconds);
     });
 }
 

@@ -3,6 +3,7 @@
 #include "digitizer/CheckCommand.h"
 
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
+#include "DigitizerGeneric/File_Digital/PenFilePaths.h"
 #include "ReferenceHost/CommandLine/Console.h"
 #include "ReferenceHost/CommandLine/OptionValues.h"
 #include "ReferenceHost/Descriptions/DriverLookup.h"
@@ -20,7 +21,7 @@ int run(const QCommandLineParser& parser)
     const DescribedDriver driver = DriverOptions::chosen(parser);
     const QString device = requiredValue(parser, QStringLiteral("device"),
                                          QStringLiteral("'digitizer ports' lists the ports"));
-    if (device != QLatin1String("File:"))
+    if (device != penDevice())
         valueOrThrow(DriverLookup::takingReports(driver));
     const QString problem = deviceProblem(driver, device);
     if (!problem.isEmpty())

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "digitizer/DoctorCommand.h"
 
+#include "DigitizerGeneric/Digitizer/SettingKeys.h"
 #include "DigitizerGeneric/DigitizerGenericVersion.h"
 #include "ReferenceHost/CommandLine/Console.h"
 #include "ReferenceHost/CommandLine/PrivateNames.h"
@@ -68,16 +69,9 @@ QString descriptions()
 // Only the keys that the driver reads; a host may keep private values in the same place.
 QString settings()
 {
-    const char* const keys[] = {"driver",
-                                "device",
-                                "extended4Buttons",
-                                "digitizePiecesView",
-                                "viewDigizedPoints",
-                                "highPrecision",
-                                "digitizer_file_directory"};
     const QSettings stored;
     QString lines;
-    for (const char* const key : keys) {
+    for (const char* const key : MavSystem::SettingKeys::all) {
         if (stored.contains(QLatin1String(key)))
             lines += entry(QLatin1String(key), stored.value(QLatin1String(key)).toString());
     }

@@ -3,6 +3,7 @@
 #include "digitizer/ImportCommand.h"
 
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
+#include "DigitizerGeneric/File_Digital/PenFilePaths.h"
 #include "ReferenceHost/CommandLine/OptionValues.h"
 #include "ReferenceHost/Descriptions/DriverLookup.h"
 #include "ReferenceHost/Host/ImportHost.h"
@@ -36,7 +37,7 @@ void requirePenDescription(const MavSystem::DescribedDriver& driver)
                 "driver \"%1\" cannot scale the pen's positions: its description has no resolution")
                 .arg(driver.name));
     const auto digitizer = MavSystem::Digitizer::instance();
-    digitizer->selectDriver(driver, QStringLiteral("File:"));
+    digitizer->selectDriver(driver, MavSystem::penDevice());
     for (int button = 1; button <= 4; ++button) {
         const int number =
             digitizer->compareButtonNumber(MavSystem::ButtonValue{{char('0' + button), ' ', '\0'}});

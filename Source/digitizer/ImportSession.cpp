@@ -3,6 +3,8 @@
 #include "digitizer/ImportSession.h"
 
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
+#include "DigitizerGeneric/Digitizer/SettingKeys.h"
+#include "DigitizerGeneric/File_Digital/PenFilePaths.h"
 #include "ReferenceHost/CommandLine/Command.h"
 #include "ReferenceHost/CommandLine/Console.h"
 #include "ReferenceHost/CommandLine/StopSignals.h"
@@ -68,9 +70,9 @@ ImportSession::~ImportSession()
 int ImportSession::run()
 {
     const ImportHost host(m_options.answer);
-    QSettings().setValue(QStringLiteral("digitizer_file_directory"), m_options.directory);
+    QSettings().setValue(QLatin1String(SettingKeys::penDirectory), m_options.directory);
     const auto digitizer = Digitizer::instance();
-    digitizer->selectDriver(m_options.driver, QStringLiteral("File:"));
+    digitizer->selectDriver(m_options.driver, penDevice());
     digitizer->setExtended4Buttons(m_options.extendedButtons);
     digitizer->setPenFileSettleTime(m_options.settleMilliseconds);
     digitizer->m_host_mode = m_options.mode;

@@ -16,6 +16,8 @@ namespace MavSystem::DescriptionFiles {
 
 namespace {
 
+const char folderName[] = "generated";
+
 /// A file that was read.
 struct ReadFile
 {
@@ -118,7 +120,7 @@ QString nameOf(const QDomDocument& document)
 QString installedPath()
 {
     return QDir(MavApplication::instance()->appDataLocation().path())
-        .absoluteFilePath(QStringLiteral("generated"));
+        .absoluteFilePath(QLatin1String(folderName));
 }
 
 std::optional<QDir> installedFolder()
@@ -132,8 +134,13 @@ std::optional<QDir> installedFolder()
 
 QDir folderOfHost()
 {
-    return QDir(MavApplication::instance()->pluginsDir().path() +
-                QStringLiteral("/digitizer/generated"));
+    return QDir(MavApplication::instance()->pluginsDir().path() + QLatin1String("/digitizer/") +
+                QLatin1String(folderName));
+}
+
+QDir folderOfLibrary()
+{
+    return QDir(QLatin1String(":/DigitizerGeneric/") + QLatin1String(folderName));
 }
 
 QFileInfoList candidates(const QDir& folder)

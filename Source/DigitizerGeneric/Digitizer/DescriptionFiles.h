@@ -64,6 +64,9 @@ std::optional<QDir> installedFolder();
 /// Returns the folder in which a host ships descriptions, without filters; it need not exist.
 QDir folderOfHost();
 
+/// Returns the folder inside the library with the descriptions that it ships.
+QDir folderOfLibrary();
+
 /// Returns the plain, not hidden files of \a folder in the order of the directory itself, whatever
 /// its filters.
 QFileInfoList candidates(const QDir& folder);

@@ -4,13 +4,13 @@
 #include "DigitizerGeneric/Digitizer/Diagnostics.h"
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/RegularFile.h"
+#include "DigitizerGeneric/File_Digital/PenFilePaths.h"
+#include "QextSerialPort/PortErrors.h"
 #include "QextSerialPort/qextserialport.h"
 
 namespace MavSystem {
 
 namespace {
-
-const char usable[] = "No Error has occurred";
 
 void copyDescriptionsOfHost(const QDir& installed)
 {
@@ -48,8 +48,8 @@ QString Digitizer::deviceExist()
     const boost::shared_ptr<Digitizer> digitizer = instance();
     if (!digitizer->m_given && !driverIsDescribed(digitizer->driver()))
         return tr("Digitizer Not Present...");
-    if (digitizer->device() == QLatin1String("File:"))
-        return QLatin1String(usable);
+    if (digitizer->device() == penDevice())
+        return QLatin1String(PortErrors::none);
     return probePort(digitizer->device());
 }
 

@@ -9,7 +9,9 @@
 #include "DigitizerGeneric/Digitizer/InputEvents.h"
 #include "DigitizerGeneric/Digitizer/ReceiveBuffer.h"
 #include "DigitizerGeneric/Digitizer/ReportLayout.h"
+#include "DigitizerGeneric/Digitizer/SettingKeys.h"
 #include "DigitizerGeneric/File_Digital/DigipenFileDigitalization.h"
+#include "DigitizerGeneric/File_Digital/PenFilePaths.h"
 #include "MavCore/MavApplication.h"
 #include "QextSerialPort/ApplySettings.h"
 
@@ -23,13 +25,6 @@
 namespace MavSystem {
 
 namespace {
-
-const char driverKey[] = "driver";
-const char deviceKey[] = "device";
-const char extended4ButtonsKey[] = "extended4Buttons";
-const char digitizePiecesViewKey[] = "digitizePiecesView";
-const char viewDigizedPointsKey[] = "viewDigizedPoints";
-const char highPrecisionKey[] = "highPrecision";
 
 // A text that is no truth value counts as absent.
 bool isOn(const QSettings& settings, const char* key)
@@ -55,12 +50,12 @@ boost::shared_ptr<Digitizer> Digitizer::instance()
 Digitizer::Digitizer() : m_report_text(receiveBuffer())
 {
     const QSettings settings;
-    m_extended_4_buttons = isOn(settings, extended4ButtonsKey);
-    m_digitize_pieces_view = isOn(settings, digitizePiecesViewKey);
-    m_view_digitized_points = isOn(settings, viewDigizedPointsKey);
-    m_high_precision = isOn(settings, highPrecisionKey);
-    selectDevice(settings.value(QLatin1String(driverKey)).toString(),
-                 settings.value(QLatin1String(deviceKey)).toString());
+    m_extended_4_buttons = isOn(settings, SettingKeys::extended4Buttons);
+    m_digitize_pieces_view = isOn(settings, SettingKeys::digitizePiecesView);
+    m_view_digitized_points = isOn(settings, SettingKeys::viewDigizedPoints);
+    m_high_precision = isOn(settings, SettingKeys::highPrecision);
+    selectDevice(settings.value(QLatin1String(SettingKeys::driver)).toString(),
+                 settings.value(QLatin1String(SettingKeys::device)).toString());
 }
 
 Digitizer::~Digitizer() = default;
@@ -92,12 +87,12 @@ void Digitizer::useDescription(DigitizerArgument* description)
 void Digitizer::saveConfig()
 {
     QSettings settings;
-    settings.setValue(QLatin1String(driverKey), m_driver);
-    settings.setValue(QLatin1String(deviceKey), m_device);
-    settings.setValue(QLatin1String(extended4ButtonsKey), m_extended_4_buttons);
-    settings.setValue(QLatin1String(digitizePiecesViewKey), m_digitize_pieces_view);
-    settings.setValue(QLatin1String(viewDigizedPointsKey), m_view_digitized_points);
-    settings.setValue(QLatin1String(highPrecisionKey), m_high_precision);
+    settings.setValue(QLatin1String(SettingKeys::driver), m_driver);
+    settings.setValue(QLatin1String(SettingKeys::device), m_device);
+    settings.setValue(QLatin1String(SettingKeys::extended4Buttons), m_extended_4_buttons);
+    settings.setValue(QLatin1String(SettingKeys::digitizePiecesView), m_digitize_pieces_view);
+    settings.setValue(QLatin1String(SettingKeys::viewDigizedPoints), m_view_digitized_points);
+    settings.setValue(QLatin1String(SettingKeys::highPrecision), m_high_precision);
 }
 
 QString Digitizer::driver() const
@@ -172,7 +167,7 @@ void Digitizer::setHighPrecision(bool on)
 
 bool Digitizer::open()
 {
-    return m_device == QLatin1String("File:") ? openPenFiles() : openSerialPort();
+    return m_device == penDevice() ? openPenFiles() : openSerialPort();
 }
 
 bool Digitizer::openPenFiles()

@@ -5,6 +5,7 @@
 #include "DigitizerGeneric/Digitizer/FieldDecoding.h"
 #include "DigitizerGeneric/Digitizer/LectraE92.h"
 #include "DigitizerGeneric/Digitizer/ReceiveBuffer.h"
+#include "QextSerialPort/PortErrors.h"
 #include "QextSerialPort/qextserialport.h"
 
 #include <QCoreApplication>
@@ -98,7 +99,7 @@ void Digitizer::handOver()
 {
     m_report_text = receiveBuffer();
     DigitalReport report(0.0, 0.0);
-    if (readsChecked() || m_port->errorString() == QLatin1String("No Error has occurred"))
+    if (readsChecked() || m_port->errorString() == QLatin1String(PortErrors::none))
         report = parseReportText(everything);
     else
         report.m_button_number = closingCode();

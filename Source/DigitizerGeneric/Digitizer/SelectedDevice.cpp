@@ -5,7 +5,9 @@
 #include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/PortRights.h"
+#include "DigitizerGeneric/Digitizer/SettingKeys.h"
 #include "DigitizerGeneric/File_Digital/PenFilePaths.h"
+#include "QextSerialPort/PortErrors.h"
 
 #include <QFileInfo>
 
@@ -18,9 +20,8 @@ QString penProblem()
     const QString directory = penDirectory();
     return QFileInfo(directory).isDir()
                ? QString()
-               : QStringLiteral("there is no directory \"%1\" for pen files; check the setting "
-                                "digitizer_file_directory")
-                     .arg(directory);
+               : QStringLiteral("there is no directory \"%1\" for pen files; check the setting %2")
+                     .arg(directory, QLatin1String(SettingKeys::penDirectory));
 }
 
 QString tabletProblem(const DescribedDriver& driver, const QString& device)
@@ -32,11 +33,11 @@ QString tabletProblem(const DescribedDriver& driver, const QString& device)
     if (!problem.isEmpty())
         return problem;
     const QString answer = Digitizer::deviceExist();
-    if (answer == QLatin1String("No Error has occurred"))
+    if (answer == QLatin1String(PortErrors::none))
         return {};
     // The permissions are sufficient, so another program has the port.
-    const bool isTaken = answer == QLatin1String("Device is already locked") ||
-                         answer == QLatin1String("Permission denied");
+    const bool isTaken =
+        answer == QLatin1String(PortErrors::locked) || answer == QLatin1String(PortErrors::denied);
     return isTaken
                ? QStringLiteral("another program has %1 open; close that program first").arg(device)
                : QStringLiteral("cannot open %1: %2").arg(portPath(device), answer);
@@ -51,9 +52,8 @@ QString SelectedDevice::problem()
     if (!driver)
         return QStringLiteral("no description in %1 has the name \"%2\"")
             .arg(DescriptionFolder::path(), digitizer->driver());
-    return digitizer->device() == QLatin1String("File:")
-               ? penProblem()
-               : tabletProblem(*driver, digitizer->device());
+    return digitizer->device() == penDevice() ? penProblem()
+                                              : tabletProblem(*driver, digitizer->device());
 }
 
 } // namespace MavSystem

@@ -27,7 +27,7 @@ QVector<ShippedDescription> descriptionsOfLibrary()
 {
     QVector<ShippedDescription> shipped;
     for (const QFileInfo& resource :
-         DescriptionFiles::candidates(QDir(QStringLiteral(":/DigitizerGeneric/generated")))) {
+         DescriptionFiles::candidates(DescriptionFiles::folderOfLibrary())) {
         QFile file(resource.filePath());
         if (file.open(QIODevice::ReadOnly))
             shipped.append({resource.fileName(), file.readAll()});

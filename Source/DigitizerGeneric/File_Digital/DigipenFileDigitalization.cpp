@@ -52,7 +52,7 @@ constexpr int longestInterval = 1000;
 
 QStringList penFilePatterns()
 {
-    return {QStringLiteral("*.dat")};
+    return {penFilePattern()};
 }
 
 // Whatever the host's box throws, the import that it tells about goes on.

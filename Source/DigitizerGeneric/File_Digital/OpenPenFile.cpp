@@ -4,21 +4,10 @@
 
 #include "DigitizerGeneric/Digitizer/Diagnostics.h"
 #include "DigitizerGeneric/Digitizer/RegularFile.h"
+#include "DigitizerGeneric/File_Digital/PenFilePaths.h"
 #include "DigitizerGeneric/File_Digital/RenameWithoutReplacing.h"
 
-#include <QFileInfo>
-
 namespace MavSystem {
-
-namespace {
-
-QString importedName(const QString& path)
-{
-    return path.left(path.lastIndexOf(QLatin1Char('/')) + 1) + QFileInfo(path).completeBaseName() +
-           QLatin1String(".txt");
-}
-
-} // namespace
 
 OpenPenFile::OpenPenFile(QFile& file) : m_file(file), m_reader(file) {}
 
@@ -50,7 +39,7 @@ void OpenPenFile::closeAndRename()
         m_file.setFileName(m_path); // lost by opening a descriptor
     }
     const QString name = m_file.fileName();
-    const QString target = importedName(name);
+    const QString target = importedPath(name);
     if (target == name)
         return; // imported and renamed already
     const QString problem = replaced() ? QStringLiteral("it has been replaced by another file")

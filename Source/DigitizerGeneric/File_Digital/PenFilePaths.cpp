@@ -2,10 +2,40 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/File_Digital/PenFilePaths.h"
 
+#include "DigitizerGeneric/Digitizer/SettingKeys.h"
+
 #include <QDir>
+#include <QFileInfo>
 #include <QSettings>
 
 namespace MavSystem {
+
+namespace {
+
+const char importedExtension[] = ".txt";
+
+} // namespace
+
+QString penDevice()
+{
+    return QStringLiteral("File:");
+}
+
+QString penFilePattern()
+{
+    return QStringLiteral("*.dat");
+}
+
+QString importedFilePattern()
+{
+    return QLatin1Char('*') + QLatin1String(importedExtension);
+}
+
+QString importedPath(const QString& path)
+{
+    return path.left(path.lastIndexOf(QLatin1Char('/')) + 1) + QFileInfo(path).completeBaseName() +
+           QLatin1String(importedExtension);
+}
 
 QString joinedPath(const QString& directory, const QString& name)
 {
@@ -23,7 +53,7 @@ QString absoluteDirectory(const QString& directory)
 QString penDirectory()
 {
     return absoluteDirectory(
-        QSettings().value(QStringLiteral("digitizer_file_directory"), QDir::rootPath()).toString());
+        QSettings().value(QLatin1String(SettingKeys::penDirectory), QDir::rootPath()).toString());
 }
 
 } // namespace MavSystem

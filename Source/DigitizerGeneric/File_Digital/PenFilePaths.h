@@ -6,6 +6,18 @@
 
 namespace MavSystem {
 
+/// Returns what Digitizer::selectDevice() takes for the directory of pen files: "File:".
+QString penDevice();
+
+/// Returns the pattern of the names of files to import: "*.dat".
+QString penFilePattern();
+
+/// Returns the pattern of the names of imported files: "*.txt".
+QString importedFilePattern();
+
+/// Returns the path that the pen file \a path gets when it is imported.
+QString importedPath(const QString& path);
+
 /// Returns \a directory and \a name joined as they are. Qt's own ways take a name that begins with
 /// a colon for a resource and resolve ".." in the path itself, which behind a link leads to another
 /// directory.

@@ -2,16 +2,17 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Host/PenDirectory.h"
 
+#include "DigitizerGeneric/File_Digital/PenFilePaths.h"
+
 #include <QDateTime>
 #include <QDirIterator>
 #include <QFileInfo>
 
 namespace ReferenceHost {
 
-namespace {
+using namespace MavSystem;
 
-const QString waitingFiles = QStringLiteral("*.dat");
-const QString importedFiles = QStringLiteral("*.txt");
+namespace {
 
 template <class Action>
 void forEachFile(const QString& directory, const QString& pattern, Action action)
@@ -31,8 +32,7 @@ int count(const QString& directory, const QString& pattern)
 
 QString reasonToStay(const QFileInfo& file)
 {
-    const QFileInfo target(file.path() + QLatin1Char('/') + file.completeBaseName() +
-                           QStringLiteral(".txt"));
+    const QFileInfo target(importedPath(file.filePath()));
     if (target.exists() || target.isSymLink())
         return QStringLiteral("its points were imported, but %1 already exists; the next import "
                               "delivers them again")
@@ -47,13 +47,13 @@ QString reasonToStay(const QFileInfo& file)
 
 int PenDirectory::waiting() const
 {
-    return count(m_path, waitingFiles);
+    return count(m_path, penFilePattern());
 }
 
 QString PenDirectory::lastChanged() const
 {
     QFileInfo last;
-    forEachFile(m_path, waitingFiles, [&](const QFileInfo& file) {
+    forEachFile(m_path, penFilePattern(), [&](const QFileInfo& file) {
         if (last.fileName().isEmpty() || file.lastModified() > last.lastModified())
             last = file;
     });
@@ -62,13 +62,13 @@ QString PenDirectory::lastChanged() const
 
 int PenDirectory::imported() const
 {
-    return count(m_path, importedFiles);
+    return count(m_path, importedFilePattern());
 }
 
 QStringList PenDirectory::unreadable() const
 {
     QStringList names;
-    forEachFile(m_path, waitingFiles, [&](const QFileInfo& file) {
+    forEachFile(m_path, penFilePattern(), [&](const QFileInfo& file) {
         if (!file.isReadable())
             names << file.fileName();
     });
@@ -78,7 +78,7 @@ QStringList PenDirectory::unreadable() const
 QVector<PenDirectory::Left> PenDirectory::left() const
 {
     QVector<Left> left;
-    forEachFile(m_path, waitingFiles, [&](const QFileInfo& file) {
+    forEachFile(m_path, penFilePattern(), [&](const QFileInfo& file) {
         left.append({file.fileName(), reasonToStay(file)});
     });
     return left;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Serial/DeviceCheck.h"
+#include "DigitizerGeneric/File_Digital/PenFilePaths.h"
 
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/PortRights.h"
@@ -16,7 +17,7 @@ QString deviceProblem(const DescribedDriver& driver, const QString& device)
 {
     Digitizer::instance()->selectDriver(driver, device);
     const QString problem = SelectedDevice::problem();
-    if (problem.isEmpty() || device == QLatin1String("File:"))
+    if (problem.isEmpty() || device == penDevice())
         return problem;
     const QString moreOnPort = portProblem(device);
     if (!moreOnPort.isEmpty())

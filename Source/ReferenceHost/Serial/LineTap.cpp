@@ -3,14 +3,13 @@
 #include "ReferenceHost/Serial/LineTap.h"
 
 #include "ReferenceHost/Descriptions/DescriptionTexts.h"
+#include "ReferenceHost/Serial/PortRetry.h"
 
 #include <QSocketNotifier>
 
 namespace ReferenceHost {
 
 namespace {
-
-constexpr int retryMilliseconds = 500;
 
 RecordedSession headerOf(const MavSystem::DescribedDriver& driver)
 {
@@ -48,7 +47,7 @@ void LineTap::connectEnds()
 {
     connect(&m_line, &SerialLine::received, this, &LineTap::record);
     connect(&m_line, &SerialLine::ended, this, [this] {
-        m_retry.start(retryMilliseconds);
+        m_retry.start(portRetryMilliseconds);
         Q_EMIT lost();
     });
     connect(&m_retry, &QTimer::timeout, this, &LineTap::tryAgain);
