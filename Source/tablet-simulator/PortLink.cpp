@@ -2,26 +2,26 @@
 // SPDX-License-Identifier: MIT
 #include "tablet-simulator/PortLink.h"
 
-#include "ReferenceHost/CommandLine/Command.h"
-
 #include <QFile>
 #include <QFileInfo>
 
-using namespace ReferenceHost;
-
 namespace TabletSimulation {
 
-PortLink::PortLink(const QString& port, const QString& link) : m_port(port)
+tl::expected<void, QString> PortLink::create(const QString& link, const QString& port)
 {
-    if (link.isEmpty())
-        return;
     const QFileInfo taken(link);
     if (taken.exists() && !taken.isSymLink())
-        throw CommandError(QStringLiteral("%1 exists and is not a symbolic link").arg(link));
+        return tl::unexpected(
+            QStringLiteral("%1 exists and is not a symbolic link; give --link another path")
+                .arg(link));
     QFile::remove(link);
-    if (!QFile::link(port, link))
-        throw CommandError(QStringLiteral("cannot create the link %1").arg(link));
+    QFile target(port);
+    if (!target.link(link))
+        return tl::unexpected(
+            QStringLiteral("cannot create the link %1: %2").arg(link, target.errorString()));
+    m_port = port;
     m_link = link;
+    return {};
 }
 
 PortLink::~PortLink()

@@ -4,22 +4,22 @@
 
 #include <QString>
 
+#include <tl/expected.hpp>
+
 namespace TabletSimulation {
 
 /// A symbolic link to a port, removed when the object is destroyed.
 class PortLink
 {
 public:
-    /// Creates the link \a link to \a port and replaces an existing link. Does nothing if \a link
-    /// is empty. Throws a CommandError if the name belongs to anything but a link, or if the link
-    /// cannot be created.
-    PortLink(const QString& port, const QString& link);
+    PortLink() = default;
     ~PortLink();
     PortLink(const PortLink&) = delete;
     PortLink& operator=(const PortLink&) = delete;
 
-    /// Returns the path to open: that of the link, or that of the port without a link.
-    QString path() const { return m_link.isEmpty() ? m_port : m_link; }
+    /// Creates the link \a link to \a port and replaces an existing link. The error says why there
+    /// is none: something else has that name, or the link cannot be created.
+    tl::expected<void, QString> create(const QString& link, const QString& port);
 
 private:
     QString m_port;

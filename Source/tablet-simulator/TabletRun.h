@@ -5,6 +5,9 @@
 #include "ReferenceHost/Serial/PseudoTerminal.h"
 #include "tablet-simulator/Transmission.h"
 
+#include <QEventLoop>
+#include <QSocketNotifier>
+#include <QTimer>
 #include <QVector>
 
 namespace TabletSimulation {
@@ -26,13 +29,40 @@ struct RunOptions
     bool stay = false; ///< keep the port open at the end until stopped
 };
 
-/// Sends \a writes through \a tablet once a program has opened its port, and prints what arrives
-/// from there on standard error. Returns whether everything was sent and read; false after
-/// stopTabletRun(), and if the port fails, which prints an error.
-bool runTablet(ReferenceHost::PseudoTerminal& tablet, const QVector<Transmission>& writes,
-               const RunOptions& options);
+/// Sends writes through a terminal once a program has opened its port, and prints what arrives from
+/// there on standard error. Waits in an event loop.
+class TabletRun : public QObject
+{
+    Q_OBJECT
 
-/// Makes runTablet() return soon. Safe in a signal handler.
-void stopTabletRun();
+public:
+    /// \a tablet is open and outlives the run.
+    TabletRun(ReferenceHost::PseudoTerminal& tablet, const RunOptions& options);
+
+    /// Returns whether everything was sent and read; false after stop(), and if the port fails,
+    /// which prints an error.
+    bool send(const QVector<Transmission>& writes);
+
+    /// Makes send() return.
+    void stop();
+
+private:
+    bool wait(int milliseconds = -1);
+    bool waitUntilOpened();
+    bool waitForTurn(qint64 pauseMicroseconds);
+    bool pause(qint64 microseconds);
+    bool waitUntilTaken();
+    bool waitUntilAllTaken();
+    bool write(QByteArray bytes);
+
+    ReferenceHost::PseudoTerminal& m_tablet;
+    const RunOptions m_options;
+    QEventLoop m_loop;
+    QTimer m_timeout;
+    QSocketNotifier m_arrived;
+    QSocketNotifier m_used; // the program has opened, closed or read its port
+    QSocketNotifier m_room; // enabled while a write waits for it
+    bool m_isStopped = false;
+};
 
 } // namespace TabletSimulation

@@ -146,12 +146,12 @@ What cannot be sent, and wrong arguments.
   tablet-simulator: cannot read none: No such file or directory
   [1]
   $ tablet_simulator --driver "$generic" --link points
-  tablet-simulator: points exists and is not a symbolic link
+  tablet-simulator: points exists and is not a symbolic link; give --link another path
   [1]
   $ head -1 points
   # three points
   $ tablet_simulator --driver "$generic" --link /nowhere/tablet
-  tablet-simulator: cannot create the link /nowhere/tablet
+  tablet-simulator: cannot create the link /nowhere/tablet: No such file or directory
   [1]
   $ tablet_simulator
   tablet-simulator: --driver is missing; 'digitizer drivers' lists the names

@@ -104,9 +104,8 @@ bool PseudoTerminal::drained() const
 
 bool PseudoTerminal::taken()
 {
-    constexpr qint64 discarded = 100; // milliseconds; far longer than bytes take to arrive
     takeUses();
-    return drained() && (m_wasRead || m_sinceWrite.hasExpired(discarded));
+    return drained() && (m_wasRead || m_sinceWrite.hasExpired(discardMilliseconds));
 }
 
 void PseudoTerminal::takeUses()

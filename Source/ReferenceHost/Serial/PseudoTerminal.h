@@ -30,6 +30,10 @@ public:
     /// Returns the descriptor of this end for a socket notifier. It must not be closed.
     int descriptor() const { return m_master; }
 
+    /// Returns the descriptor for a socket notifier that tells when a program opens, closes or
+    /// reads the port. The calls below take the notifications. It must not be closed.
+    int usesDescriptor() const { return m_uses; }
+
     /// Waits up to \a timeoutMilliseconds for a program to open the port. Returns whether one has
     /// it open.
     bool waitForOpen(int timeoutMilliseconds);
@@ -49,6 +53,10 @@ public:
     /// Returns whether the program at the port has read everything in the port's queue. Bytes
     /// written a moment ago may not have reached the queue yet.
     bool drained() const;
+
+    /// Bytes of a write that have not reached the port's queue after that time have been discarded.
+    /// Far longer than bytes take to arrive.
+    static constexpr int discardMilliseconds = 100;
 
     /// Returns whether the program at the port has taken the last write: it has read since then and
     /// nothing is waiting, or it has discarded the input. This also holds under load, when bytes
