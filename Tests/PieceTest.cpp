@@ -4,9 +4,10 @@
 #include "ReferenceHost/Pieces/PieceGeometry.h"
 #include "ReferenceHost/Pieces/PieceRecorder.h"
 #include "support/SmallDisk.h"
+#include "support/TextRows.h"
 
+#include <QImage>
 #include <QTemporaryDir>
-#include <QtTest>
 
 #include <cmath>
 #include <limits>
@@ -43,45 +44,40 @@ QByteArray shapeOf(const QPainterPath& path)
 
 const QVector<QPointF> square = {{0, 0}, {10, 0}, {10, 10}, {0, 10}};
 
+// "x,y x,y"
+QVector<QPointF> pointsOf(const QByteArray& text)
+{
+    QVector<QPointF> points;
+    for (const QByteArray& point : text.split(' '))
+        points.append({point.split(',').at(0).toDouble(), point.split(',').at(1).toDouble()});
+    return points;
+}
+
 } // namespace
 
-/// From points to pieces and from pieces to lines.
+/// From points to pieces, and from pieces to outlines and pictures.
 class PieceTest : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void pointsBecomePieces_data();
+    void pointsBecomePieces_data() { addTextRows("pieces.txt", 2); }
     void pointsBecomePieces();
-    void outlinesAreDrawnAsByHand_data();
+    void outlinesAreDrawnAsByHand_data() { addTextRows("outlines.txt", 4); }
     void outlinesAreDrawnAsByHand();
     void curvesAreSmoothAndRound();
-    void notchesPointInwards_data();
+    void notchesPointInwards_data() { addTextRows("notches.txt", 2); }
     void notchesPointInwards();
     void labelsLieInsideOfThePiece();
-    void overlappingPiecesLieSideBySide_data();
     void overlappingPiecesLieSideBySide();
-    void aFullDiskLeavesNoPartOfAPicture_data();
+    void aPictureHasInk();
     void aFullDiskLeavesNoPartOfAPicture();
 };
 
-void PieceTest::pointsBecomePieces_data()
-{
-    QTest::addColumn<QByteArray>("roles"); // lower case: without a finite place
-    QTest::addColumn<QByteArray>("pieces");
-    QTest::newRow("one") << QByteArray("CCUHCNE") << QByteArray("CCUCN+1.");
-    QTest::newRow("two") << QByteArray("CCEUUE") << QByteArray("CC+0.UU+0.");
-    QTest::newRow("end missing") << QByteArray("CCEUH") << QByteArray("CC+0.U+1");
-    QTest::newRow("end pressed twice") << QByteArray("ECCEE") << QByteArray("CC+0.");
-    QTest::newRow("hole alone") << QByteArray("HE") << QByteArray("+1.");
-    QTest::newRow("button without meaning") << QByteArray("COCE") << QByteArray("CC+0.");
-    QTest::newRow("no finite place") << QByteArray("CchnCe") << QByteArray("CC+0.");
-    QTest::newRow("nothing") << QByteArray() << QByteArray();
-}
-
 void PieceTest::pointsBecomePieces()
 {
-    QFETCH(QByteArray, roles);
+    QFETCH(TextRow, row);
+    const QByteArray roles = row.fields.at(0); // lower case: without a finite place
     constexpr double infinity = std::numeric_limits<double>::infinity();
     PieceRecorder recorder;
     for (int index = 0; index < roles.size(); ++index) {
@@ -94,41 +90,15 @@ void PieceTest::pointsBecomePieces()
             text += letters.at(int(point.role));
         text += '+' + QByteArray::number(piece.holes.size()) + (piece.finished ? "." : "");
     }
-    QTEST(text, "pieces");
-}
-
-void PieceTest::outlinesAreDrawnAsByHand_data()
-{
-    QTest::addColumn<QByteArray>("roles");
-    QTest::addColumn<QVector<QPointF>>("points");
-    QTest::addColumn<bool>("finished");
-    QTest::addColumn<QByteArray>("shape");
-    const auto row = [](const char* name, const char* roles, const QVector<QPointF>& points,
-                        bool finished, const char* shape) {
-        QTest::newRow(name) << QByteArray(roles) << points << finished << QByteArray(shape);
-    };
-    row("corners", "CCCC", square, true, "MLLLL");
-    row("corners, unfinished", "CCCC", square, false, "MLLL");
-    row("curve between corners", "CUCC", square, true, "MCCLL");
-    row("traced from within a curve", "UCCC", square, true, "MLLCC");
-    row("notch on a straight line", "CNCC", square, true, "MLLLL");
-    row("notch in a curve", "CNUC", square, true, "MCCCL");
-    row("no corner", "UUUU", square, true, "MCCCC");
-    row("curve at an open end", "CUU", square.mid(0, 3), false, "MCC");
-    row("point traced twice", "CCUUC", {{0, 0}, {9, 0}, {5, 5}, {5, 5}, {0, 5}}, true, "MLCCL");
-    row("first point traced again", "UUUU", {{0, 0}, {9, 0}, {5, 5}, {0, 0}}, true, "MCCC");
-    row("two points", "CC", square.mid(0, 2), true, "MLL");
-    row("one point", "C", square.mid(0, 1), true, "");
-    row("the same point only", "CUC", {{1, 1}, {1, 1}, {1, 1}}, true, "");
+    QCOMPARE(text, row.fields.at(1));
 }
 
 void PieceTest::outlinesAreDrawnAsByHand()
 {
-    QFETCH(QByteArray, roles);
-    QFETCH(QVector<QPointF>, points);
-    QFETCH(bool, finished);
-    const QPainterPath path = outlineOf(pieceOf(roles, points, finished));
-    QTEST(shapeOf(path), "shape");
+    QFETCH(TextRow, row);
+    const QPainterPath path = outlineOf(
+        pieceOf(row.fields.at(0), pointsOf(row.fields.at(1)), row.fields.at(2) == "finished"));
+    QCOMPARE(shapeOf(path), row.fields.at(3));
     for (int index = 0; index < path.elementCount(); ++index) {
         const QPointF point = path.elementAt(index);
         QVERIFY(std::isfinite(point.x()) && std::isfinite(point.y()));
@@ -156,28 +126,14 @@ void PieceTest::curvesAreSmoothAndRound()
     }
 }
 
-void PieceTest::notchesPointInwards_data()
-{
-    QTest::addColumn<QByteArray>("roles");
-    QTest::addColumn<QVector<QPointF>>("points");
-    const QVector<QPointF> points = {{0, 0}, {10, 0}, {10, 5}, {10, 10}, {0, 10}};
-    QTest::newRow("traced to the left") << QByteArray("CCNCC") << points;
-    QVector<QPointF> reversed = points;
-    std::reverse(reversed.begin(), reversed.end());
-    QTest::newRow("traced to the right") << QByteArray("CCNCC") << reversed;
-    QTest::newRow("in a curve") << QByteArray("CUNUC") << points;
-    QTest::newRow("traced from the notch")
-        << QByteArray("NCCCC") << QVector<QPointF>{{10, 5}, {10, 10}, {0, 10}, {0, 0}, {10, 0}};
-}
-
 void PieceTest::notchesPointInwards()
 {
-    QFETCH(QByteArray, roles);
-    QFETCH(QVector<QPointF>, points);
-    const QVector<QLineF> notches = notchesOf(pieceOf(roles, points), 0.5);
-    QCOMPARE(notches.size(), 1);
-    QCOMPARE(notches.at(0).p1(), QPointF(10, 5));
-    QVERIFY(QLineF(notches.at(0).p2(), QPointF(9.5, 5)).length() < 1e-9);
+    QFETCH(TextRow, row);
+    const QVector<QLineF> found =
+        notchesOf(pieceOf(row.fields.at(0), pointsOf(row.fields.at(1))), 0.5);
+    QCOMPARE(found.size(), 1);
+    QCOMPARE(found.at(0).p1(), QPointF(10, 5));
+    QVERIFY(QLineF(found.at(0).p2(), QPointF(9.5, 5)).length() < 1e-9);
 }
 
 void PieceTest::labelsLieInsideOfThePiece()
@@ -188,48 +144,47 @@ void PieceTest::labelsLieInsideOfThePiece()
     QVERIFY(outlineOf(piece).contains(QRectF(label - QPointF(1, 1), QSizeF(2, 2))));
 }
 
-void PieceTest::overlappingPiecesLieSideBySide_data()
-{
-    QTest::addColumn<double>("distance"); // of the second piece from the first
-    QTest::addColumn<double>("width");    // without margins and marks
-    QTest::newRow("traced at one place") << 0.0 << 22.0;
-    QTest::newRow("traced beside each other") << 15.0 << 25.0;
-}
-
+// Traced at one place, they are moved; traced beside each other, they stay.
 void PieceTest::overlappingPiecesLieSideBySide()
 {
-    QFETCH(double, distance);
-    QFETCH(double, width);
-    QVector<QPointF> moved = square;
-    for (QPointF& point : moved)
-        point.rx() += distance;
-    const auto sizeOf = [](const QVector<Piece>& pieces) { return PieceDrawing(pieces).size(); };
-    const QSizeF one = sizeOf({pieceOf("CCCC", square)});
-    const QSizeF two = sizeOf({pieceOf("CCCC", square), pieceOf("CCCC", moved)});
-    QCOMPARE(two.height(), one.height());
-    QVERIFY2(std::abs(two.width() - one.width() - (width - 10.0)) < 0.7,
-             qPrintable(QString::number(two.width() - one.width())));
+    const Piece piece = pieceOf("CCCC", square);
+    const QSizeF one = PieceDrawing({piece}).size();
+    for (const auto& [distance, added] : {std::pair(0.0, 12.0), std::pair(15.0, 15.0)}) {
+        const QVector<QPointF> moved = QPolygonF(square).translated(distance, 0);
+        const QSizeF two = PieceDrawing({piece, pieceOf("CCCC", moved)}).size();
+        QCOMPARE(two.height(), one.height());
+        QVERIFY2(std::abs(two.width() - one.width() - added) < 0.7,
+                 qPrintable(QString::number(two.width() - one.width())));
+    }
 }
 
-void PieceTest::aFullDiskLeavesNoPartOfAPicture_data()
+void PieceTest::aPictureHasInk()
 {
-    QTest::addColumn<QString>("name");
-    QTest::newRow("SVG") << QStringLiteral("picture.svg");
-    QTest::newRow("PNG") << QStringLiteral("picture.png");
+    const QTemporaryDir directory;
+    const QString path = directory.filePath("picture.png");
+    QCOMPARE(PieceDrawing({pieceOf("CCCC", square)}).save(path), QString());
+    const QImage image(path);
+    QVERIFY(!image.isNull());
+    QCOMPARE(image.pixelColor(0, 0), QColor(Qt::white));
+    int inked = 0;
+    for (int pixel = 0; pixel < image.width() * image.height(); ++pixel)
+        inked += qGray(image.pixel(pixel % image.width(), pixel / image.width())) < 64 ? 1 : 0;
+    QVERIFY2(inked > 1000, qPrintable(QString::number(inked)));
 }
 
 void PieceTest::aFullDiskLeavesNoPartOfAPicture()
 {
-    QFETCH(QString, name);
     const QTemporaryDir directory;
-    const SmallDisk disk(directory.filePath(QStringLiteral("disk")), 4);
+    const SmallDisk disk(directory.filePath("disk"), 4);
     if (!disk.problem().isEmpty())
         QSKIP(qPrintable(disk.problem()));
-    const QDir folder(directory.filePath(QStringLiteral("disk")));
+    const QDir folder(directory.filePath("disk"));
     const QVector<Piece> pieces(10, pieceOf("CCCC", square));
-    const QString problem = PieceDrawing(pieces).save(folder.filePath(name));
-    QVERIFY2(problem.startsWith(QLatin1String("cannot write ")), qPrintable(problem));
-    QCOMPARE(folder.entryList(QDir::Files | QDir::Hidden), QStringList());
+    for (const char* name : {"picture.svg", "picture.png"}) {
+        const QString problem = PieceDrawing(pieces).save(folder.filePath(name));
+        QVERIFY2(problem.startsWith("cannot write "), qPrintable(problem));
+        QCOMPARE(folder.entryList(QDir::Files | QDir::Hidden), QStringList());
+    }
 }
 
 QTEST_MAIN(PieceTest)

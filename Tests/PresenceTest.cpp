@@ -6,15 +6,81 @@
 #include "support/DescriptionBuilder.h"
 #include "support/RecordedMessages.h"
 #include "support/SmallDisk.h"
+#include "support/StructRows.h"
 #include "support/TestHost.h"
+#include "support/TextRows.h"
 #include "support/Unprivileged.h"
-
-#include <QtTest>
 
 #include <memory>
 
 using namespace MavSystem;
 using namespace ReferenceHost;
+
+namespace {
+
+struct Installation
+{
+    const char* name;
+    bool atStart;  // by the host when it starts, else by the presence check
+    int kilobytes; // of the disk; 0: the folder cannot be written
+    int size;      // of a file; small ones are written when they are closed
+};
+const Installation installations[] = {
+    {"the disk becomes full", false, 64, 20000},
+    {"the disk becomes full of small files", false, 64, 5000},
+    {"the disk of a host becomes full", true, 64, 20000},
+    {"the disk of a host becomes full of small files", true, 64, 5000},
+    {"the folder cannot be written", false, 0, 5000},
+    {"the folder of a host cannot be written", true, 0, 5000},
+};
+
+/// A host with the description "A" in a file, and a port.
+struct Desk
+{
+    explicit Desk(const DescriptionBuilder& description = DescriptionBuilder())
+    {
+        host.writeDescription("a", description.xml());
+        digitizer->selectDevice("A", tablet.path());
+    }
+    ~Desk() { digitizer->close(); }
+
+    TestHost host;
+    PseudoTerminal tablet;
+    boost::shared_ptr<Digitizer> digitizer = Digitizer::instance();
+};
+
+/// Whose folders have filters that hide all files.
+class FilteringHost : public TestHost
+{
+public:
+    QDir pluginsDir() const override { return filtered("plugins"); }
+    QDir appDataLocation() const override { return filtered("data"); }
+
+private:
+    QDir filtered(const QString& folder) const
+    {
+        return QDir(path(folder), "*.none", QDir::Name, QDir::Dirs);
+    }
+};
+
+// Writes the files of a row of presence.txt.
+void writeFiles(TestHost& host, QString files)
+{
+    files.replace("SHIPPED",
+                  "data/generated/ P/1.xml:A P/2.xml:B P/3.xml:C P/.hidden:D P/sub/4.xml:E");
+    for (const QString& file : files.replace("P/", "plugins/digitizer/generated/").split(' ')) {
+        const QString path = file.section(':', 0, 0);
+        const QByteArray name = file.section(':', 1).toLatin1();
+        if (path.endsWith('/'))
+            QDir().mkpath(host.path(path));
+        else
+            host.write(path, name.isEmpty() ? "<d name='A'>" : DescriptionBuilder(name).xml());
+    }
+}
+
+constexpr char oneBeep[] = "<beepString><character>46</character></beepString>";
+
+} // namespace
 
 /// Whether the selected device can be used, the first installation of descriptions, and the beep.
 class PresenceTest : public QObject
@@ -22,160 +88,75 @@ class PresenceTest : public QObject
     Q_OBJECT
 
 private slots:
-    void theAnswerNamesWhatIsMissing_data();
+    void theAnswerNamesWhatIsMissing_data() { addTextRows("presence.txt", 5); }
     void theAnswerNamesWhatIsMissing();
     void aFolderIsTakenWithoutItsFilters();
-    void anInstallationHasWholeFilesOnly_data();
+    void anInstallationHasWholeFilesOnly_data() { addRows(installations); }
     void anInstallationHasWholeFilesOnly();
     void theProbeLeavesAnOpenDeviceAlone();
     void theProbeLeavesWaitingInputAlone();
-    void theBeepTravelsToTheTablet_data();
+    void theBeepTravelsToTheTablet_data() { addTextRows("beeps.txt", 3); }
     void theBeepTravelsToTheTablet();
     void withoutAPortNothingBeeps();
 };
 
-void PresenceTest::theAnswerNamesWhatIsMissing_data()
-{
-    QTest::addColumn<QStringList>("files"); // "path:name", "path:" malformed, "path/" a folder
-    QTest::addColumn<QString>("driver");
-    QTest::addColumn<QString>("device");
-    QTest::addColumn<QString>("answer");
-    QTest::addColumn<int>("installed"); // files in the folder afterwards
-
-    const auto row = [](const char* name, const char* files, const char* driver, const char* device,
-                        const char* answer, int installed) {
-        QTest::newRow(name) << QString::fromLatin1(files).split(QLatin1Char(' '))
-                            << QString::fromLatin1(driver) << QString::fromLatin1(device)
-                            << QString::fromLatin1(answer) << installed;
-    };
-    const char absent[] = "Digitizer Not Present...";
-    const char usable[] = "No Error has occurred";
-    const char shipped[] = "data/generated/ plugins/digitizer/generated/1.xml:A "
-                           "plugins/digitizer/generated/2.xml:B "
-                           "plugins/digitizer/generated/3.xml:C "
-                           "plugins/digitizer/generated/.hidden:D "
-                           "plugins/digitizer/generated/sub/4.xml:E";
-    row("no folder", "plugins/digitizer/generated/1.xml:A", "A", "File:", absent, 0);
-    row("empty folder, nothing shipped", "data/generated/", "A", "File:", absent, 0);
-    row("shipped files are installed", shipped, "B", "File:", usable, 3);
-    row("installed and another driver", shipped, "F", "File:", absent, 3);
-    row("hidden and nested files are not shipped", shipped, "D", "File:", absent, 3);
-    row("one file is there: nothing is installed",
-        "data/generated/x.xml:X plugins/digitizer/generated/1.xml:A", "A", "File:", absent, 1);
-    row("a hidden file is no file", "data/generated/.x:X plugins/digitizer/generated/1.xml:A", "A",
-        "File:", usable, 1);
-    row("installed with its port", "data/generated/a:A", "A", "PORT", usable, 1);
-    row("shipped with its port", shipped, "A", "PORT", usable, 3);
-    row("no such port", "data/generated/a:A", "A", "/nowhere/port",
-        "The /nowhere/port file doesn't exists", 1);
-    row("no such port, no such driver", "data/generated/a:A", "B", "/nowhere/port", absent, 1);
-    row("a port that begins with File:", "data/generated/a:A", "A", "File:x",
-        "The File:x file doesn't exists", 1);
-    row("file: in lower case is a port", "data/generated/a:A", "A",
-        "file:", "The file: file doesn't exists", 1);
-    row("a name in another case", "data/generated/a:A", "a", "File:", absent, 1);
-    row("no name selected", "data/generated/a:A", "", "File:", absent, 1);
-    row("a malformed file has the empty name", "data/generated/a:", "", "File:", usable, 1);
-    row("a malformed file before others", "data/generated/1: data/generated/2:A", "A",
-        "File:", usable, 2);
-}
-
 void PresenceTest::theAnswerNamesWhatIsMissing()
 {
-    QFETCH(QStringList, files);
-    QFETCH(QString, driver);
-    QFETCH(QString, device);
-    QFETCH(QString, answer);
-    QFETCH(int, installed);
+    QFETCH(TextRow, row);
     TestHost host;
-    PseudoTerminal tablet;
-    for (const QString& file : qAsConst(files)) {
-        const QString path = file.section(QLatin1Char(':'), 0, 0);
-        const QByteArray name = file.section(QLatin1Char(':'), 1).toLatin1();
-        if (path.endsWith(QLatin1Char('/')))
-            QDir().mkpath(host.path(path));
-        else
-            host.write(path, name.isEmpty() ? "<d name='A'>" : DescriptionBuilder(name).xml());
-    }
-    Digitizer::instance()->selectDevice(driver,
-                                        device == QLatin1String("PORT") ? tablet.path() : device);
-    QCOMPARE(Digitizer::deviceExist(), answer);
-    QCOMPARE(Digitizer::deviceExist(), answer); // nothing stays open, nothing changes
-    QCOMPARE(QDir(host.path(QStringLiteral("data/generated"))).entryList(QDir::Files).size(),
-             installed);
+    const PseudoTerminal tablet;
+    writeFiles(host, row.text(0));
+    Digitizer::instance()->selectDevice(row.text(1), row.text(2).replace("PORT", tablet.path()));
+    QCOMPARE(Digitizer::deviceExist(), row.text(3));
+    QCOMPARE(Digitizer::deviceExist(), row.text(3)); // nothing stays open, nothing changes
+    QCOMPARE(QDir(host.path("data/generated")).entryList(QDir::Files).size(),
+             row.fields.at(4).toInt());
     QVERIFY(host.warnings.isEmpty() && host.errors.isEmpty() && host.questions.isEmpty());
 }
 
 void PresenceTest::aFolderIsTakenWithoutItsFilters()
 {
-    class FilteringHost : public TestHost
-    {
-    public:
-        QDir pluginsDir() const override { return filtered(QStringLiteral("plugins")); }
-        QDir appDataLocation() const override { return filtered(QStringLiteral("data")); }
-
-    private:
-        QDir filtered(const QString& folder) const
-        {
-            return QDir(path(folder), QStringLiteral("*.none"), QDir::Name, QDir::Dirs);
-        }
-    };
     FilteringHost host;
-    QDir().mkpath(host.path(QStringLiteral("data/generated")));
-    host.write(QStringLiteral("plugins/digitizer/generated/a.xml"), DescriptionBuilder().xml());
-    Digitizer::instance()->selectDevice(QStringLiteral("A"), QStringLiteral("File:"));
-    QCOMPARE(Digitizer::deviceExist(), QStringLiteral("No Error has occurred"));
-}
-
-void PresenceTest::anInstallationHasWholeFilesOnly_data()
-{
-    QTest::addColumn<bool>("atStart");  // by the host when it starts, else by the presence check
-    QTest::addColumn<int>("kilobytes"); // of the disk; 0: the folder cannot be written
-    QTest::addColumn<int>("size");      // of a file; small ones are written when they are closed
-    QTest::newRow("the disk becomes full") << false << 64 << 20000;
-    QTest::newRow("the disk becomes full of small files") << false << 64 << 5000;
-    QTest::newRow("the disk of a host becomes full") << true << 64 << 20000;
-    QTest::newRow("the disk of a host becomes full of small files") << true << 64 << 5000;
-    QTest::newRow("the folder cannot be written") << false << 0 << 5000;
-    QTest::newRow("the folder of a host cannot be written") << true << 0 << 5000;
+    writeFiles(host, "data/generated/ P/a.xml:A");
+    Digitizer::instance()->selectDevice("A", "File:");
+    QCOMPARE(Digitizer::deviceExist(), QString("No Error has occurred"));
 }
 
 void PresenceTest::anInstallationHasWholeFilesOnly()
 {
-    QFETCH(bool, atStart);
-    QFETCH(int, kilobytes);
-    QFETCH(int, size);
+    const Installation& row = currentRow(installations);
+    const bool readOnly = row.kilobytes == 0;
     TestHost host;
-    const QByteArray shipped = DescriptionBuilder().xml() + QByteArray(size, ' ');
+    const QByteArray shipped = DescriptionBuilder().xml() + QByteArray(row.size, ' ');
     for (int number = 0; number < 20; ++number)
-        host.write(QStringLiteral("plugins/digitizer/generated/%1").arg(number), shipped);
+        host.write(QString("plugins/digitizer/generated/%1").arg(number), shipped);
     std::unique_ptr<SmallDisk> disk;
-    if (kilobytes > 0) {
-        disk = std::make_unique<SmallDisk>(host.path(QStringLiteral("data")), kilobytes);
+    if (!readOnly) {
+        disk = std::make_unique<SmallDisk>(host.path("data"), row.kilobytes);
         if (!disk->problem().isEmpty())
             QSKIP(qPrintable(disk->problem()));
     }
-    const QDir folder(host.path(QStringLiteral("data/generated")));
-    QVERIFY(folder.mkpath(folder.path()));
-    Digitizer::instance()->selectDevice(QStringLiteral("A"), QStringLiteral("File:"));
+    const QDir folder(host.path("data/generated"));
+    QVERIFY(folder.mkpath("."));
+    Digitizer::instance()->selectDevice("A", "File:");
     {
-        QVERIFY(QFile::setPermissions(host.path(QString()), QFile::Permissions(0x7755)));
-        QVERIFY(QFile::setPermissions(folder.path(),
-                                      QFile::Permissions(kilobytes == 0 ? 0x5555 : 0x7755)));
-        const Unprivileged user(kilobytes == 0);
+        QVERIFY(QFile::setPermissions(host.path({}), QFile::Permissions(0x7755)));
+        QVERIFY(
+            QFile::setPermissions(folder.path(), QFile::Permissions(readOnly ? 0x5555 : 0x7755)));
+        const Unprivileged user(readOnly);
         const RecordedMessages messages(true);
-        const QString answer = atStart ? DescriptionFolder::prepare() : Digitizer::deviceExist();
-        const QString expected = atStart         ? QStringLiteral("cannot write the description ")
-                                 : kilobytes > 0 ? QStringLiteral("No Error has occurred")
-                                                 : QStringLiteral("Digitizer Not Present...");
+        const QString answer =
+            row.atStart ? DescriptionFolder::prepare() : Digitizer::deviceExist();
+        const char* const expected = row.atStart ? "cannot write the description "
+                                     : readOnly  ? "Digitizer Not Present..."
+                                                 : "No Error has occurred";
         QVERIFY2(answer.startsWith(expected), qPrintable(answer));
-        const int told = RecordedMessages::texts().filter(QStringLiteral("not installed")).size();
-        QCOMPARE(told, atStart ? 0 : 20 - folder.entryList(QDir::Files).size());
+        QCOMPARE(RecordedMessages::texts().filter("not installed").size(),
+                 row.atStart ? 0 : 20 - folder.entryList(QDir::Files).size());
     }
     QVERIFY(QFile::setPermissions(folder.path(), QFile::Permissions(0x7755))); // to be removed
     const QStringList files = folder.entryList(QDir::Files | QDir::Hidden);
-    QVERIFY2(files.isEmpty() == (kilobytes == 0) && files.size() < 20,
-             qPrintable(files.join(QLatin1Char(' '))));
+    QVERIFY2(files.isEmpty() == readOnly && files.size() < 20, qPrintable(files.join(' ')));
     for (const QString& name : files) {
         QFile file(folder.filePath(name));
         QVERIFY(file.open(QIODevice::ReadOnly));
@@ -185,120 +166,68 @@ void PresenceTest::anInstallationHasWholeFilesOnly()
 
 void PresenceTest::theProbeLeavesAnOpenDeviceAlone()
 {
-    TestHost host;
-    PseudoTerminal tablet;
-    host.writeDescription(QStringLiteral("a"), DescriptionBuilder().xml());
-    const auto digitizer = Digitizer::instance();
-    digitizer->selectDevice(QStringLiteral("A"), tablet.path());
-    QVERIFY(digitizer->open());
-    QCOMPARE(Digitizer::deviceExist(), QStringLiteral("Device is already locked"));
-    QVERIFY(digitizer->active());
-    QVERIFY(digitizer->close());
+    const Desk desk;
+    QVERIFY(desk.digitizer->open());
+    QCOMPARE(Digitizer::deviceExist(), QString("Device is already locked"));
+    QVERIFY(desk.digitizer->active());
+    QVERIFY(desk.digitizer->close());
 }
 
 void PresenceTest::theProbeLeavesWaitingInputAlone()
 {
-    TestHost host;
-    PseudoTerminal tablet; // keeps the port open, as another program does
-    host.writeDescription(QStringLiteral("a"), DescriptionBuilder().xml());
-    const auto digitizer = Digitizer::instance();
-    digitizer->selectDevice(QStringLiteral("A"), tablet.path());
-    QVERIFY(tablet.write("123456782"));
-    QTRY_VERIFY(!tablet.drained());
-    QCOMPARE(Digitizer::deviceExist(), QStringLiteral("No Error has occurred"));
-    QVERIFY(!tablet.drained());
-    QVERIFY(digitizer->open());
-    QVERIFY(tablet.drained());
-    digitizer->close();
-}
-
-void PresenceTest::theBeepTravelsToTheTablet_data()
-{
-    QTest::addColumn<QByteArray>("beep");
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("message");
-
-    const auto row = [](const char* characters, const QByteArray& bytes, const char* message) {
-        const QByteArray xml = "<character>" +
-                               QByteArray(characters).replace(" ", "</character><character>") +
-                               "</character>";
-        QTest::newRow(characters) << "<beepString>" + xml + "</beepString>" << bytes
-                                  << QString::fromLatin1(message);
-    };
-    const char begin[] = "Test for digitizer beep string: ";
-    row("27 66 7", "\x1b\x42\x07", R"(Test for digitizer beep string: "\u001BB\u0007")");
-    row("65 x 66", QByteArray("A\0B", 3), R"(Test for digitizer beep string: "A\u0000B")");
-    row("255 128", "\xff\x80", "Test for digitizer beep string: \"\xff\\u0080\"");
-    row("65601", "A", R"(Test for digitizer beep string: "A")");
-    QTest::newRow("other children")
-        << QByteArray("<x/><beepString><x>1</x><character>49</character>"
-                      "2<x>3</x><character>50</character></beepString>"
-                      "<beepString><character>51</character>"
-                      "</beepString>")
-        << QByteArray("12") << QLatin1String(begin) + QLatin1String("\"12\"");
-    QTest::newRow("empty") << QByteArray("<beepString><x>1</x></beepString>") << QByteArray()
-                           << QString();
-    QTest::newRow("none") << QByteArray() << QByteArray() << QString();
+    Desk desk; // which keeps the port open, as another program does
+    QVERIFY(desk.tablet.write("123456782"));
+    QTRY_VERIFY(!desk.tablet.drained());
+    QCOMPARE(Digitizer::deviceExist(), QString("No Error has occurred"));
+    QVERIFY(!desk.tablet.drained());
+    QVERIFY(desk.digitizer->open());
+    QVERIFY(desk.tablet.drained());
 }
 
 void PresenceTest::theBeepTravelsToTheTablet()
 {
-    QFETCH(QByteArray, beep);
-    QFETCH(QByteArray, bytes);
-    QFETCH(QString, message);
-    TestHost host;
-    PseudoTerminal tablet;
-    host.writeDescription(QStringLiteral("a"), DescriptionBuilder().beep(beep).xml());
-    host.writeDescription(
-        QStringLiteral("end"),
-        DescriptionBuilder("end").beep("<beepString><character>46</character></beepString>").xml());
-    const auto digitizer = Digitizer::instance();
-    digitizer->selectDevice(QStringLiteral("A"), tablet.path());
-    QVERIFY(digitizer->open());
+    QFETCH(TextRow, row);
+    Desk desk(DescriptionBuilder().beep(row.fields.at(0)));
+    desk.host.writeDescription("end", DescriptionBuilder("end").beep(oneBeep).xml());
+    QVERIFY(desk.digitizer->open());
     {
         const RecordedMessages messages;
-        digitizer->digitBeep();
-        QCOMPARE(RecordedMessages::texts().join(QLatin1Char('|')), message);
+        desk.digitizer->digitBeep();
+        QCOMPARE(RecordedMessages::texts().join('|'),
+                 row.text(2).replace("LEAD", "Test for digitizer beep string: "));
         // A second command marks where the first one ends.
-        digitizer->selectDevice(QStringLiteral("end"), tablet.path());
-        digitizer->digitBeep();
+        desk.digitizer->selectDevice("end", desk.tablet.path());
+        desk.digitizer->digitBeep();
     }
     QByteArray arrived;
     while (!arrived.endsWith('.')) {
-        const QByteArray chunk = tablet.read(5000);
+        const QByteArray chunk = desk.tablet.read(5000);
         QVERIFY2(!chunk.isEmpty(), arrived.toHex());
         arrived += chunk;
     }
-    QCOMPARE(arrived, bytes + ".");
-    digitizer->close();
+    QCOMPARE(arrived, row.fields.at(1) + ".");
 }
 
 void PresenceTest::withoutAPortNothingBeeps()
 {
-    TestHost host;
-    PseudoTerminal tablet;
-    host.writeDescription(
-        QStringLiteral("a"),
-        DescriptionBuilder().beep("<beepString><character>46</character></beepString>").xml());
-    const auto digitizer = Digitizer::instance();
+    Desk desk(DescriptionBuilder().beep(oneBeep));
+    Digitizer& digitizer = *desk.digitizer;
+    const QString port = desk.tablet.path();
     const RecordedMessages messages;
-    digitizer->selectDevice(QStringLiteral("A"), tablet.path());
-    digitizer->digitBeep();
-    QVERIFY(QMetaObject::invokeMethod(digitizer.get(), "handleRead"));
-    QVERIFY(digitizer->open());
-    digitizer->selectDevice(QStringLiteral("B"), tablet.path());
-    digitizer->digitBeep(); // no such description
-    digitizer->selectDevice(QStringLiteral("A"), tablet.path());
-    QVERIFY(digitizer->close());
-    digitizer->digitBeep();
-    QCOMPARE(tablet.read(), QByteArray());
+    digitizer.digitBeep();
+    QVERIFY(QMetaObject::invokeMethod(&digitizer, "handleRead"));
+    QVERIFY(digitizer.open());
+    digitizer.selectDevice("B", port);
+    digitizer.digitBeep(); // no such description
+    digitizer.selectDevice("A", port);
+    QVERIFY(digitizer.close());
+    digitizer.digitBeep();
+    QCOMPARE(desk.tablet.read(), QByteArray());
     QCOMPARE(RecordedMessages::texts(), QStringList());
-    digitizer->selectDevice(QStringLiteral("A"), QStringLiteral("/nowhere/port"));
-    QVERIFY(!digitizer->open());
-    digitizer->digitBeep();
-    QCOMPARE(RecordedMessages::texts().join(QLatin1Char('|')),
-             QStringLiteral("Test for digitizer beep string: \".\""));
-    digitizer->close();
+    digitizer.selectDevice("A", "/nowhere/port");
+    QVERIFY(!digitizer.open());
+    digitizer.digitBeep();
+    QCOMPARE(RecordedMessages::texts().join('|'), QString("Test for digitizer beep string: \".\""));
 }
 
 QTEST_GUILESS_MAIN(PresenceTest)

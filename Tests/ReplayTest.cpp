@@ -28,7 +28,7 @@ private slots:
 
 namespace {
 
-const char folder[] = SOURCE_DIRECTORY "/Tests/Replay/";
+const QDir sessions(SOURCE_DIRECTORY "/Tests/Replay");
 
 QByteArray contentOf(const QString& path)
 {
@@ -38,17 +38,17 @@ QByteArray contentOf(const QString& path)
 
 void installDescriptions(TestHost& host)
 {
-    const QDir shipped(QStringLiteral(SOURCE_DIRECTORY "/Plugins/digitizer/generated"));
+    const QDir shipped(SOURCE_DIRECTORY "/Plugins/digitizer/generated");
     for (const QString& name : shipped.entryList(QDir::Files))
         host.writeDescription(name, contentOf(shipped.filePath(name)));
-    host.writeDescription(QStringLiteral("lectra.xml"), DescriptionBuilder("Lectra E92").xml());
+    host.writeDescription("lectra.xml", DescriptionBuilder("Lectra E92").xml());
 }
 
 QString textOf(const DigitalReport& report)
 {
-    return QStringLiteral("%1 %2 %3")
-        .arg(QString::number(report.coordinate().x(), 'f', 9),
-             QString::number(report.coordinate().y(), 'f', 9))
+    return QString("%1 %2 %3")
+        .arg(report.coordinate().x(), 0, 'f', 9)
+        .arg(report.coordinate().y(), 0, 'f', 9)
         .arg(report.m_button_number);
 }
 
@@ -59,7 +59,7 @@ QStringList expectedUntil(const QByteArray& expected, qint64 milliseconds)
     for (const QByteArray& line : expected.split('\n')) {
         const int blank = line.indexOf(' ');
         if (blank > 0 && !line.startsWith('#') && line.left(blank).toLongLong() <= milliseconds)
-            reports << QString::fromUtf8(line.mid(blank + 1));
+            reports << line.mid(blank + 1);
     }
     return reports;
 }
@@ -68,21 +68,20 @@ QStringList expectedUntil(const QByteArray& expected, qint64 milliseconds)
 
 void ReplayTest::sessionsGiveTheExpectedReports_data()
 {
-    QTest::addColumn<QString>("session");
-    const QStringList logs =
-        QDir(QLatin1String(folder)).entryList({QStringLiteral("*.log")}, QDir::Files);
+    QTest::addColumn<QString>("log");
+    const QStringList logs = sessions.entryList({"*.log"});
     QVERIFY(!logs.isEmpty());
     for (const QString& log : logs)
-        QTest::newRow(qPrintable(log)) << QLatin1String(folder) + QFileInfo(log).baseName();
+        QTest::newRow(qPrintable(log)) << sessions.filePath(log);
 }
 
 void ReplayTest::sessionsGiveTheExpectedReports()
 {
-    QFETCH(QString, session);
-    const auto read = readSession(contentOf(session + QLatin1String(".log")));
-    QVERIFY2(read, qPrintable(read ? QString() : read.error()));
-    QVERIFY(!read->chunks.isEmpty());
-    const QByteArray expected = contentOf(session + QLatin1String(".expected"));
+    QFETCH(QString, log);
+    const auto session = readSession(contentOf(log));
+    QVERIFY2(session, qPrintable(session ? QString() : session.error()));
+    QVERIFY(!session->chunks.isEmpty());
+    const QByteArray expected = contentOf(log.replace(".log", ".expected"));
     QVERIFY2(!expected.isEmpty(), "there is no expectation beside the log");
 
     TestHost host;
@@ -96,18 +95,18 @@ void ReplayTest::sessionsGiveTheExpectedReports()
         DigitalReport::unregisterHandle();
         digitizer->close();
         // The "Lectra E92" keeps a log of its own beside the program.
-        QFile::remove(QCoreApplication::applicationDirPath() + QLatin1String("/received_data.txt"));
+        QFile::remove(QCoreApplication::applicationDirPath() + "/received_data.txt");
     });
-    digitizer->selectDevice(read->driver, tablet.path());
+    digitizer->selectDevice(session->driver, tablet.path());
     QVERIFY(digitizer->open());
     digitizer->readReport();
-    for (const RecordedSession::Chunk& chunk : read->chunks) {
+    for (const RecordedSession::Chunk& chunk : session->chunks) {
         const int before = RecordedMessages::texts().size();
         QVERIFY(tablet.write(chunk.bytes));
         QTRY_VERIFY(RecordedMessages::texts().size() > before); // the driver has looked at it
         QCOMPARE(reports, expectedUntil(expected, chunk.milliseconds));
     }
-    QCOMPARE(reports.size(), expectedUntil(expected, std::numeric_limits<qint64>::max()).size());
+    QCOMPARE(reports, expectedUntil(expected, std::numeric_limits<qint64>::max()));
 }
 
 QTEST_GUILESS_MAIN(ReplayTest)
