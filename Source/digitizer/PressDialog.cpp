@@ -25,6 +25,8 @@ PressDialog::PressDialog(SerialLine& line, std::optional<double> distance)
 {
     m_quiet.setSingleShot(true);
     m_quiet.setInterval(PressProtocol::pauseMilliseconds);
+    // Never too early: the presses are told apart by the same pause.
+    m_quiet.setTimerType(Qt::PreciseTimer);
     connect(&m_quiet, &QTimer::timeout, this, &PressDialog::endPress);
     connect(&line, &SerialLine::received, this, &PressDialog::take);
     connect(&line, &SerialLine::ended, this,
