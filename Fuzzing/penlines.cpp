@@ -45,22 +45,17 @@ std::vector<std::string> linesOf(const QByteArray& file)
     return lines;
 }
 
-double centimetres(const std::string& number)
-{
-    return number[0] == '-' ? 0 : std::stoi(number) / 10.0;
-}
-
 /// Appends the reports of whole commands, at one line per millimetre.
 void appendReports(std::vector<Report>& reports, const std::string& commands)
 {
-    for (std::size_t begin = 0; begin < commands.size();) {
-        const std::size_t end = commands.find('\r', begin);
-        const std::size_t blank = commands.find(' ', begin);
-        require(end != std::string::npos && end - begin < 16, "a whole command");
-        reports.emplace_back(commands[begin] - '0',
-                             centimetres(commands.substr(begin + 1, blank - begin - 1)),
-                             centimetres(commands.substr(blank + 1, end - blank - 1)));
-        begin = end + 1;
+    static const QRegularExpression command(QStringLiteral("(\\d)(-?\\d+) (-?\\d+)\n\r"));
+    const auto centimetres = [](const QString& number) {
+        return std::max(0, number.toInt()) / 10.0;
+    };
+    for (auto found = command.globalMatch(QString::fromStdString(commands)); found.hasNext();) {
+        const auto match = found.next();
+        reports.emplace_back(match.captured(1).toInt(), centimetres(match.captured(2)),
+                             centimetres(match.captured(3)));
     }
 }
 

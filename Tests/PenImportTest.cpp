@@ -46,14 +46,12 @@ private slots:
     void faults_data();
     void faults();
     void textsAreTranslatedInTheirContexts();
-    void manyFilesAtOnceAreEachDeliveredOnce();
     void filesThatArriveDuringAnErrorBox_data();
     void filesThatArriveDuringAnErrorBox();
     void anImporterInUseIsDeletedAtItsEnd();
     void aNestedLoopMayReadTheChangeFirst();
     void renamingReplacesNothing_data();
     void renamingReplacesNothing();
-    void anUnreadableFileIsPassedOver();
     void exportedOperations();
     void looks_data() { addTextRows("pen-looks.txt", 1); }
     void looks();
@@ -67,13 +65,6 @@ QByteArray contentOf(const QString& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("not there");
-}
-
-// In descending order, so that the import has to sort them.
-void putMany(PenInput& pen, int last, int first)
-{
-    for (int number = last; number >= first; --number)
-        pen.put(QStringLiteral("p%1.dat=A- 4\nX:%1:0").arg(number).toLatin1());
 }
 
 // The process then has a kernel, or a file system, that answers \a error.
@@ -243,10 +234,8 @@ void PenImportTest::aHostMayDoAnythingInItsHandler()
     // What comes later is delivered, once.
     pen.reports.clear();
     pen.hooks.clear();
-    pen.digitizer->selectDevice(QStringLiteral("A"), QStringLiteral("File:"));
-    pen.put("later.dat=A- 4\nX:6:6\n");
-    QTRY_COMPARE(pen.names(), QByteArray("a.txt b.txt later.txt"));
-    QCOMPARE(pen.delivered(), QByteArray("4:6,6"));
+    PenSteps::run(pen, {"select A File:", "put later.dat=A- 4\nX:6:6\n",
+                        "names a.txt b.txt later.txt", "reports 4:6,6"});
 }
 
 void PenImportTest::faults_data()
@@ -275,7 +264,7 @@ void PenImportTest::faults()
         QSKIP(qPrintable(disk->problem()));
     if (!has("watched"))
         pen.put(row.fields.at(0));
-    PenSteps::run(pen, row.fields.at(2));
+    PenSteps::run(pen, row.fields.at(2).split('&'));
     PenSteps::run(pen, "report 1: " + row.fields.at(3));
     pen.digitizer->setPenFileSettleTime(settle ? 50 : 0);
     pen.host.answer = has("delete") ? 1 : 0;
@@ -321,55 +310,51 @@ void PenImportTest::textsAreTranslatedInTheirContexts()
     QCOMPARE(pen.host.errors, QStringList(QStringLiteral("MavApplication/Unexpected Error")));
 }
 
-void PenImportTest::manyFilesAtOnceAreEachDeliveredOnce()
-{
-    PenInput pen;
-    QVERIFY(pen.digitizer->open());
-    putMany(pen, 199, 0);
-    QTRY_VERIFY2(!pen.names().contains(".dat"), pen.names());
-    QCoreApplication::processEvents();
-    QByteArrayList expected;
-    for (int number = 0; number < 200; ++number)
-        expected << "4:" + QByteArray::number(number) + ",0";
-    std::sort(expected.begin(), expected.end());
-    std::sort(pen.reports.begin(), pen.reports.end());
-    QCOMPARE(pen.reports, expected);
-}
-
 void PenImportTest::filesThatArriveDuringAnErrorBox_data()
 {
-    QTest::addColumn<bool>("closes"); // the host, in the error box
-    QTest::newRow("wait for the end") << false;
-    QTest::newRow("are not imported if the host closes") << true;
+    QTest::addColumn<bool>("box");
+    QTest::addColumn<bool>("closes"); // the host, in the box
+    QTest::newRow("wait for the end") << true << false;
+    QTest::newRow("are not imported if the host closes") << true << true;
+    QTest::newRow("without a box are imported at once") << false << false;
 }
 
 void PenImportTest::filesThatArriveDuringAnErrorBox()
 {
+    QFETCH(bool, box);
     QFETCH(bool, closes);
     const RecordedMessages messages(true);
     PenInput pen;
     QVERIFY(pen.digitizer->open());
+    // In descending order, so that the import has to sort them.
+    const auto putMany = [&] {
+        for (int number = 1299; number >= 1000; --number)
+            pen.put(QStringLiteral("p%1.dat=A- 4\nX:%1:0").arg(number).toLatin1());
+    };
     QByteArrayList expected = {"4:1,1", "4:2,2"};
     for (int number = 1000; number < 1300 && !closes; ++number)
         expected << "4:" + QByteArray::number(number) + ",0";
-    bool boxEnded = false;
+    bool boxEnded = !box;
     pen.host.duringDialog = [&] {
         // The file at hand goes, so that its renaming announces nothing after the box.
-        PenSteps::run(pen, "remove z.dat");
-        putMany(pen, 1299, 1000);
+        PenSteps::run(pen, "remove a.dat");
+        putMany();
         QTRY_VERIFY(RecordedMessages::hold("waits for its end"));
         QCOMPARE(pen.reports.size(), 1);
         if (closes)
             pen.digitizer->close();
         boxEnded = true;
     };
-    PenSteps::run(pen, "report 1: throw thrown");
-    pen.put("z.dat=A- 4\nX:1:1\nA- 4\nX:2:2");
+    if (box)
+        PenSteps::run(pen, "report 1: throw thrown");
+    else
+        putMany();
+    pen.put("a.dat=A- 4\nX:1:1\nA- 4\nX:2:2");
     QTRY_VERIFY(boxEnded && pen.reports.size() >= expected.size());
     QCoreApplication::processEvents();
     QCOMPARE(pen.reports, expected);
     QCOMPARE(pen.names().count(".dat"), closes ? 300 : 0);
-    QCOMPARE(pen.host.errors.size(), 1);
+    QCOMPARE(pen.host.errors.size(), box ? 1 : 0);
 }
 
 void PenImportTest::anImporterInUseIsDeletedAtItsEnd()
@@ -430,23 +415,6 @@ void PenImportTest::renamingReplacesNothing()
         if (target.open(QIODevice::ReadOnly))
             QCOMPARE(target.readAll(), QByteArray(renamed ? "1" : "2"));
     }
-}
-
-void PenImportTest::anUnreadableFileIsPassedOver()
-{
-    PenInput pen;
-    pen.put("a.dat=X:1:1|b.dat=A- 4\nX:2:2");
-    QVERIFY(QFile::setPermissions(pen.pathOf(QStringLiteral("a.dat")), QFile::WriteOwner));
-    PenSteps::run(pen, "rights 777");
-    // Without open(), whose settings only their owner reads.
-    DigipenFileDigitalization importer(pen.digitizer.get(), false);
-    {
-        const Unprivileged user;
-        importer.analyzerDigitPenFile(pen.folder);
-    }
-    QCOMPARE(pen.delivered(), QByteArray("4:2,2"));
-    QCOMPARE(pen.names(), QByteArray("a.txt b.txt"));
-    QVERIFY(pen.host.errors.isEmpty());
 }
 
 void PenImportTest::exportedOperations()

@@ -142,6 +142,10 @@ inline const QMap<QByteArray, Action> actions = {
     {"close", [](PenInput& pen, const QByteArray&) { QVERIFY(!pen.digitizer->close()); }},
     {"directory", setDirectory},
     {"fill", fillDisk},
+    {"forbid",
+     [](PenInput& pen, const QByteArray& name) {
+         QVERIFY(::chmod(pen.encodedPathOf(name), 0200) == 0);
+     }},
     {"link", reachThroughLink},
     {"loop", [](PenInput&, const QByteArray& milliseconds) { QTest::qWait(milliseconds.toInt()); }},
     {"make", [](PenInput& pen, const QByteArray&) { QVERIFY(QDir().mkpath(pen.folder)); }},
