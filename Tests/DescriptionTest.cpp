@@ -22,36 +22,6 @@ using namespace MavSystem;
 using namespace ReferenceHost;
 using DescriptionFiles::BrokenFile;
 
-/// Description files, good and bad, the records that they become, and the folder that a host has
-/// them in.
-class DescriptionTest : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void elementsBecomeTheRecord_data() { addTextRows("descriptions.txt", 2); }
-    void elementsBecomeTheRecord();
-    void faults_data() { addTextRows("faults.txt", 2); }
-    void faults();
-    void limits_data() { addTextRows("limits.txt", 2); }
-    void limits();
-    void theSearchAgreesWithParsingEveryFile_data() { addTextRows("search.txt", 2); }
-    void theSearchAgreesWithParsingEveryFile();
-    void onlyPlainVisibleFilesCount();
-    void ofTwoFilesTheFirstListedCounts();
-    void theConstructorWidensWithSign();
-    void aFirstStartHasTheShippedDrivers();
-    void shippedDescriptionsAreKeptUpToDate_data();
-    void shippedDescriptionsAreKeptUpToDate();
-    void anUpdateThatFailedIsRepeated();
-    void aRecordThatCannotBeKeptIsTold();
-    void driversAreThoseThatCanBeSelected();
-    void oneMoreFileIsInstalled_data() { addTextRows("installs.txt", 4); }
-    void oneMoreFileIsInstalled();
-    void theSelectedDeviceIsAskedAbout_data() { addTextRows("selections.txt", 3); }
-    void theSelectedDeviceIsAskedAbout();
-};
-
 namespace {
 
 const QByteArray emptyRecord = "serial 0,0,0,0,0|0 LPMM|report 0 |sixteen 0 |";
@@ -88,22 +58,14 @@ QByteArray contentOf(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// A disk that is full for larger files, for users without quotas, and for root too.
-class FileSizeLimit
+// As on a full disk, for root too.
+void limitFileSize(rlim_t bytes)
 {
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit = {bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &m_before); }
-
-private:
-    rlimit m_before = {};
-};
+    rlimit limit;
+    getrlimit(RLIMIT_FSIZE, &limit);
+    limit.rlim_cur = bytes;
+    setrlimit(RLIMIT_FSIZE, &limit);
+}
 
 const struct
 {
@@ -117,6 +79,36 @@ const struct
 };
 
 } // namespace
+
+/// Description files, good and bad, the records that they become, and the folder that a host has
+/// them in.
+class DescriptionTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void elementsBecomeTheRecord_data() { addTextRows("descriptions.txt", 2); }
+    void elementsBecomeTheRecord();
+    void faults_data() { addTextRows("faults.txt", 2); }
+    void faults();
+    void limits_data() { addTextRows("limits.txt", 2); }
+    void limits();
+    void theSearchAgreesWithParsingEveryFile_data() { addTextRows("search.txt", 2); }
+    void theSearchAgreesWithParsingEveryFile();
+    void onlyPlainVisibleFilesCount();
+    void ofTwoFilesTheFirstListedCounts();
+    void theConstructorWidensWithSign();
+    void aFirstStartHasTheShippedDrivers();
+    void shippedDescriptionsAreKeptUpToDate_data() { addRows(updateRows); }
+    void shippedDescriptionsAreKeptUpToDate();
+    void anUpdateThatFailedIsRepeated();
+    void aRecordThatCannotBeKeptIsTold();
+    void driversAreThoseThatCanBeSelected();
+    void oneMoreFileIsInstalled_data() { addTextRows("installs.txt", 4); }
+    void oneMoreFileIsInstalled();
+    void theSelectedDeviceIsAskedAbout_data() { addTextRows("selections.txt", 3); }
+    void theSelectedDeviceIsAskedAbout();
+};
 
 void DescriptionTest::elementsBecomeTheRecord()
 {
@@ -223,11 +215,6 @@ void DescriptionTest::aFirstStartHasTheShippedDrivers()
     QCOMPARE(driver->support, "untested");
 }
 
-void DescriptionTest::shippedDescriptionsAreKeptUpToDate_data()
-{
-    addRows(updateRows);
-}
-
 void DescriptionTest::shippedDescriptionsAreKeptUpToDate()
 {
     const auto& row = currentRow(updateRows);
@@ -254,11 +241,10 @@ void DescriptionTest::anUpdateThatFailedIsRepeated()
     QCOMPARE(DescriptionFolder::prepare(), QString());
     const QByteArray large(8192, 'n');
     host.write(shippedFile, large);
-    QString problem;
-    {
-        const FileSizeLimit limit(4096);
-        problem = DescriptionFolder::prepare();
-    }
+    std::signal(SIGXFSZ, SIG_IGN);
+    limitFileSize(4096);
+    const QString problem = DescriptionFolder::prepare();
+    limitFileSize(RLIM_INFINITY);
     QVERIFY2(problem.startsWith("cannot write the description"), qPrintable(problem));
     QCOMPARE(contentOf(host.path(installedFile)), QByteArray("old"));
     QCOMPARE(DescriptionFolder::prepare(), QString());

@@ -31,8 +31,7 @@ public:
         m_look.start(10);
     }
 
-    /// Chooses in the dialog, and answers the next box with the button or the key
-    /// of that name.
+    /// Chooses in the dialog, and answers the next box with the button or the key of that name.
     void open(const QString& driver, const QString& port, const QString& directory,
               const QString& answer = {})
     {

@@ -91,6 +91,9 @@ class PortLayerTest : public QObject
     Q_OBJECT
 
 private slots:
+    void init();
+    void cleanup() { m_port.reset(); }
+
     void settingsReachTheInnerPort();
     void errorsHaveTheirTexts_data() { addRows(openRows); }
     void errorsHaveTheirTexts();
@@ -103,7 +106,19 @@ private slots:
     void anotherReaderMayTakeTheBytes();
     void aHangUpIsAnnouncedOnce_data() { addRows(hangUpRows); }
     void aHangUpIsAnnouncedOnce();
+
+private:
+    std::unique_ptr<PseudoTerminal> m_tablet;
+    std::unique_ptr<QextSerialPort> m_port; // open
 };
+
+void PortLayerTest::init()
+{
+    m_tablet = std::make_unique<PseudoTerminal>();
+    m_port = std::make_unique<QextSerialPort>();
+    QCOMPARE(m_port->errorString(), noError);
+    QVERIFY(openAt(*m_port, *m_tablet));
+}
 
 void PortLayerTest::settingsReachTheInnerPort()
 {
@@ -151,8 +166,8 @@ void PortLayerTest::errorsHaveTheirTexts()
                      : kind == "file"  ? file.fileName()
                                        : tablet.path());
     {
-        // A lock file of that user has a place: the directory of lock files is
-        // everybody's or there is none.
+        // A lock file of that user has a place: the directory of lock files is everybody's or there
+        // is none.
         const Unprivileged user(kind == "forbidden");
         QVERIFY(!port.open(QIODevice::ReadOnly));
     }
@@ -165,17 +180,15 @@ void PortLayerTest::errorsHaveTheirTexts()
 
 void PortLayerTest::aQuietPortSaysNothing()
 {
-    const PseudoTerminal tablet;
     const RecordedMessages messages;
-    QextSerialPort port;
-    QCOMPARE(port.errorString(), noError);
-    QVERIFY(openAt(port, tablet));
-    QCOMPARE(port.readAll(), QByteArray());
-    QVERIFY(port.reset());
-    port.close();
-    QVERIFY(!port.isOpen());
-    port.close();
-    QCOMPARE(port.errorString(), noError);
+    m_port->close();
+    QVERIFY(!m_port->isOpen());
+    QVERIFY(openAt(*m_port, *m_tablet));
+    QCOMPARE(m_port->readAll(), QByteArray());
+    QVERIFY(m_port->reset());
+    m_port->close();
+    m_port->close();
+    QCOMPARE(m_port->errorString(), noError);
     QCOMPARE(RecordedMessages::texts(), QStringList());
 }
 
@@ -193,24 +206,20 @@ void PortLayerTest::bytesAreAnnouncedReadAndWritten()
         QCOMPARE(port.bytesAvailable(), qint64(1));
         QCOMPARE(port.readAll(), QByteArray("c"));
         QCOMPARE(port.write("xyz"), qint64(3));
-        QCOMPARE(tablet.read(5000),
-                 QByteArray("xyz")); // without an event loop in between
+        QCOMPARE(tablet.read(5000), QByteArray("xyz")); // without an event loop in between
     }
 }
 
 void PortLayerTest::bytesOfTwoReadsAreAnnouncedOnce()
 {
-    PseudoTerminal tablet;
-    QextSerialPort port;
-    QSignalSpy announced(&port, &QIODevice::readyRead);
-    QVERIFY(openAt(port, tablet));
+    QSignalSpy announced(m_port.get(), &QIODevice::readyRead);
     for (const char* bytes : {"ab", "c"}) {
-        QVERIFY(tablet.write(bytes));
+        QVERIFY(m_tablet->write(bytes));
         const QDeadlineTimer patience(5000);
-        while (!tablet.taken() && !patience.hasExpired())
-            activate(port);
+        while (!m_tablet->taken() && !patience.hasExpired())
+            activate(*m_port);
     }
-    QCOMPARE(port.bytesAvailable(), qint64(3));
+    QCOMPARE(m_port->bytesAvailable(), qint64(3));
     QCOMPARE(announced.size(), 0); // not inside a signal of the inner port
     QCoreApplication::processEvents();
     QCoreApplication::processEvents();
@@ -219,31 +228,25 @@ void PortLayerTest::bytesOfTwoReadsAreAnnouncedOnce()
 
 void PortLayerTest::aReceiverMayDeleteThePort()
 {
-    PseudoTerminal tablet;
-    auto port = std::make_unique<QextSerialPort>();
-    QVERIFY(openAt(*port, tablet));
     int calls = 0;
-    connect(port.get(), &QIODevice::readyRead, this, [&] {
+    connect(m_port.get(), &QIODevice::readyRead, this, [&] {
         ++calls;
-        port.reset();
+        m_port.reset();
     });
-    QVERIFY(tablet.write("abc"));
+    QVERIFY(m_tablet->write("abc"));
     QTRY_COMPARE(calls, 1);
-    QVERIFY(!port);
+    QVERIFY(!m_port);
 }
 
 void PortLayerTest::writingAfterAHangUpFailsSilently()
 {
-    PseudoTerminal tablet;
-    QextSerialPort port;
-    QVERIFY(openAt(port, tablet));
-    tablet.hangUp();
-    QTRY_VERIFY(port.errorString() != noError);
-    const QString error = port.errorString();
+    m_tablet->hangUp();
+    QTRY_VERIFY(m_port->errorString() != noError);
+    const QString error = m_port->errorString();
     const RecordedMessages messages;
-    QCOMPARE(port.write("x"), qint64(-1));
-    QCOMPARE(port.readAll(), QByteArray());
-    QCOMPARE(port.errorString(), error);
+    QCOMPARE(m_port->write("x"), qint64(-1));
+    QCOMPARE(m_port->readAll(), QByteArray());
+    QCOMPARE(m_port->errorString(), error);
     QCOMPARE(RecordedMessages::texts(), QStringList());
 }
 
@@ -275,31 +278,30 @@ void PortLayerTest::anotherReaderMayTakeTheBytes()
 void PortLayerTest::aHangUpIsAnnouncedOnce()
 {
     const auto& row = currentRow(hangUpRows);
-    PseudoTerminal tablet;
     const PseudoTerminal other;
-    auto port = std::make_unique<QextSerialPort>(row.mode);
-    QVERIFY(openAt(*port, tablet));
-    port->close(); // a close that is asked for is no hang-up
-    QVERIFY(openAt(*port, tablet));
-    QVERIFY(tablet.write("abc"));
-    QTRY_COMPARE(port->bytesAvailable(), qint64(3));
+    m_port = std::make_unique<QextSerialPort>(row.mode);
+    QVERIFY(openAt(*m_port, *m_tablet));
+    m_port->close(); // a close that is asked for is no hang-up
+    QVERIFY(openAt(*m_port, *m_tablet));
+    QVERIFY(m_tablet->write("abc"));
+    QTRY_COMPARE(m_port->bytesAvailable(), qint64(3));
     QCoreApplication::sendPostedEvents();
 
     QStringList seen;
     const auto receiver = [&](const char* name, const QString& action) {
-        return [&seen, &port, &other, name, action] {
+        return [this, &seen, &other, name, action] {
             seen << name;
             if (action == "delete")
-                return port.reset();
+                return m_port.reset();
             if (!action.isEmpty())
-                port->close();
+                m_port->close();
             if (action == "reopen")
-                QVERIFY(openAt(*port, other));
+                QVERIFY(openAt(*m_port, other));
         };
     };
-    connect(port.get(), &QIODevice::readyRead, this, receiver("bytes", row.atBytes));
-    connect(port.get(), &QIODevice::readChannelFinished, this, receiver("end", row.atEnd));
-    tablet.hangUp();
+    connect(m_port.get(), &QIODevice::readyRead, this, receiver("bytes", row.atBytes));
+    connect(m_port.get(), &QIODevice::readChannelFinished, this, receiver("end", row.atEnd));
+    m_tablet->hangUp();
     QTRY_COMPARE(seen.join(' '), row.announced);
     QCoreApplication::processEvents(); // what else is queued
     QCOMPARE(seen.join(' '), row.announced);

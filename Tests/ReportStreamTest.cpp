@@ -55,12 +55,13 @@ QByteArray outcomeOf(ReportStream& stream, const QByteArray& arriving)
 
 using Random = std::mt19937;
 
-QByteArray randomTemplate(Random& random, const QByteArray& lineEnd, bool endInside)
+// A template with a line end behind it, and inside it too if \a inside.
+QByteArray randomTemplate(Random& random, const QByteArray& lineEnd, bool inside)
 {
     QByteArray letters;
     for (int fields = 3 + int(random() % 10); fields > 0; --fields)
         letters += "XXYYBUS."[random() % 8];
-    if (endInside)
+    if (inside)
         letters.insert(1 + int(random() % unsigned(letters.size() - 1)), lineEnd);
     return letters + lineEnd;
 }
@@ -68,33 +69,21 @@ QByteArray randomTemplate(Random& random, const QByteArray& lineEnd, bool endIns
 QByteArray randomReport(Random& random, const QByteArray& letters)
 {
     static const std::map<char, const char*> choices = {
-        {'B', "1234"}, {'U', ", 0\xff"}, {'S', "+-"}, {'.', "."}, {'C', "\r"}, {'L', "\n"}};
+        {'X', "0123456789"}, {'Y', "0123456789"}, {'B', "1234"}, {'U', ", 0\xff"},
+        {'S', "+-"},         {'.', "."},          {'C', "\r"},   {'L', "\n"}};
     QByteArray report;
-    for (const char letter : letters) {
-        const auto known = choices.find(letter);
-        const char* const choice = known == choices.end() ? "0123456789" : known->second;
-        report += choice[random() % std::strlen(choice)];
-    }
+    for (const char letter : letters)
+        report += choices.at(letter)[random() % std::strlen(choices.at(letter))];
     return report;
 }
 
-// A byte lost, changed or added, the end or the beginning missing.
+// Up to all bytes lost from any place on, and often another one there instead.
 QByteArray damaged(Random& random, QByteArray report)
 {
-    const int at = int(random() % unsigned(report.size()));
-    const char byte = "0123456789.+-\r\n?\xff"[random() % 17];
-    switch (random() % 5) {
-    case 0:
-        return report.remove(at, 1);
-    case 1:
-        return report.replace(at, 1, &byte, 1);
-    case 2:
-        return report.insert(at, byte);
-    case 3:
-        return report.left(at);
-    default:
-        return report.mid(at);
-    }
+    const auto size = unsigned(report.size());
+    const int lost = random() % 2 ? int(random() % 2) : int(random() % size);
+    const QByteArray byte(int(random() % 2), "0123456789.+-\r\n?\xff"[random() % 17]);
+    return report.replace(int(random() % size), lost, byte);
 }
 
 } // namespace

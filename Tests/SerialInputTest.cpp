@@ -77,6 +77,12 @@ QString textOf(const DigitalReport& report)
     return QStringLiteral("%1,%2,%3").arg(point.x()).arg(point.y()).arg(report.m_button_number);
 }
 
+void note(const QString& thing)
+{
+    if (!thing.isEmpty())
+        s_got << thing;
+}
+
 QString got()
 {
     return s_got.join(QLatin1Char(' ')).replace(QLatin1Char('\r'), QLatin1Char('$'));
@@ -157,25 +163,16 @@ private:
         {"rest", [](auto milliseconds) { QTest::qWait(milliseconds.toInt()); }},
         {"select", [this](auto driver) { m_digitizer->selectDevice(driver, m_tablet->path()); }},
         {"away", [this](auto driver) { m_digitizer->selectDevice(driver, "file:"); }},
-        {"open",
-         [this](auto) {
-             if (!m_digitizer->open())
-                 s_got << "failed";
-         }},
+        {"open", [this](auto) { note(m_digitizer->open() ? "" : "failed"); }},
         {"read", [this](auto) { m_digitizer->readReport(); }},
-        {"close",
-         [this](auto) {
-             if (!m_digitizer->close())
-                 s_got << "unopened";
-         }},
-        {"active", [this](auto) { s_got << (m_digitizer->active() ? "active" : "inactive"); }},
+        {"close", [this](auto) { note(m_digitizer->close() ? "" : "unopened"); }},
+        {"active", [this](auto) { note(m_digitizer->active() ? "active" : "inactive"); }},
         {"plain", [this](auto) { m_digitizer->setCheckedReading(false); }},
         {"beep",
          [this](auto) {
              m_digitizer->digitBeep();
              const QByteArray bytes = m_tablet->read(m_digitizer->active() ? 5000 : 0);
-             if (!bytes.isEmpty())
-                 s_got << "beep:" + bytes;
+             note(bytes.isEmpty() ? "" : "beep:" + bytes);
          }},
         {"pull", [this](auto) { m_tablet->hangUp(); }},
         {"logged", [this](auto) { takeLog(); }},

@@ -38,30 +38,26 @@ bool isSettled(const PenFileStamp& stamp)
     return stamp.modified / 1000000 + steps < QDateTime::currentMSecsSinceEpoch();
 }
 
-// The name as the root element alone tells it. A file broken further down has none all the same;
-// this is only good for passing over files that cannot match.
-std::optional<QString> nameAtRoot(const QByteArray& content)
+// The name as the root element alone tells it; empty when there is none. A file broken further down
+// has none all the same; this is only good for passing over files that cannot match.
+QString nameAtRoot(const QByteArray& content)
 {
     BoundedXmlReader reader(content);
     while (reader.readNext() && !reader.token().isStartElement()) {
     }
-    if (!reader.token().isStartElement())
-        return std::nullopt;
     for (const QXmlStreamAttribute& attribute : reader.token().attributes()) {
         // The document parser does not know defaults that a document type declares.
         if (attribute.qualifiedName() == QLatin1String("name") && !attribute.isDefault())
             return attribute.value().toString();
     }
-    return QString();
+    return {};
 }
 
-// The two parsers differ in the white space of attributes, so that must not exclude a file.
-bool mayMatch(const QByteArray& content, const QString& driverName, BrokenFile brokenFile)
+// The two parsers differ in the white space of attributes, so that must not exclude a file. A
+// broken file has no name.
+bool mayMatch(const QByteArray& content, const QString& driverName)
 {
-    if (driverName.isEmpty() && brokenFile == BrokenFile::Unnamed)
-        return true;
-    const std::optional<QString> name = nameAtRoot(content);
-    return name && name->simplified() == driverName.simplified();
+    return driverName.isEmpty() || nameAtRoot(content).simplified() == driverName.simplified();
 }
 
 } // namespace
@@ -164,7 +160,7 @@ std::optional<Loaded> find(const QString& driverName, BrokenFile brokenFile)
         return std::nullopt;
     for (const QFileInfo& file : candidates(*folder)) {
         const Content content = contentOf(file.absoluteFilePath());
-        if (content.problem().isEmpty() && !mayMatch(content.bytes, driverName, brokenFile))
+        if (content.problem().isEmpty() && !mayMatch(content.bytes, driverName))
             continue;
         Loaded loaded = parse(content);
         if (!loaded.problem.isEmpty()) {
