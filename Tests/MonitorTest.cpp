@@ -72,7 +72,8 @@ void MonitorTest::bytesAreListedWithTheirRoles()
 
     LineMonitor plain;
     QVERIFY(plain.take(0, bytes).contains(bytes.left(20).toHex(' ')));
-    QCOMPARE(plain.summary(), QString("%1 bytes\n").arg(bytes.size()));
+    QCOMPARE(plain.summary(),
+             QString("%1 byte%2\n").arg(bytes.size()).arg(bytes.size() == 1 ? "" : "s"));
 }
 
 void MonitorTest::theSummaryCounts()
@@ -105,7 +106,7 @@ void MonitorTest::aLineIsShownUntilItEnds()
     else
         process.terminate();
     QCOMPARE(process.end(), row.cablePulled ? 1 : 0);
-    QVERIFY2(process.output().contains("18 bytes, 1 reports, 5 bytes passed over"),
+    QVERIFY2(process.output().contains("18 bytes, 1 report, 5 bytes passed over"),
              qPrintable(process.output()));
 }
 

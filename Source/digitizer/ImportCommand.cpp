@@ -64,12 +64,16 @@ QString penDirectory(const QString& path)
 {
     const QFileInfo directory(path);
     if (!directory.exists())
-        throw CommandError(QStringLiteral("there is no directory %1").arg(path));
+        throw CommandError(
+            QStringLiteral("there is no directory %1; give the directory of the pen files")
+                .arg(path));
     if (!directory.isDir())
         throw CommandError(
             QStringLiteral("%1 is not a directory; give the directory of the pen files").arg(path));
     if (!directory.isReadable() || !directory.isExecutable())
-        throw CommandError(QStringLiteral("cannot read the directory %1").arg(path));
+        throw CommandError(
+            QStringLiteral("cannot read the directory %1; you need permission to list and enter it")
+                .arg(path));
     return QDir(path).absolutePath();
 }
 

@@ -9,6 +9,7 @@
 #include "ReferenceHost/CommandLine/Console.h"
 #include "ReferenceHost/CommandLine/StopSignals.h"
 #include "ReferenceHost/Host/ImportHost.h"
+#include "ReferenceHost/Texts/Counted.h"
 
 #include <QEventLoop>
 #include <QFileInfo>
@@ -30,12 +31,6 @@ constexpr int progressMilliseconds = 300;
 constexpr int settledMilliseconds = 100;   // between two checks for waiting files
 constexpr int directoryMilliseconds = 500; // between two checks of a watched directory
 constexpr int namesListed = 20;
-
-QString counted(int number, const char* thing)
-{
-    return QStringLiteral("%1 %2%3").arg(QString::number(number), QLatin1String(thing),
-                                         QLatin1String(number == 1 ? "" : "s"));
-}
 
 void listFiles(const QStringList& lines)
 {
@@ -112,7 +107,8 @@ void ImportSession::receive(const DigitalReport& report)
 void ImportSession::showProgress()
 {
     const int done = m_waitingBefore - m_directory.waiting();
-    std::fprintf(stderr, "\r\033[K%d of %d files, %d points", done, m_waitingBefore, m_reports);
+    std::fprintf(stderr, "\r\033[K%d of %s, %s", done, qPrintable(counted(m_waitingBefore, "file")),
+                 qPrintable(counted(m_reports, "point")));
     m_progressShown = true;
     m_sinceProgress.restart();
 }

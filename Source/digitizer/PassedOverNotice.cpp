@@ -4,6 +4,7 @@
 
 #include "ReferenceHost/CommandLine/Console.h"
 #include "ReferenceHost/Serial/RecordedSession.h"
+#include "ReferenceHost/Texts/Counted.h"
 
 #include <utility>
 
@@ -47,8 +48,8 @@ void PassedOverNotice::sayMore()
     const int more = std::exchange(m_more, 0);
     if (more == 0)
         return;
-    printError(more == 1 ? QStringLiteral("1 more byte was passed over")
-                         : QStringLiteral("%1 more bytes were passed over").arg(more));
+    printError(
+        QStringLiteral("%1 passed over").arg(counted(more, "more byte was", "more bytes were")));
     m_silence.start();
 }
 

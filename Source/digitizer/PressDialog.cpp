@@ -6,6 +6,7 @@
 #include "ReferenceHost/CommandLine/InputLines.h"
 #include "ReferenceHost/CommandLine/StopSignals.h"
 #include "ReferenceHost/Describe/PressProtocol.h"
+#include "ReferenceHost/Texts/Counted.h"
 
 #include <cstdio>
 
@@ -58,8 +59,8 @@ void PressDialog::take(const QByteArray& bytes)
 
 void PressDialog::endPress()
 {
-    tell(QStringLiteral("   %1 bytes: %2\n")
-             .arg(QString::number(m_press.bytes.size()),
+    tell(QStringLiteral("   %1: %2\n")
+             .arg(counted(m_press.bytes.size(), "byte"),
                   QString::fromLatin1(quotedBytes(m_press.bytes))));
     m_presses.append(m_press);
     m_press.bytes.clear();

@@ -155,10 +155,10 @@ A tablet that is not there, and one that goes away.
   digitizer: there is no port /nowhere/tty; check the name, and whether the cable is plugged in ('digitizer ports' lists the ports)
   [1]
   $ capture --device /tmp
-  digitizer: /tmp is not a serial port
+  digitizer: /tmp is not a serial port ('digitizer ports' lists the ports)
   [1]
   $ capture --device null
-  digitizer: /dev/null is not a serial port
+  digitizer: /dev/null is not a serial port ('digitizer ports' lists the ports)
   [1]
   $ tablet --driver "$uiof" --script points --hangup-after 2
   $ capture --no-reconnect

@@ -55,11 +55,11 @@ Ports that cannot be used.
   >     done
   > done
   digitizer: there is no port /dev/ttyNONE; check the name, and whether the cable is plugged in ('digitizer ports' lists the ports)
-  digitizer: /dev/null is not a serial port
-  digitizer: DIR is not a serial port
+  digitizer: /dev/null is not a serial port ('digitizer ports' lists the ports)
+  digitizer: DIR is not a serial port ('digitizer ports' lists the ports)
   digitizer: there is no port /dev/ttyNONE; check the name, and whether the cable is plugged in ('digitizer ports' lists the ports)
-  digitizer: /dev/null is not a serial port
-  digitizer: DIR is not a serial port
+  digitizer: /dev/null is not a serial port ('digitizer ports' lists the ports)
+  digitizer: DIR is not a serial port ('digitizer ports' lists the ports)
   [1]
   $ digitizer beep --driver Beeping --device File:
   digitizer: --device is File:, but a digital pen cannot beep; give a serial port

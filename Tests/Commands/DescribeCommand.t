@@ -100,7 +100,7 @@ Wrong arguments.
   >              '--device x --record new.log' '--baudrate 1' x; do
   >     digitizer describe $wrong </dev/null; echo "[$?]"
   > done
-  digitizer: /dev/null is not a serial port
+  digitizer: /dev/null is not a serial port ('digitizer ports' lists the ports)
   [1]
   digitizer: --distance is '0', but must be a number of centimetres from 1 to 1000
   [2]

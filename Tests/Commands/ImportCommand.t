@@ -221,8 +221,8 @@ At a terminal, progress is shown, and taken away for the result.
   $ tablet --replay silence
   $ timeout --foreground 60 digitizer import pen --driver Pen --answer import --settle 0 >/dev/null 2>tablet
   $ await shows 'digitizer: .*end.n'
-  $ shown | sed 's/ of 1 files, [0-9]* points\(.*\)\(.r.x1b.Kdig\)/ of 1 files, N points ... \2/'
-  \r\x1b[K0 of 1 files, N points ... \r\x1b[Kdigitizer: 1 file imported, 500001 points: 500000 corner, 1 end\n (no-eol)
+  $ shown | sed 's/ of 1 file, [0-9]* points\(.*\)\(.r.x1b.Kdig\)/ of 1 file, N points ... \2/'
+  \r\x1b[K0 of 1 file, N points ... \r\x1b[Kdigitizer: 1 file imported, 500001 points: 500000 corner, 1 end\n (no-eol)
 
 Nothing is lost when the output cannot be written.
 
@@ -241,7 +241,7 @@ Wrong arguments change nothing.
   digitizer: DIR is missing (see 'digitizer import --help')
   [2]
   $ digitizer import nowhere --driver Pen
-  digitizer: there is no directory nowhere
+  digitizer: there is no directory nowhere; give the directory of the pen files
   [1]
   $ digitizer import pen/a.dat --driver Pen
   digitizer: pen/a.dat is not a directory; give the directory of the pen files

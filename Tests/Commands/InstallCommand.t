@@ -67,7 +67,7 @@ Wrong arguments.
 
   $ digitizer install
   digitizer: cannot create the folder DIR/home/DigitizerGeneric/generated
-  digitizer: FILE... is missing (see 'digitizer install --help')
+  digitizer: FILE is missing (see 'digitizer install --help')
   [2]
   $ digitizer install --fource new.xml
   digitizer: cannot create the folder DIR/home/DigitizerGeneric/generated

@@ -39,7 +39,7 @@ The status is that of the errors.
 Wrong arguments.
 
   $ digitizer lint
-  digitizer: FILE... is missing (see 'digitizer lint --help')
+  digitizer: FILE is missing (see 'digitizer lint --help')
   [2]
   $ digitizer lint --format xml unit-unknown.xml
   digitizer: --format is 'xml', but must be one of text, json

@@ -23,8 +23,8 @@ Every byte, with its role; Enter and the end show a summary.
                X  X  X  X  U  Y  Y  Y  Y  U  B  C  L                      button 2 at 6.2679, 2.8800 cm
   TIME  31 32                                                       |12|
                ?  ?                                                       2 stray bytes
-  18 bytes, 1 reports, 5 bytes passed over; largest x 6.2679 cm, largest y 2.8800 cm
-  18 bytes, 1 reports, 5 bytes passed over; largest x 6.2679 cm, largest y 2.8800 cm
+  18 bytes, 1 report, 5 bytes passed over; largest x 6.2679 cm, largest y 2.8800 cm
+  18 bytes, 1 report, 5 bytes passed over; largest x 6.2679 cm, largest y 2.8800 cm
 
 Without a driver, all settings can be given.
 
@@ -48,7 +48,7 @@ The port is lost.
                X  X  X  X  U  Y  Y  Y  Y  U  B  C  L                      button 2 at 6.2679, 2.8800 cm
   TIME  31 32                                                       |12|
                ?  ?                                                       2 stray bytes
-  18 bytes, 1 reports, 5 bytes passed over; largest x 6.2679 cm, largest y 2.8800 cm
+  18 bytes, 1 report, 5 bytes passed over; largest x 6.2679 cm, largest y 2.8800 cm
 
 Wrong arguments.
 
@@ -60,8 +60,8 @@ Wrong arguments.
   > done
   digitizer: there is no port /nowhere/tty; check the name, and whether the cable is plugged in ('digitizer ports' lists the ports)
   digitizer: there is no port /dev/File:; check the name, and whether the cable is plugged in ('digitizer ports' lists the ports)
-  digitizer: /dev/null is not a serial port
-  digitizer: /tmp is not a serial port
+  digitizer: /dev/null is not a serial port ('digitizer ports' lists the ports)
+  digitizer: /tmp is not a serial port ('digitizer ports' lists the ports)
   [1]
   $ tablet --replay session
   $ for wrong in '--baudrate 9601' '--databit 9' '--parity even' '--stopbit 3' '--flowctrl yes' '--driver x' x; do

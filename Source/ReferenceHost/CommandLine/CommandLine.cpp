@@ -4,7 +4,7 @@
 
 #include "ReferenceHost/CommandLine/Console.h"
 #include "ReferenceHost/CommandLine/HelpPage.h"
-#include "ReferenceHost/CommandLine/NearestNames.h"
+#include "ReferenceHost/Texts/NearestNames.h"
 
 namespace ReferenceHost {
 
@@ -46,7 +46,8 @@ QString argumentsProblem(const QStringList& given, const Command& command)
         repeatable = repeatable || argument.name.contains(QLatin1String("..."));
     }
     if (given.size() < required)
-        return QStringLiteral("%1 is missing").arg(command.arguments.at(given.size()).name);
+        return QStringLiteral("%1 is missing")
+            .arg(QString(command.arguments.at(given.size()).name).remove(QLatin1String("...")));
     if (given.size() > command.arguments.size() && !repeatable)
         return QStringLiteral("unexpected argument '%1'").arg(given.at(command.arguments.size()));
     return {};

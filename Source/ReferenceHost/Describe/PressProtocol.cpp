@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Describe/PressProtocol.h"
 
+#include "ReferenceHost/Texts/Counted.h"
+
 #include <algorithm>
 
 namespace ReferenceHost {
@@ -50,9 +52,9 @@ tl::expected<QVector<QByteArray>, QString> checked(const QVector<QByteArray>& pr
     if (presses.size() >= minimumPresses && presses.size() <= maximumPresses)
         return presses;
     return tl::unexpected(
-        QStringLiteral("found %1 presses with pauses of %2 milliseconds between them; expected "
-                       "%3 to %4: button 1 at four points, then every other button once")
-            .arg(presses.size())
+        QStringLiteral("found %1 with pauses of %2 milliseconds between them; expected %3 to %4: "
+                       "button 1 at four points, then every other button once")
+            .arg(counted(presses.size(), "press", "presses"))
             .arg(pauseMilliseconds)
             .arg(minimumPresses)
             .arg(maximumPresses));

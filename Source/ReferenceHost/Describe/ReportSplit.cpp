@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Describe/ReportSplit.h"
 
+#include "ReferenceHost/Texts/Counted.h"
+
 #include <algorithm>
 #include <numeric>
 
@@ -102,9 +104,8 @@ tl::expected<ReportSplit, QString> splitOf(const QVector<QVector<QByteArray>>& p
     if (std::any_of(lengths.begin(), lengths.end(), [first](int other) { return other != first; }))
         return tl::unexpected(lengthsText(lengths));
     if (first < shortestReport)
-        return tl::unexpected(
-            QStringLiteral("a report of %1 characters is too short for x, y and a button")
-                .arg(first));
+        return tl::unexpected(QStringLiteral("a report of %1 is too short for x, y and a button")
+                                  .arg(counted(first, "character")));
     return split;
 }
 

@@ -7,8 +7,9 @@
 #include "DigitizerGeneric/Digitizer/ReportLayout.h"
 #include "DigitizerGeneric/Digitizer/Resolution.h"
 #include "DigitizerGeneric/Digitizer/TemplateLetters.h"
-#include "ReferenceHost/CommandLine/NearestNames.h"
 #include "ReferenceHost/Lint/DescriptionKeys.h"
+#include "ReferenceHost/Texts/Counted.h"
+#include "ReferenceHost/Texts/NearestNames.h"
 
 #include <algorithm>
 #include <optional>
@@ -44,11 +45,6 @@ QString quoted(const QString& text)
 QString oneOf(const QStringList& texts)
 {
     return texts.isEmpty() ? QStringLiteral("none") : texts.join(QStringLiteral(", "));
-}
-
-QString counted(int number, const QString& thing)
-{
-    return QStringLiteral("%1 %2%3").arg(number).arg(thing, QLatin1String(number == 1 ? "" : "s"));
 }
 
 struct Range
@@ -299,10 +295,10 @@ void Lint::checkReportFormat(const XmlElement& reportFormat)
     checkTemplateCharacters(reportFormat, read);
     if (length && present < *length)
         error(reportFormat.textOffset(), QStringLiteral("template shorter than its length"),
-              counted(present, QStringLiteral("character")), QString::number(*length));
+              counted(present, "character"), QString::number(*length));
     else if (present > read)
         error(reportFormat.textOffsetAt(read), QStringLiteral("template longer than its length"),
-              counted(present, QStringLiteral("character")), QString::number(read));
+              counted(present, "character"), QString::number(read));
 }
 
 void Lint::checkTemplateCharacters(const XmlElement& reportFormat, int length)
@@ -369,7 +365,7 @@ void Lint::checkButtonCount(const XmlElement& buttons, int count, int present)
     if (attribute.value != QLatin1String("4") && count != 16)
         warn(attribute.offset, QStringLiteral("count of neither four nor sixteen buttons"),
              quoted(attribute.value), QStringLiteral("4, 16"));
-    const QString found = counted(present, QStringLiteral("button"));
+    const QString found = counted(present, "button");
     if (present > count)
         error(buttons.childrenNamed(QStringLiteral("button")).at(count).offset,
               QStringLiteral("more buttons than \"count\", which are ignored"), found,
@@ -408,8 +404,8 @@ void Lint::checkCode(const XmlElement& button, std::optional<int> length)
                   QStringLiteral("character of a code without a byte of its own"),
                   quoted(text.at(index)), QStringLiteral("characters up to U+00FF"));
     }
-    const QString accepted = length ? counted(*length, QStringLiteral("character"))
-                                    : QStringLiteral("1 to 3 characters");
+    const QString accepted =
+        length ? counted(*length, "character") : QStringLiteral("1 to 3 characters");
     if (characters > codeCharacters)
         error(button.textOffsetAt(codeCharacters),
               QStringLiteral("code is cut to three characters"), quoted(text), accepted);

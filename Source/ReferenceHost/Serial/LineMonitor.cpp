@@ -3,6 +3,7 @@
 #include "ReferenceHost/Serial/LineMonitor.h"
 
 #include "ReferenceHost/Descriptions/DescriptionTexts.h"
+#include "ReferenceHost/Texts/Counted.h"
 
 #include <algorithm>
 #include <cmath>
@@ -149,8 +150,7 @@ QString LineMonitor::misfitText(const QByteArray& bytes) const
     if (misfits == 0)
         return QStringLiteral("passed over by the driver: the start of the report is uncertain");
     return QStringLiteral("passed over by the driver: %1")
-        .arg(misfits == 1 ? QStringLiteral("one character does not fit")
-                          : QStringLiteral("%1 characters do not fit").arg(misfits));
+        .arg(counted(misfits, "character does not fit", "characters do not fit"));
 }
 
 QString LineMonitor::reportText(qint64 milliseconds, const QByteArray& bytes)
@@ -172,15 +172,15 @@ QString LineMonitor::reportText(qint64 milliseconds, const QByteArray& bytes)
 
 QString LineMonitor::summary() const
 {
-    QString text = QStringLiteral("%1 bytes").arg(m_bytes);
+    QString text = counted(m_bytes, "byte");
     if (!m_decoder)
         return text + QLatin1Char('\n');
-    text += QStringLiteral(", %1 reports").arg(m_reports);
+    text += QStringLiteral(", ") + counted(m_reports, "report");
     if (m_lastReport > m_firstReport) {
         const double seconds = double(m_lastReport - m_firstReport) / 1000;
         text += QStringLiteral(" (%1 a second)").arg((m_reports - 1) / seconds, 0, 'f', 1);
     }
-    text += QStringLiteral(", %1 bytes passed over").arg(m_strayBytes);
+    text += QStringLiteral(", %1 passed over").arg(counted(m_strayBytes, "byte"));
     if (std::isfinite(m_largestX) && std::isfinite(m_largestY))
         text += QStringLiteral("; largest x %1 cm, largest y %2 cm")
                     .arg(coordinateText(m_largestX), coordinateText(m_largestY));

@@ -6,6 +6,7 @@
 #include "ReferenceHost/Serial/PortHolders.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <cerrno>
 #include <cstring>
@@ -19,6 +20,8 @@ using namespace MavSystem;
 
 namespace {
 
+const QString portsHint = QStringLiteral(" ('digitizer ports' lists the ports)");
+
 // Opens without waiting for a carrier and without making the port the program's terminal.
 QString openProblem(const QString& path)
 {
@@ -30,7 +33,8 @@ QString openProblem(const QString& path)
                                     .arg(path, QString::fromLocal8Bit(std::strerror(errno)));
     const bool isTerminal = isatty(port) != 0;
     close(port);
-    return isTerminal ? QString() : QStringLiteral("%1 is not a serial port").arg(path);
+    return isTerminal ? QString()
+                      : QStringLiteral("%1 is not a serial port%2").arg(path, portsHint);
 }
 
 } // namespace
@@ -41,9 +45,9 @@ QString portProblem(const QString& device)
     const QString problem = rightsProblem(device);
     if (problem.isEmpty())
         return openProblem(path);
-    return QFile::exists(path)
-               ? problem
-               : QStringLiteral("%1 ('digitizer ports' lists the ports)").arg(problem);
+    const QFileInfo port(path);
+    const bool isPort = port.exists() && !port.isFile() && !port.isDir();
+    return isPort ? problem : problem + portsHint;
 }
 
 } // namespace ReferenceHost
