@@ -25,6 +25,12 @@ int ask()
                                                        "Cancel", nullptr);
 }
 
+QString textOf(const DigitalReport& report)
+{
+    const GeoPoint2D point = report.coordinate();
+    return QString::asprintf("%g %g %d", point.x(), point.y(), report.m_button_number);
+}
+
 } // namespace
 
 /// The start-up registry, and the host's defaults in a process without dialogs.
@@ -53,9 +59,7 @@ void HostFrameworkTest::theReportTypeIsRegisteredByTheFirstRun()
     report.m_button_number = 7;
     const auto copy = QVariant::fromValue(report).value<DigitalReport>();
     QCOMPARE(qMetaTypeId<DigitalReport>(), type);
-    QCOMPARE(copy.coordinate().x(), 1.5);
-    QCOMPARE(copy.coordinate().y(), -2.5);
-    QCOMPARE(copy.m_button_number, 7);
+    QCOMPARE(textOf(copy), "1.5 -2.5 7");
 }
 
 void HostFrameworkTest::stagesAndOrdersAreKept()
@@ -129,10 +133,7 @@ void HostFrameworkTest::handlersAreReplacedNotAdded()
     report.flush(); // nobody there
     QStringList calls;
     DigitalReport::registerHandle([&](const DigitalReport&) { calls << "first"; });
-    DigitalReport::registerHandle([&](const DigitalReport& got) {
-        calls << QString::asprintf("%g %g %d", got.coordinate().x(), got.coordinate().y(),
-                                   got.m_button_number);
-    });
+    DigitalReport::registerHandle([&](const DigitalReport& got) { calls << textOf(got); });
     report.flush();
     DigitalReport::registerHandle([](const DigitalReport&) { throw std::runtime_error("host"); });
     QVERIFY_EXCEPTION_THROWN(report.flush(), std::runtime_error);
