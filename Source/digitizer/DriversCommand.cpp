@@ -30,7 +30,7 @@ QString entryOf(const DescribedDriver& driver)
     const QString support =
         driver.support.isEmpty() ? QStringLiteral("not stated") : driver.support;
     const QString layout = driver.takesReports()
-                               ? layoutText(driver.description)
+                               ? layoutText(driver.description.m_reportFormat)
                                : QStringLiteral("not usable ('digitizer lint FILE' says why)");
     return QStringLiteral("%1\n"
                           "  file        %2\n"
@@ -50,7 +50,7 @@ QString objectOf(const DescribedDriver& driver)
         {QStringLiteral("file"), driver.file},
         {QStringLiteral("settings"), lineSettingsText(driver.description.m_portSettings)},
         {QStringLiteral("resolution"), driver.resolutionText()},
-        {QStringLiteral("layout"), layoutText(driver.description)},
+        {QStringLiteral("layout"), layoutText(driver.description.m_reportFormat)},
         {QStringLiteral("buttons"), QJsonArray::fromStringList(buttonCodes(driver))},
         {QStringLiteral("support"), driver.support},
         {QStringLiteral("usable"), driver.takesReports()}};

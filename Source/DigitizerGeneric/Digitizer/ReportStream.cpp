@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/ReportStream.h"
 
+#include "DigitizerGeneric/Digitizer/PrintableCharacter.h"
 #include "DigitizerGeneric/Digitizer/ReportLayout.h"
 #include "QextSerialPort/SerialTiming.h"
 
@@ -37,8 +38,8 @@ Characters setOf(std::string_view characters)
 Characters printable()
 {
     Characters set;
-    for (int character = ' '; character <= '~'; ++character)
-        set.set(std::size_t(character));
+    for (char character = firstPrintable; isPrintable(character); ++character)
+        set.set(static_cast<unsigned char>(character));
     return set;
 }
 

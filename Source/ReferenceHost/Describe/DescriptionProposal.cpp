@@ -52,7 +52,7 @@ private:
     void writeDoubts(Doubt::About about);
     void writePort(const PortSettings& line);
     void writeResolution();
-    void writeTemplate(const QByteArray& roles);
+    void writeTemplate(const std::vector<MavSystem::ReportFormatValues>& roles);
     void writeButtons();
 
     const ProposedValues& m_values;
@@ -103,12 +103,12 @@ void ProposalWriter::writeResolution()
     m_xml.writeEndElement();
 }
 
-void ProposalWriter::writeTemplate(const QByteArray& roles)
+void ProposalWriter::writeTemplate(const std::vector<MavSystem::ReportFormatValues>& roles)
 {
     writeDoubts(Doubt::About::Template);
     m_xml.writeStartElement(QStringLiteral("reportFormat"));
     attribute(QStringLiteral("length"), QString::number(roles.size()));
-    m_xml.writeCharacters(QString::fromLatin1(roles));
+    m_xml.writeCharacters(layoutText(roles));
     m_xml.writeEndElement();
 }
 

@@ -10,6 +10,7 @@
 
 namespace ReferenceHost {
 
+using namespace MavSystem;
 using namespace PressProtocol;
 
 namespace {
@@ -56,11 +57,11 @@ public:
     {
         m_layout.doubts = fields.doubts;
         assignLineEnds();
-        assignNumber(fields.x, 'X');
-        assignNumber(fields.y, 'Y');
+        assignNumber(fields.x, FORMAT_X);
+        assignNumber(fields.y, FORMAT_Y);
         assignSigns();
         for (const int position : fields.button)
-            m_layout.roles[position] = 'B';
+            roleAt(position) = FORMAT_BUTTON;
         readCodes();
         noteDirections();
         noteUnchangedDigits();
@@ -70,12 +71,14 @@ public:
 
 private:
     void assignLineEnds();
-    void assignNumber(const ReportNumber& number, char role);
+    void assignNumber(const ReportNumber& number, ReportFormatValues role);
     void assignSigns();
     void readCodes();
     void noteDirections();
     void noteUnchangedDigits();
     void doubt(Doubt::About about, const QString& text) { m_layout.doubts.append({about, text}); }
+
+    ReportFormatValues& roleAt(int position) { return m_layout.roles[std::size_t(position)]; }
 
     const ReportColumns& m_columns;
     const ReportFields& m_fields;
@@ -84,20 +87,20 @@ private:
 
 void Layout::assignLineEnds()
 {
-    m_layout.roles.fill('U', m_columns.size());
+    m_layout.roles.assign(std::size_t(m_columns.size()), FORMAT_UNUSED);
     for (int position = 0; position < m_columns.size(); ++position) {
         if (m_columns.isAlways(position, '\r'))
-            m_layout.roles[position] = 'C';
+            roleAt(position) = FORMAT_CR;
         else if (m_columns.isAlways(position, '\n'))
-            m_layout.roles[position] = 'L';
+            roleAt(position) = FORMAT_LINE_FEED;
     }
 }
 
-void Layout::assignNumber(const ReportNumber& number, char role)
+void Layout::assignNumber(const ReportNumber& number, ReportFormatValues role)
 {
     std::fill(m_layout.roles.begin() + number.start, m_layout.roles.begin() + number.end, role);
     if (number.point >= 0)
-        m_layout.roles[number.point] = '.';
+        roleAt(number.point) = FORMAT_POINT;
 }
 
 // The driver assigns the first sign of a report to x.
@@ -117,7 +120,7 @@ void Layout::assignSigns()
     for (const int position : {x, y}) {
         if (position < 0)
             continue;
-        m_layout.roles[position] = 'S';
+        roleAt(position) = FORMAT_SIGN;
         if (!m_columns.at(position).contains('-'))
             doubt(Doubt::About::Template,
                   QStringLiteral("position %1 was never a minus, but is taken for a sign.")
@@ -156,20 +159,20 @@ void Layout::noteUnchangedDigits()
     for (int position = 0; position < m_columns.size(); ++position) {
         if (!m_columns.isConstant(position))
             continue;
-        const char role = m_layout.roles.at(position);
+        const ReportFormatValues role = roleAt(position);
         const QLatin1Char character(m_columns.at(position).at(0));
-        if (role == 'U' && m_columns.isDigits(position))
+        if (role == FORMAT_UNUSED && m_columns.isDigits(position))
             doubt(Doubt::About::Template,
                   QStringLiteral("position %1 was %2 in every report and is marked as unused.")
                       .arg(position)
                       .arg(character));
-        if (role == 'X' || role == 'Y')
+        if (role == FORMAT_X || role == FORMAT_Y)
             doubt(
                 Doubt::About::Template,
                 QStringLiteral("position %1 was %2 in every report; it is taken for a digit of %3.")
                     .arg(position)
                     .arg(character)
-                    .arg(QLatin1Char(role == 'X' ? 'x' : 'y')));
+                    .arg(QLatin1Char(role == FORMAT_X ? 'x' : 'y')));
     }
 }
 

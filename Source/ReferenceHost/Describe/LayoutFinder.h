@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "DigitizerGeneric/Digitizer/DigitizerArgument.h"
 #include "ReferenceHost/Describe/Doubt.h"
 
 #include <QByteArray>
@@ -10,12 +11,14 @@
 
 #include <tl/expected.hpp>
 
+#include <vector>
+
 namespace ReferenceHost {
 
 /// The layout of an unknown tablet's report.
 struct FoundLayout
 {
-    QByteArray roles;          ///< a template of a description, one character for each position
+    std::vector<MavSystem::ReportFormatValues> roles; ///< the template, for each position
     QVector<QByteArray> codes; ///< the code of each button that was pressed, in that order
     double xCounts = 0;        ///< from the first press to the one at its right
     double yCounts = 0;        ///< from the first press to the one above it

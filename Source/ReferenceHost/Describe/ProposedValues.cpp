@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Describe/ProposedValues.h"
 
+#include "DigitizerGeneric/Digitizer/PrintableCharacter.h"
 #include "DigitizerGeneric/Digitizer/Resolution.h"
 #include "ReferenceHost/Describe/PressProtocol.h"
 #include "ReferenceHost/Describe/ResolutionEstimate.h"
@@ -24,7 +25,7 @@ constexpr double unevenAxes = 0.01;
 // A character that no button sends, for the entry of a button whose code is not known.
 QByteArray placeholder(const QVector<QByteArray>& codes, int length)
 {
-    for (char character = '!'; character <= '~'; ++character) {
+    for (char character = firstPrintable + 1; isPrintable(character); ++character) {
         const QByteArray code(length, character);
         if (!codes.contains(code))
             return code;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Describe/ReportColumns.h"
 
+#include "DigitizerGeneric/Digitizer/PrintableCharacter.h"
+
 #include <QSet>
 
 #include <algorithm>
@@ -53,8 +55,7 @@ bool ReportColumns::isAlways(int position, char character) const
 bool ReportColumns::isText(int position) const
 {
     const QByteArray& column = at(position);
-    return std::all_of(column.begin(), column.end(),
-                       [](char byte) { return byte >= ' ' && byte <= '~'; });
+    return std::all_of(column.begin(), column.end(), MavSystem::isPrintable);
 }
 
 bool ReportColumns::isDigits(int position) const

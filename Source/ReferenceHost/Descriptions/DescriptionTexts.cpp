@@ -45,10 +45,10 @@ std::optional<PortSettings> lineSettingsIn(const QString& text)
     return line;
 }
 
-QString layoutText(const DigitizerArgument& description)
+QString layoutText(const std::vector<ReportFormatValues>& roles)
 {
     QString letters;
-    for (const ReportFormatValues role : description.m_reportFormat)
+    for (const ReportFormatValues role : roles)
         letters += TemplateLetters::letterOf(role);
     return letters;
 }

@@ -24,7 +24,7 @@ QString lineSettingsText(const PortSettings& settings);
 std::optional<PortSettings> lineSettingsIn(const QString& text);
 
 /// Returns the report template: "XXXXUYYYYUBC".
-QString layoutText(const MavSystem::DigitizerArgument& description);
+QString layoutText(const std::vector<MavSystem::ReportFormatValues>& roles);
 
 /// Returns the characters of a button code that are compared: "01".
 QString buttonCodeText(const MavSystem::DigitizerArgument& description,

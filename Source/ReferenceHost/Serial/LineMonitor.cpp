@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Serial/LineMonitor.h"
 
+#include "DigitizerGeneric/Digitizer/PrintableCharacter.h"
 #include "ReferenceHost/Descriptions/DescriptionTexts.h"
 #include "ReferenceHost/Texts/Counted.h"
 
@@ -34,7 +35,7 @@ QString hexText(const QByteArray& bytes)
 QString plainText(QByteArray bytes)
 {
     for (char& byte : bytes)
-        byte = byte >= ' ' && byte <= '~' ? byte : '.';
+        byte = isPrintable(byte) ? byte : '.';
     return QLatin1Char('|') + QString::fromLatin1(bytes) + QLatin1Char('|');
 }
 
@@ -65,7 +66,7 @@ LineMonitor::LineMonitor() : LineMonitor(DigitizerArgument(), {})
 }
 
 LineMonitor::LineMonitor(const DigitizerArgument& description, Decoder decoder)
-    : m_letters(layoutText(description)),
+    : m_letters(layoutText(description.m_reportFormat)),
       m_decoder(std::move(decoder)),
       m_stream(description),
       m_pauseMilliseconds(ReportStream::pauseMilliseconds(description.m_portSettings)),

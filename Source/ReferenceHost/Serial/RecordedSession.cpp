@@ -2,9 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Serial/RecordedSession.h"
 
+#include "DigitizerGeneric/Digitizer/PrintableCharacter.h"
+
 #include <utility>
 
 namespace ReferenceHost {
+
+using MavSystem::isPrintable;
 
 namespace {
 
@@ -12,11 +16,6 @@ const char firstLine[] = "# digitizer session 1";
 
 constexpr std::pair<char, char> escapes[] = {
     {'r', '\r'}, {'n', '\n'}, {'t', '\t'}, {'\\', '\\'}, {'"', '"'}};
-
-bool isPrintable(char character)
-{
-    return character >= ' ' && character <= '~';
-}
 
 QByteArray escaped(char byte)
 {
