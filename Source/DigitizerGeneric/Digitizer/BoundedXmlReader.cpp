@@ -4,7 +4,9 @@
 
 #include "DigitizerGeneric/Digitizer/XmlMarkup.h"
 
+#include <QRegularExpression>
 #include <QTextCodec>
+#include <QTextDecoder>
 
 #include <algorithm>
 
@@ -28,24 +30,18 @@ const QTextCodec* codecOf(const QByteArray& content)
     return QTextCodec::codecForUtfText(content, codec ? codec : QTextCodec::codecForName("UTF-8"));
 }
 
-// The last character may still be incomplete.
-bool decodesSoFar(const QTextCodec& codec, const QByteArray& content, int bytes)
+// Byte by byte, so that an error stands behind what decodes. The last character may be incomplete.
+QString decodableText(const QTextCodec& codec, const QByteArray& content)
 {
-    QTextCodec::ConverterState state;
-    codec.toUnicode(content.constData(), bytes, &state);
-    return state.invalidChars == 0;
-}
-
-// Halving finds the end of what decodes, since no further byte mends an earlier one.
-int decodableBytes(const QTextCodec& codec, const QByteArray& content)
-{
-    int good = 0;
-    int bad = content.size() + 1;
-    while (bad - good > 1) {
-        const int middle = good + (bad - good) / 2;
-        (decodesSoFar(codec, content, middle) ? good : bad) = middle;
+    QTextDecoder decoder(&codec);
+    QString text;
+    for (const char byte : content) {
+        const QString decoded = decoder.toUnicode(&byte, 1);
+        if (decoder.hasFailure())
+            break;
+        text += decoded;
     }
-    return good;
+    return text;
 }
 
 Refusal decode(const QByteArray& content, QString& text)
@@ -55,26 +51,22 @@ Refusal decode(const QByteArray& content, QString& text)
     text = codec->toUnicode(content.constData(), content.size(), &state);
     if (state.invalidChars == 0 && state.remainingChars == 0)
         return {};
-    QTextCodec::ConverterState decodable;
-    text = codec->toUnicode(content.constData(), decodableBytes(*codec, content), &decodable);
+    text = decodableText(*codec, content);
     return {QStringLiteral("bytes that are not %1").arg(QLatin1String(codec->name())), text.size()};
 }
 
 // The reader compares each attribute of an element with all others, before it hands out any.
 Refusal refuseAttributes(const QString& markup)
 {
+    static const QRegularExpression tagOrAttribute(QStringLiteral("<|=\\s*[\"']"));
     int attributes = 0;
-    bool equals = false;
-    for (int offset = 0; offset < markup.size(); ++offset) {
-        const QChar character = markup.at(offset);
-        if (character == QLatin1Char('<'))
-            attributes = 0;
-        const bool quote = character == QLatin1Char('"') || character == QLatin1Char('\'');
-        if (equals && quote && ++attributes > DescriptionLimits::attributesOfOneElement)
+    for (auto found = tagOrAttribute.globalMatch(markup); found.hasNext();) {
+        const QRegularExpressionMatch match = found.next();
+        attributes = markup.at(match.capturedStart()) == QLatin1Char('<') ? 0 : attributes + 1;
+        if (attributes > DescriptionLimits::attributesOfOneElement)
             return {QStringLiteral("more than %1 attributes")
                         .arg(DescriptionLimits::attributesOfOneElement),
-                    offset};
-        equals = character == QLatin1Char('=') || (equals && character.isSpace());
+                    match.capturedEnd() - 1};
     }
     return {};
 }

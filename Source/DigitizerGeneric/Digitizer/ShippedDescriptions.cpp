@@ -48,15 +48,18 @@ QString installFile(const ShippedDescription& shipped, const QString& target, QS
     const bool exists = QFileInfo(target).isSymLink() || QFileInfo::exists(target);
     if (exists && !installed.problem().isEmpty())
         return {};
-    const QString recorded = record.value(shipped.name).toString();
-    const bool isCurrent = exists && installed.bytes == shipped.content;
-    if (exists && !isCurrent && digestOf(installed.bytes) != recorded)
-        return {};
-    const QString problem = isCurrent ? QString() : writeDescription(target, shipped.content);
     const QString digest = digestOf(shipped.content);
-    if (problem.isEmpty() && recorded != digest)
+    const QString recorded = record.value(shipped.name).toString();
+    if (!exists || installed.bytes != shipped.content) {
+        if (exists && digestOf(installed.bytes) != recorded)
+            return {};
+        const QString problem = writeDescription(target, shipped.content);
+        if (!problem.isEmpty())
+            return problem;
+    }
+    if (recorded != digest)
         record.setValue(shipped.name, digest);
-    return problem;
+    return {};
 }
 
 } // namespace
