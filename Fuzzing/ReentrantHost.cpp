@@ -128,7 +128,8 @@ private:
             (this->*actions[choices[decide(int(std::size(choices)) - 1)] - 'A'])();
     }
 
-    // For what an event loop brings, through which nothing may be thrown.
+    // For what an event loop brings, through which nothing may be thrown, and where nobody catches
+    // what this host throws in a box or at the closing report.
     void actWithoutThrowing()
     {
         try {
@@ -139,12 +140,8 @@ private:
 
     void actAll()
     {
-        while (m_next < m_decisions.size()) {
-            try {
-                act();
-            } catch (...) { // raised by this host in a box or at the closing report
-            }
-        }
+        while (m_next < m_decisions.size())
+            actWithoutThrowing();
     }
 
     void open()
@@ -257,16 +254,14 @@ private:
 
     void raise()
     {
-        switch (decide(4)) {
-        case 0:
+        const int kind = decide(4);
+        if (kind == 0)
             throw std::runtime_error("raised");
-        case 1:
+        if (kind == 1)
             throw FatalError(QStringLiteral("raised"));
-        case 2:
+        if (kind == 2)
             throw 1;
-        default:
-            throw "raised";
-        }
+        throw "raised";
     }
 
     void unregister()
