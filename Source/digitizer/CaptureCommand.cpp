@@ -87,27 +87,9 @@ int run(const QCommandLineParser& parser)
     return problem.isEmpty() ? pictureStatus : ExitFailure;
 }
 
-} // namespace
-
-Command captureCommand()
+QList<QCommandLineOption> captureOptions()
 {
-    Command command;
-    command.name = QStringLiteral("capture");
-    command.summary = QStringLiteral("capture points from a tablet on a serial port");
-    command.description = QStringList{
-        QStringLiteral(
-            "Opens the port and prints one line for each press of a button: a running number, the "
-            "point in centimetres, the button, and what the button means. Ctrl-C closes the port; "
-            "the last line is then the library's closing report."),
-        QStringLiteral(
-            "Each report is checked against the description's template, however many arrive "
-            "together. Bytes that do not fit are passed over and shown on standard error."),
-        QStringLiteral("If the cable is pulled, the command waits for the port to come back and "
-                       "continues with the current piece. Presses in the meantime are lost."),
-        QStringLiteral("Button 1 is a corner, 2 a curve point, 3 a punch hole and 4 the end of a "
-                       "piece. On tablets with sixteen buttons, 5 is a notch. On the \"Lectra "
-                       "E92\", buttons 2 to 5 have the first four meanings.")};
-    command.options = {
+    return {
         DriverOptions::driver(),
         DriverOptions::description(),
         {deviceOption, QStringLiteral("Use serial port PORT, such as /dev/ttyUSB0."),
@@ -132,6 +114,29 @@ Command captureCommand()
              "reports arrive together, neither they nor any later ones are read.")},
         {noReconnectOption, QStringLiteral("Stop when the port is lost; for scripts.")},
     };
+}
+
+} // namespace
+
+Command captureCommand()
+{
+    Command command;
+    command.name = QStringLiteral("capture");
+    command.summary = QStringLiteral("capture points from a tablet on a serial port");
+    command.description = QStringList{
+        QStringLiteral(
+            "Opens the port and prints one line for each press of a button: a running number, the "
+            "point in centimetres, the button, and what the button means. Ctrl-C closes the port; "
+            "the last line is then the library's closing report."),
+        QStringLiteral(
+            "Each report is checked against the description's template, however many arrive "
+            "together. Bytes that do not fit are passed over and shown on standard error."),
+        QStringLiteral("If the cable is pulled, the command waits for the port to come back and "
+                       "continues with the current piece. Presses in the meantime are lost."),
+        QStringLiteral("Button 1 is a corner, 2 a curve point, 3 a punch hole and 4 the end of a "
+                       "piece. On tablets with sixteen buttons, 5 is a notch. On the \"Lectra "
+                       "E92\", buttons 2 to 5 have the first four meanings.")};
+    command.options = captureOptions();
     command.examples = {
         {QStringLiteral("digitizer capture --driver \"Wacom II-S ASCII (SD-510C, ArtPad)\" "
                         "--device /dev/ttyUSB0 --picture pieces.svg"),

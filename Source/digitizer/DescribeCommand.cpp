@@ -152,6 +152,31 @@ int run(const QCommandLineParser& parser)
     return write(describe(observation), parser.value(outputOption));
 }
 
+QList<QCommandLineOption> describeOptions()
+{
+    return LineOptions::options() << QList<QCommandLineOption>{
+               {fromOption,
+                QStringLiteral("Read the presses from a recorded session instead of a port."),
+                QStringLiteral("FILE")},
+               {nameOption,
+                QStringLiteral(
+                    "Name the new driver NAME. Default: the tablet's name in the recording, "
+                    "otherwise \"Unnamed tablet\"."),
+                QStringLiteral("NAME")},
+               {distanceOption,
+                QStringLiteral(
+                    "The second point is CM centimetres to the right of the first, and the third "
+                    "is CM "
+                    "centimetres above it. Without this option the resolution cannot be found."),
+                QStringLiteral("CM")},
+               {outputOption,
+                QStringLiteral("Write the description to a new file instead of standard output."),
+                QStringLiteral("FILE")},
+               {recordOption,
+                QStringLiteral("Save the presses in a new file, for use with --from."),
+                QStringLiteral("FILE")}};
+}
+
 } // namespace
 
 Command describeCommand()
@@ -173,24 +198,7 @@ Command describeCommand()
                        "one report per press. If its origin can be moved, put it at the lower "
                        "left. If the tablet sends signs, put it in the middle instead, so that a "
                        "minus sign appears. Use 'digitizer monitor' to find the serial settings.")};
-    command.options = LineOptions::options();
-    command.options << QList<QCommandLineOption>{
-        {fromOption, QStringLiteral("Read the presses from a recorded session instead of a port."),
-         QStringLiteral("FILE")},
-        {nameOption,
-         QStringLiteral("Name the new driver NAME. Default: the tablet's name in the recording, "
-                        "otherwise \"Unnamed tablet\"."),
-         QStringLiteral("NAME")},
-        {distanceOption,
-         QStringLiteral(
-             "The second point is CM centimetres to the right of the first, and the third is CM "
-             "centimetres above it. Without this option the resolution cannot be found."),
-         QStringLiteral("CM")},
-        {outputOption,
-         QStringLiteral("Write the description to a new file instead of standard output."),
-         QStringLiteral("FILE")},
-        {recordOption, QStringLiteral("Save the presses in a new file, for use with --from."),
-         QStringLiteral("FILE")}};
+    command.options = describeOptions();
     command.examples = {
         {QStringLiteral("digitizer describe --device /dev/ttyUSB0 --distance 30 --name \"Our old "
                         "table\" --output old-table.xml"),

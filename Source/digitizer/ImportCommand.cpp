@@ -112,27 +112,9 @@ int run(const QCommandLineParser& parser)
     return status == ExitSuccess ? pictureStatus : status;
 }
 
-} // namespace
-
-Command importCommand()
+QList<QCommandLineOption> importOptions()
 {
-    Command command;
-    command.name = QStringLiteral("import");
-    command.summary = QStringLiteral("import the files of a digital pen");
-    command.description = QStringList{
-        QStringLiteral(
-            "Imports the files in DIR whose names end in .dat, in any letter case, and prints one "
-            "line for each point. Imported files are renamed to .txt. If that name is taken, the "
-            "file keeps its name and is imported again next time. If files are waiting, the driver "
-            "asks at the terminal whether to import or to delete them. Without a terminal, and "
-            "without --answer, they are left alone. A summary goes to standard error."),
-        QStringLiteral("A file is imported once it has not changed for half a second (see "
-                       "--settle), so pen software may write directly to DIR. Software that pauses "
-                       "for longer must move its files to DIR when they are complete."),
-        QStringLiteral("DIR is saved in the settings of this program.")};
-    command.arguments = {
-        {QStringLiteral("DIR"), QStringLiteral("The directory of the pen files.")}};
-    command.options = {
+    return {
         {driverOption,
          QStringLiteral(
              "Use driver NAME, whose description has a resolution and the button codes 1 to 4; "
@@ -158,6 +140,29 @@ Command importCommand()
         formatOption(),
         pictureOption(),
     };
+}
+
+} // namespace
+
+Command importCommand()
+{
+    Command command;
+    command.name = QStringLiteral("import");
+    command.summary = QStringLiteral("import the files of a digital pen");
+    command.description = QStringList{
+        QStringLiteral(
+            "Imports the files in DIR whose names end in .dat, in any letter case, and prints one "
+            "line for each point. Imported files are renamed to .txt. If that name is taken, the "
+            "file keeps its name and is imported again next time. If files are waiting, the driver "
+            "asks at the terminal whether to import or to delete them. Without a terminal, and "
+            "without --answer, they are left alone. A summary goes to standard error."),
+        QStringLiteral("A file is imported once it has not changed for half a second (see "
+                       "--settle), so pen software may write directly to DIR. Software that pauses "
+                       "for longer must move its files to DIR when they are complete."),
+        QStringLiteral("DIR is saved in the settings of this program.")};
+    command.arguments = {
+        {QStringLiteral("DIR"), QStringLiteral("The directory of the pen files.")}};
+    command.options = importOptions();
     command.examples = {
         {QStringLiteral("digitizer import ~/pen --driver \"Example Pen\" --answer import "
                         "--picture pieces.svg"),
