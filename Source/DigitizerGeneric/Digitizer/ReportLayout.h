@@ -4,6 +4,7 @@
 
 #include "DigitizerGeneric/Digitizer/DigitizerArgument.h"
 
+#include <tuple>
 #include <vector>
 
 namespace MavSystem {
@@ -16,6 +17,10 @@ class ReportLayout
 public:
     /// The characters of a report that are read; a longer template is cut.
     static constexpr int maximumCharacters = 512;
+
+    /// The characters that a button code has at most.
+    static constexpr int codeCharacters =
+        int(std::tuple_size<decltype(ButtonValue::m_code)>::value);
 
     struct Digit
     {

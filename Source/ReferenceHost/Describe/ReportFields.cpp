@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Describe/ReportFields.h"
 
+#include "DigitizerGeneric/Digitizer/ReportLayout.h"
+
 #include <algorithm>
 #include <cmath>
 #include <optional>
@@ -10,10 +12,9 @@
 namespace ReferenceHost {
 
 using namespace PressProtocol;
+using MavSystem::ReportLayout;
 
 namespace {
-
-constexpr int maximumCodeCharacters = 3;
 
 // A coordinate moves at least this many times farther along its own axis than along the other.
 constexpr double clearMovement = 4.0;
@@ -91,7 +92,7 @@ void FieldSearch::findButtons()
     }
     // The leading zero of codes such as 01 to 09.
     int before = m_fields.button.first() - 1;
-    while (before >= 0 && m_fields.button.size() < maximumCodeCharacters &&
+    while (before >= 0 && m_fields.button.size() < ReportLayout::codeCharacters &&
            m_columns.isDigits(before) && m_columns.isConstant(before) && !isInNumber(before))
         m_fields.button.prepend(before--);
 }
@@ -101,7 +102,7 @@ QVector<PackedButton> FieldSearch::packedButtons() const
     QVector<PackedButton> found;
     for (int index = 0; index < m_numbers.size(); ++index) {
         const ReportNumber& number = m_numbers.at(index);
-        const int widest = std::min(maximumCodeCharacters, number.end - number.start - 1);
+        const int widest = std::min(ReportLayout::codeCharacters, number.end - number.start - 1);
         for (int width = 1; width <= widest; ++width) {
             for (const int start : {number.start, number.end - width}) {
                 bool follow = true;
@@ -133,9 +134,9 @@ void FieldSearch::findPackedButton()
 
 void FieldSearch::limitButtons()
 {
-    if (m_fields.button.size() <= maximumCodeCharacters)
+    if (m_fields.button.size() <= ReportLayout::codeCharacters)
         return;
-    m_fields.button.resize(maximumCodeCharacters);
+    m_fields.button.resize(ReportLayout::codeCharacters);
     doubt(Doubt::About::Buttons,
           QStringLiteral(
               "more than three characters change with the button; the first three are used."));

@@ -1,0 +1,128 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#include "ReferenceHost/Lint/StructureLint.h"
+
+#include "ReferenceHost/Lint/DescriptionKeys.h"
+#include "ReferenceHost/Texts/NearestNames.h"
+
+namespace ReferenceHost {
+
+namespace {
+
+QString oneOf(const QStringList& texts)
+{
+    return texts.isEmpty() ? QStringLiteral("none") : texts.join(QStringLiteral(", "));
+}
+
+class StructureLint
+{
+public:
+    StructureLint(const DescriptionKind& kind, LintFindings& findings)
+        : m_kind(kind), m_findings(findings)
+    {}
+
+    void checkElement(const XmlElement& element, const KnownElement& known);
+
+private:
+    void checkPresence(const XmlElement& parent, const QString& missing, Presence presence,
+                       const QString& accepted);
+    void checkAttributes(const XmlElement& element, const KnownElement& known);
+    void checkAttributeText(const XmlAttribute& attribute, const KnownAttribute& known);
+    void checkChildren(const XmlElement& element, const KnownElement& known);
+    void checkIgnoredText(const XmlElement& element, const KnownElement& known);
+
+    const DescriptionKind& m_kind;
+    LintFindings& m_findings;
+};
+
+void StructureLint::checkElement(const XmlElement& element, const KnownElement& known)
+{
+    checkAttributes(element, known);
+    checkChildren(element, known);
+    checkIgnoredText(element, known);
+}
+
+void StructureLint::checkPresence(const XmlElement& parent, const QString& missing,
+                                  Presence presence, const QString& accepted)
+{
+    const bool isNotNeeded =
+        presence == Presence::Optional || (presence == Presence::OfPort && m_kind.isPen) ||
+        (presence == Presence::OfReport && m_kind.hasOwnLayout) ||
+        (presence == Presence::OfTemplate && (m_kind.hasOwnLayout || m_kind.isPen));
+    if (isNotNeeded)
+        return;
+    m_findings.add(parent.offset,
+                   presence == Presence::Advisable ? LintFinding::Warning : LintFinding::Error,
+                   missing + QLatin1String(" is missing"), QStringLiteral("none"), accepted);
+}
+
+void StructureLint::checkAttributes(const XmlElement& element, const KnownElement& known)
+{
+    QStringList names;
+    for (const KnownAttribute& attribute : known.attributes) {
+        names << attribute.name;
+        if (const XmlAttribute* present = element.attribute(attribute.name))
+            checkAttributeText(*present, attribute);
+        else
+            checkPresence(element, QStringLiteral("attribute \"%1\"").arg(attribute.name),
+                          attribute.presence,
+                          attribute.texts.isEmpty() ? attribute.name + QLatin1String("=\"...\"")
+                                                    : oneOf(attribute.texts));
+    }
+    for (const XmlAttribute& attribute : element.attributes) {
+        const QStringList near = nearestNames(attribute.name, names);
+        if (!names.contains(attribute.name))
+            m_findings.error(attribute.offset, QStringLiteral("unknown attribute"),
+                             quoted(attribute.name), oneOf(near.isEmpty() ? names : near));
+    }
+}
+
+void StructureLint::checkAttributeText(const XmlAttribute& attribute, const KnownAttribute& known)
+{
+    if (!known.texts.isEmpty() && !known.texts.contains(attribute.value))
+        m_findings.add(attribute.offset, known.ofOtherText,
+                       QStringLiteral("unknown text of \"%1\"").arg(attribute.name),
+                       quoted(attribute.value), oneOf(known.texts));
+}
+
+void StructureLint::checkChildren(const XmlElement& element, const KnownElement& known)
+{
+    QStringList names;
+    for (const KnownElement& child : known.children) {
+        names << child.name;
+        const QVector<XmlElement> present = element.childrenNamed(child.name);
+        if (present.isEmpty())
+            checkPresence(element, QStringLiteral("element \"%1\"").arg(child.name), child.presence,
+                          QStringLiteral("<%1>").arg(child.name));
+        for (int index = 0; index < present.size(); ++index) {
+            if (index == 0 || child.repeats)
+                checkElement(present.at(index), child);
+            else
+                m_findings.error(present.at(index).offset,
+                                 QStringLiteral("second element of its name, which is ignored"),
+                                 quoted(child.name), QStringLiteral("one"));
+        }
+    }
+    for (const XmlElement& child : element.children) {
+        const QStringList near = nearestNames(child.name, names);
+        if (!names.contains(child.name))
+            m_findings.error(child.offset, QStringLiteral("unknown element"), quoted(child.name),
+                             oneOf(near.isEmpty() ? names : near));
+    }
+}
+
+void StructureLint::checkIgnoredText(const XmlElement& element, const KnownElement& known)
+{
+    if (!known.hasText && !element.text.trimmed().isEmpty())
+        m_findings.error(element.textOffset(), QStringLiteral("text that is ignored"),
+                         quoted(element.text.trimmed()), QStringLiteral("elements only"));
+}
+
+} // namespace
+
+void lintStructure(const XmlElement& root, const DescriptionKind& kind, LintFindings& findings)
+{
+    StructureLint(kind, findings).checkElement(root, knownDescription());
+}
+
+} // namespace ReferenceHost
