@@ -134,6 +134,20 @@ bool BoundedXmlReader::readNext()
     return !hasProblem();
 }
 
+QDomDocument BoundedXmlReader::document()
+{
+    while (readNext()) {
+    }
+    QDomDocument document;
+    QString message;
+    int line = 0;
+    if (hasProblem() || document.setContent(m_text, false, &message, &line))
+        return document;
+    m_refusal = QStringLiteral("%1 in line %2").arg(message).arg(line);
+    m_refusalOffset = 0;
+    return {};
+}
+
 // The reader looks ahead: it has taken the "<" behind a text, and also the beginning of the first
 // tag when there is no declaration.
 void BoundedXmlReader::placeToken()

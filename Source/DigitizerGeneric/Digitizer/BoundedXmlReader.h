@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDomDocument>
 #include <QString>
 #include <QXmlStreamReader>
 
@@ -29,6 +30,9 @@ public:
 
     /// Reads one token. Returns false at the end of the document and from the first problem on.
     bool readNext();
+
+    /// Reads what is left, and returns the document; null when there is a problem.
+    QDomDocument document();
 
     /// The token that was read last.
     const QXmlStreamReader& token() const { return m_reader; }

@@ -94,10 +94,8 @@ Loaded parse(const Content& content)
     if (!problem.isEmpty())
         return {content.path, QDomDocument(), problem};
     BoundedXmlReader reader(content.bytes);
-    while (reader.readNext()) {
-    }
-    QDomDocument document;
-    if (!reader.hasProblem() && document.setContent(reader.text(), false))
+    const QDomDocument document = reader.document();
+    if (!reader.hasProblem())
         return {content.path, document, QString()};
     return {content.path, QDomDocument(),
             QStringLiteral("%1 is not well-formed: %2").arg(content.path, reader.problem())};

@@ -205,15 +205,11 @@ XmlOutline xmlOutline(const QByteArray& content)
     const QVector<Place> places = readPlaces(reader);
     XmlOutline outline;
     outline.source = reader.text();
-    QDomDocument document;
-    QString message;
-    int line = 0;
+    const QDomDocument document = reader.document();
     if (reader.hasProblem())
         outline.problems.append(problemOf(reader));
-    else if (document.setContent(reader.text(), false, &message, &line))
-        outline.root = OutlineBuilder(places, outline.problems).build(document.documentElement());
     else
-        outline.problems.append({QStringLiteral("%1 in line %2").arg(message).arg(line)});
+        outline.root = OutlineBuilder(places, outline.problems).build(document.documentElement());
     return outline;
 }
 
