@@ -35,6 +35,7 @@ private slots:
     void whatATemplateCannotExpressIsAnError();
     void whatIsNotSureIsMarked_data();
     void whatIsNotSureIsMarked();
+    void resolutionsAreRecognised_data() { addTextRows("resolutions.txt", 2); }
     void resolutionsAreRecognised();
     void pausesPartThePresses();
     void theUserIsGuided();
@@ -316,25 +317,11 @@ void DescribeTest::whatIsNotSureIsMarked()
 
 void DescribeTest::resolutionsAreRecognised()
 {
-    const std::pair<double, const char*> rows[] = {
-        {1000 / 2.5396825396825, "1000 LPI usual"},
-        {1003 / 2.54, "1000 LPI usual"},
-        {1008 / 2.5396825396825, "1008 LPI unusual"},
-        {100, "10 LPMM usual"},
-        {1000.2, "2540 LPI usual"},
-        {300, "762 LPI unusual"},
-        {200.01, "508 LPI usual"},
-        {10, "1 LPMM usual"},
-        {40 / 2.5396825396825, "0 LPI unusual"},
-        {0.1, "0 LPI unusual"},
-        {32768 / 2.5396825396825, "0 LPI unusual"},
-    };
-    for (const auto& [countsPerCentimetre, expected] : rows) {
-        const auto estimate = estimateResolution(30 * countsPerCentimetre, 30);
-        QCOMPARE(Resolution::text(estimate.lines, estimate.unit) +
-                     (estimate.isUsual ? " usual" : " unusual"),
-                 QString(expected));
-    }
+    QFETCH(TextRow, row);
+    const auto estimate = estimateResolution(30 * row.fields.at(0).toDouble(), 30);
+    QCOMPARE(Resolution::text(estimate.lines, estimate.unit) +
+                 (estimate.isUsual ? " usual" : " unusual"),
+             row.text(1));
 }
 
 void DescribeTest::pausesPartThePresses()

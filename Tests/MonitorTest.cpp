@@ -5,7 +5,6 @@
 #include "ReferenceHost/Serial/PseudoTerminal.h"
 #include "support/DescribedTemplate.h"
 #include "support/DigitizerProcess.h"
-#include "support/StructRows.h"
 #include "support/TextRows.h"
 
 #include <QRegularExpression>
@@ -29,19 +28,6 @@ LineMonitor monitor(const QByteArray& letters)
     });
 }
 
-struct End
-{
-    const char* name;
-    bool cablePulled;
-    const char* option;
-    const char* tablet;
-};
-const End ends[] = {
-    {"stopped", false, "--driver", "Genius NewSketch MM (500 LPI)"},
-    {"cable pulled", true, "--description",
-     SOURCE_DIRECTORY "/Plugins/digitizer/generated/genius-newsketch-mm.xml"},
-};
-
 } // namespace
 
 /// What "monitor" makes of the bytes of a tablet.
@@ -53,7 +39,7 @@ private slots:
     void bytesAreListedWithTheirRoles_data() { addTextRows("monitor.txt", 3); }
     void bytesAreListedWithTheirRoles();
     void theSummaryCounts();
-    void aLineIsShownUntilItEnds_data() { addRows(ends); }
+    void aLineIsShownUntilItEnds_data();
     void aLineIsShownUntilItEnds();
 };
 
@@ -88,24 +74,32 @@ void MonitorTest::theSummaryCounts()
                      "cm, largest y 0.3500 cm\n"));
 }
 
+void MonitorTest::aLineIsShownUntilItEnds_data()
+{
+    QTest::addColumn<bool>("cablePulled");
+    QTest::newRow("stopped") << false;
+    QTest::newRow("cable pulled") << true;
+}
+
 void MonitorTest::aLineIsShownUntilItEnds()
 {
-    const End& row = currentRow(ends);
+    QFETCH(bool, cablePulled);
     const TestHost host;
     PseudoTerminal terminal;
-    DigitizerProcess process(host, "digitizer",
-                             {"monitor", "--device", terminal.path(), row.option, row.tablet});
+    DigitizerProcess process(
+        host, "digitizer",
+        {"monitor", "--device", terminal.path(), "--driver", "Genius NewSketch MM (500 LPI)"});
     process.write("\n"); // once the port is open, the summary shows it
     QVERIFY2(process.prints("0 bytes"), qPrintable(process.errors()));
     QVERIFY(terminal.write("?,\n1234,0567,2\r\n12"));
     QVERIFY2(process.prints("2 stray bytes"), qPrintable(process.output())); // after a pause
     QVERIFY2(process.output().contains("button 2 at 6.2679, 2.8800 cm"),
              qPrintable(process.output()));
-    if (row.cablePulled)
+    if (cablePulled)
         terminal.hangUp();
     else
         process.terminate();
-    QCOMPARE(process.end(), row.cablePulled ? 1 : 0);
+    QCOMPARE(process.end(), cablePulled ? 1 : 0);
     QVERIFY2(process.output().contains("18 bytes, 1 report, 5 bytes passed over"),
              qPrintable(process.output()));
 }

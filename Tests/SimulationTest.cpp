@@ -6,7 +6,6 @@
 #include "ReferenceHost/Serial/RecordedSession.h"
 #include "support/DescriptionBuilder.h"
 #include "support/DigitizerProcess.h"
-#include "support/StructRows.h"
 #include "support/TextRows.h"
 #include "tablet-simulator/PieceScript.h"
 #include "tablet-simulator/Transmission.h"
@@ -27,42 +26,6 @@ using namespace TabletSimulation;
 
 namespace {
 
-// The inch that drawings were digitized with.
-constexpr double inch = 2.5396825396825;
-
-// What is known of each description from outside the library: a report written by hand with its
-// point and button, the step of the last digit in centimetres, and the digits of x and y.
-struct Expectation
-{
-    const char* name;
-    const char* report;
-    double x;
-    double y;
-    int button;
-    double step;
-    int digits;
-    bool hasSigns = false;
-};
-
-constexpr Expectation expectations[] = {
-    {"summagraphics-bitpad2-cr", "0512,1034,1\r", 6.501587302, 13.130158730, 1, inch / 200, 4},
-    {"summagraphics-bitpad2-crlf", "0512,1034,8\r\n", 6.501587302, 13.130158730, 4, inch / 200, 4},
-    {"genius-newsketch-mm", "1234,0567,1\r\n", 6.267936508, 2.88, 1, inch / 500, 4},
-    {"genius-newsketch-mm-1000", "12345,06789,1\r\n", 31.352380952, 17.241904762, 1, inch / 1000,
-     5},
-    {"genius-newsketch-uiof16", "12345,06789,G\r\n", 31.352380952, 17.241904762, 15, inch / 1000,
-     5},
-    {"wacom-iis-ascii", "#,01234,00567,01\r\n", 3.133968254, 1.44, 0, inch / 1000, 5},
-    {"calcomp-2000-ascii", "12345,06789,3\r\n", 31.352380952, 17.241904762, 2, inch / 1000, 5},
-    {"calcomp-2000-ascii-6digit", "123456,789123,3\r\n", 123.440569929, 789.024371953, 2,
-     inch / 2540, 6},
-    {"calcomp-drawingboard3-preset3", "01234,00567,1\r", 15.66984127, 7.2, 1, inch / 200, 5},
-    {"summagraphics-mm2-1201", "1234,0567,1\r\n", 6.267936508, 2.88, 1, inch / 500, 4},
-    {"summagraphics-uiof16", "12345,06789,A\r\n", 31.352380952, 17.241904762, 9, inch / 1000, 5},
-    {"generic-5-5-1", "07287,07980,1\r\n", 18.506666667, 20.266666667, 1, inch / 1000, 5},
-    {"annotated", "+123.45,-067.89,02\r\n", 12.345, -6.789, 2, 0.001, 5, true},
-};
-
 QString fileOf(const QString& name)
 {
     return SOURCE_DIRECTORY +
@@ -77,26 +40,12 @@ DigitalReport decode(const DigitizerArgument& description, const QByteArray& rep
                                    FieldDecoding::decodeButton | FieldDecoding::decodeCoordinate);
 }
 
-struct LectraRow
+// "x y button"
+Press pressOf(const QByteArray& text)
 {
-    const char* name;
-    Press press;
-    const char* outcome;
-};
-const LectraRow lectraRows[] = {
-    {"least", {{0.01, 9999.99}, 2}, "\"00000031 0     1 999999\\r\\n\""},
-    {"last button", {{12.344, 567.89}, 5}, "\"00000034 0  1234  56789\\r\\n\""},
-    {"zero",
-     {{12, 0.004}, 2},
-     "the point (12, 0.004): this tablet rejects coordinates that are not above 0 cm"},
-    {"too large",
-     {{10000, 1}, 2},
-     "the point (10000, 1): the template has 6 digits for both coordinates, enough for at most "
-     "9999.99 cm"},
-    {"button",
-     {{1, 1}, 1},
-     "the point (1, 1): there is no button 1; this tablet has buttons 2 to 5"},
-};
+    const QByteArrayList numbers = text.split(' ');
+    return {{numbers.at(0).toDouble(), numbers.at(1).toDouble()}, numbers.at(2).toInt()};
+}
 
 QString outcomeOf(const tl::expected<QByteArray, QString>& report)
 {
@@ -122,11 +71,11 @@ class SimulationTest : public QObject
 
 private slots:
     void everyShippedDescriptionIsExpected();
-    void descriptionsDecodeAndEncode_data() { addRows(expectations); }
+    void descriptionsDecodeAndEncode_data() { addTextRows("tablets.txt", 7); }
     void descriptionsDecodeAndEncode();
     void reportsFollowTheTemplate_data() { addTextRows("simulated-reports.txt", 6); }
     void reportsFollowTheTemplate();
-    void theLectraLayoutComesBack_data() { addRows(lectraRows); }
+    void theLectraLayoutComesBack_data() { addTextRows("lectra-points.txt", 2); }
     void theLectraLayoutComesBack();
     void scriptsAreReadOrRefused_data() { addTextRows("scripts.txt", 2); }
     void scriptsAreReadOrRefused();
@@ -142,28 +91,32 @@ private slots:
 void SimulationTest::everyShippedDescriptionIsExpected()
 {
     QStringList files = QFileInfo(fileOf({})).dir().entryList(QDir::Files);
-    for (const Expectation& expectation : expectations)
-        files.removeAll(QString(expectation.name) + ".xml");
+    for (const TextRow& row : textRows("tablets.txt", 7))
+        files.removeAll(row.name + ".xml");
     QVERIFY2(files.isEmpty(), qPrintable(files.join(' ')));
 }
 
 void SimulationTest::descriptionsDecodeAndEncode()
 {
-    const Expectation& expected = currentRow(expectations);
-    const DigitizerArgument description = DriverLookup::inFile(fileOf(expected.name))->description;
-    const DigitalReport byHand = decode(description, expected.report);
-    QCOMPARE(quint64(qstrlen(expected.report)), quint64(description.m_reportLength));
-    QVERIFY(std::abs(byHand.coordinate().x() - expected.x) < 1e-9);
-    QVERIFY(std::abs(byHand.coordinate().y() - expected.y) < 1e-9);
-    QCOMPARE(byHand.m_button_number, expected.button);
+    QFETCH(TextRow, row);
+    const QByteArray written = row.fields.at(0);
+    const DigitizerArgument description = DriverLookup::inFile(fileOf(row.name))->description;
+    const DigitalReport byHand = decode(description, written);
+    QCOMPARE(quint64(written.size()), quint64(description.m_reportLength));
+    QVERIFY(std::abs(byHand.coordinate().x() - row.fields.at(1).toDouble()) < 1e-9);
+    QVERIFY(std::abs(byHand.coordinate().y() - row.fields.at(2).toDouble()) < 1e-9);
+    QCOMPARE(byHand.m_button_number, row.fields.at(3).toInt());
 
     for (const Press& press : bodiceFront(standardButtonRoles({{}, {}, {}, description})))
         QVERIFY(encodeReport(description, press));
 
-    const unsigned seed = 20260301 + unsigned(&expected - expectations);
+    const QByteArrayList lines = row.fields.at(4).split(' ');
+    const double step = (lines.at(1) == "inch" ? 2.5396825396825 : 1.0) / lines.at(0).toDouble();
+    const double largest = (std::pow(10.0, row.fields.at(5).toInt()) - 1) * step;
+    const unsigned seed = 20260301;
     std::mt19937 random(seed);
-    const double largest = (std::pow(10.0, expected.digits) - 1) * expected.step;
-    std::uniform_real_distribution<double> centimetres(expected.hasSigns ? -largest : 0.0, largest);
+    std::uniform_real_distribution<double> centimetres(
+        row.fields.at(6) == "signed" ? -largest : 0.0, largest);
     double farthest = 0.0;
     for (int count = 0; count < 1000; ++count) {
         const Press press = {{centimetres(random), centimetres(random)},
@@ -174,7 +127,7 @@ void SimulationTest::descriptionsDecodeAndEncode()
         QCOMPARE(delivered.m_button_number, press.button);
         for (const double difference : {delivered.coordinate().x() - press.point.x(),
                                         delivered.coordinate().y() - press.point.y()})
-            farthest = std::max(farthest, std::abs(difference) / expected.step);
+            farthest = std::max(farthest, std::abs(difference) / step);
     }
     qInfo("seed %u: largest difference %.6f steps", seed, farthest);
     QVERIFY(farthest <= 0.5 + 1e-6);
@@ -186,9 +139,7 @@ void SimulationTest::reportsFollowTheTemplate()
     const QByteArrayList resolution = row.fields.at(1).split(' ');
     const QByteArrayList codes =
         row.fields.at(2).isEmpty() ? QByteArrayList() : row.fields.at(2).split(' ');
-    const QByteArrayList numbers = row.fields.at(4).split(' ');
-    const Press press = {{numbers.at(0).toDouble(), numbers.at(1).toDouble()},
-                         numbers.at(2).toInt()};
+    const Press press = pressOf(row.fields.at(4));
     TestHost host;
     const QByteArray content =
         DescriptionBuilder()
@@ -206,15 +157,16 @@ void SimulationTest::reportsFollowTheTemplate()
 
 void SimulationTest::theLectraLayoutComesBack()
 {
-    const LectraRow& row = currentRow(lectraRows);
-    const auto report = encodeLectraE92Report(row.press);
-    QCOMPARE(outcomeOf(report), QString(row.outcome));
+    QFETCH(TextRow, row);
+    const Press press = pressOf(row.fields.at(0));
+    const auto report = encodeLectraE92Report(press);
+    QCOMPARE(outcomeOf(report), row.text(1));
     if (!report)
         return;
     const DigitalReport delivered = LectraE92::reportOf(report->constData());
-    QCOMPARE(delivered.m_button_number, row.press.button);
-    QVERIFY(std::abs(delivered.coordinate().x() - row.press.point.x()) <= 0.005 + 1e-9);
-    QVERIFY(std::abs(delivered.coordinate().y() - row.press.point.y()) <= 0.005 + 1e-9);
+    QCOMPARE(delivered.m_button_number, press.button);
+    QVERIFY(std::abs(delivered.coordinate().x() - press.point.x()) <= 0.005 + 1e-9);
+    QVERIFY(std::abs(delivered.coordinate().y() - press.point.y()) <= 0.005 + 1e-9);
 }
 
 void SimulationTest::scriptsAreReadOrRefused()

@@ -4,8 +4,8 @@
 #include "ReferenceHost/Host/PenDirectory.h"
 #include "ReferenceHost/Serial/PortHolders.h"
 #include "ReferenceHost/Texts/PrivateNames.h"
-#include "support/StructRows.h"
 #include "support/TestHost.h"
+#include "support/TextRows.h"
 
 #include <unistd.h>
 
@@ -17,60 +17,20 @@ class TechnicianTest : public QObject
     Q_OBJECT
 
 private slots:
-    void missingRightsAreExplained_data();
+    void missingRightsAreExplained_data() { addTextRows("rights.txt", 3); }
     void missingRightsAreExplained();
     void holdersAreFound();
     void reasonsForFilesThatStay();
-    void privateNamesAreTakenOut_data();
+    void privateNamesAreTakenOut_data() { addTextRows("private-names.txt", 2); }
     void privateNamesAreTakenOut();
 };
 
-namespace {
-
-struct Rights
-{
-    const char* name;
-    const char* group;
-    unsigned mode;
-    const char* advice;
-};
-const Rights rights[] = {
-    {"group may", "uucp", 0660,
-     "it belongs to the group uucp; join it with 'sudo usermod -aG uucp $USER' and log in again"},
-    {"group may only read", "dialout", 0640,
-     "only its owner root may (permissions 0640); ask an administrator to give a group, such as "
-     "dialout, read and write permission"},
-    {"never join root", "root", 0660,
-     "only its owner root may (permissions 0660); ask an administrator to give a group, such as "
-     "dialout, read and write permission"},
-};
-
-struct Names
-{
-    const char* name;
-    const char* text;
-    const char* expected;
-};
-const Names names[] = {
-    {"home", "in /home/ann/pen,", "in ~/pen,"},
-    {"home of another", "/home/anna/pen", "/home/anna/pen"},
-    {"user", "ann may not: usermod -aG dialout ann", "USER may not: usermod -aG dialout USER"},
-    {"part of a word", "planning annotated", "planning annotated"},
-    {"machine", "at box.lan", "at HOST.lan"},
-};
-
-} // namespace
-
-void TechnicianTest::missingRightsAreExplained_data()
-{
-    addRows(rights);
-}
-
 void TechnicianTest::missingRightsAreExplained()
 {
-    const Rights& row = currentRow(rights);
-    QCOMPARE(MavSystem::rightsAdvice({"/dev/ttyS0", "root", row.group, row.mode}),
-             QString("you may not use /dev/ttyS0: ") + row.advice);
+    QFETCH(TextRow, row);
+    const unsigned mode = row.fields.at(1).toUInt(nullptr, 8);
+    QCOMPARE(MavSystem::rightsAdvice({"/dev/ttyS0", "root", row.text(0), mode}),
+             "you may not use /dev/ttyS0: " + row.text(2));
 }
 
 void TechnicianTest::holdersAreFound()
@@ -125,16 +85,11 @@ void TechnicianTest::reasonsForFilesThatStay()
     QVERIFY2(reasons.at(2).contains("c.txt already exists"), qPrintable(reasons.at(2)));
 }
 
-void TechnicianTest::privateNamesAreTakenOut_data()
-{
-    addRows(names);
-}
-
 void TechnicianTest::privateNamesAreTakenOut()
 {
-    const Names& row = currentRow(names);
-    QCOMPARE(withoutPrivateNames(row.text, {"/home/ann", "ann", "box"}), QString(row.expected));
-    QCOMPARE(withoutPrivateNames(row.text, {}), QString(row.text));
+    QFETCH(TextRow, row);
+    QCOMPARE(withoutPrivateNames(row.text(0), {"/home/ann", "ann", "box"}), row.text(1));
+    QCOMPARE(withoutPrivateNames(row.text(0), {}), row.text(0));
 }
 
 QTEST_GUILESS_MAIN(TechnicianTest)

@@ -7,7 +7,7 @@ PATH=${PROGRAMS:-$TESTDIR/../../build/release/bin}:$PATH
 sources=$(cd "$TESTDIR/../.." && pwd)
 export HOME="$folder/home" XDG_DATA_HOME="$folder/home" XDG_CONFIG_HOME="$folder/home"
 export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 TZ=UTC
-trap 'kill $(jobs -p) 2>/dev/null' EXIT
+trap 'kill $started 2>/dev/null' EXIT
 
 # What differs from run to run is shown by name.
 plain() {
@@ -17,7 +17,7 @@ plain() {
 # The programs: first the output, then the errors, in an order that does not depend on time. Status 124:
 # the program did not end. "command digitizer" runs it without this.
 run() {
-    timeout --foreground -k 5 60 "$@" >"$folder/.output" 2>"$folder/.errors"
+    timeout --foreground -k 5 30 "$@" >"$folder/.output" 2>"$folder/.errors"
     status=$?
     plain "$folder/.output"
     plain "$folder/.errors" >&2
@@ -41,8 +41,9 @@ await() {
 start() {
     name=$1
     shift
-    (exec timeout --foreground -k 5 60 "$@" </dev/null >"$name" 2>"$name.errors") &
+    (exec timeout --foreground -k 5 30 "$@" </dev/null >"$name" 2>"$name.errors") &
     eval "$name=$!"
+    started="$started $!"
 }
 
 # ended NAME [FILTER...]: waits for the end and shows what the program printed, its output as FILTER has it.
