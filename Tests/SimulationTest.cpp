@@ -18,6 +18,7 @@
 
 #include <poll.h>
 #include <sys/ioctl.h>
+#include <termios.h>
 #include <unistd.h>
 
 using namespace MavSystem;
@@ -85,7 +86,9 @@ private slots:
     void faultsChangeTheWrites_data() { addTextRows("simulated-faults.txt", 4); }
     void faultsChangeTheWrites();
     void theNextReportWaitsForTheHost();
+    void theLastReportWaitsForTheHost();
     void aFloodArrivesWhole();
+    void aFloodIsDiscarded();
 };
 
 void SimulationTest::everyShippedDescriptionIsExpected()
@@ -274,6 +277,43 @@ void SimulationTest::theNextReportWaitsForTheHost()
     process.terminate();
     QCOMPARE(process.end(), 0);
     QVERIFY(!QFileInfo(link).isSymLink());
+}
+
+// The port is hung up when the host has read everything, however long it was busy.
+void SimulationTest::theLastReportWaitsForTheHost()
+{
+    const TestHost host;
+    const QString link = host.path("tablet");
+    DigitizerProcess process(host, "tablet-simulator",
+                             {"--driver", "Lectra E92", "--link", link, "--hangup-after", "1"});
+    QVERIFY2(process.prints(link), qPrintable(process.errors()));
+    QSerialPort port(link);
+    QVERIFY(port.open(QIODevice::ReadWrite));
+    pollfd state = {port.handle(), POLLIN, 0};
+    QVERIFY(poll(&state, 1, 5000) > 0);
+    QVERIFY(!process.waitForFinished(1000));
+    char bytes[4096];
+    const ssize_t size = read(port.handle(), bytes, sizeof bytes);
+    QCOMPARE(QByteArray(bytes, int(size)), lectraPiece().constFirst());
+    QCOMPARE(process.end(), 0);
+}
+
+// Room comes without a read, too.
+void SimulationTest::aFloodIsDiscarded()
+{
+    const TestHost host;
+    const QString link = host.path("tablet");
+    DigitizerProcess process(
+        host, "tablet-simulator",
+        {"--driver", "Lectra E92", "--link", link, "--flood", "--repeat", "1000"});
+    QVERIFY2(process.prints(link), qPrintable(process.errors()));
+    QSerialPort port(link);
+    port.setReadBufferSize(1);
+    QVERIFY(port.open(QIODevice::ReadWrite));
+    QTRY_VERIFY2_WITH_TIMEOUT(
+        (tcflush(port.handle(), TCIFLUSH), process.state() == QProcess::NotRunning),
+        "the simulator waits for ever", 20000);
+    QCOMPARE(process.exitCode(), 0);
 }
 
 void SimulationTest::aFloodArrivesWhole()
