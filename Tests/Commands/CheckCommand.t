@@ -14,6 +14,14 @@ A device that can be used.
   $ digitizer check --driver Beeping --device File:
   No Error has occurred
 
+A pen without its directory.
+
+  $ printf '[General]\ndigitizer_file_directory=%s/nowhere\n' "$PWD" >home/DigitizerGeneric/digitizer.conf
+  $ digitizer check --driver Beeping --device File:
+  digitizer: there is no directory "DIR/nowhere" for pen files; check the setting digitizer_file_directory
+  [1]
+  $ rm home/DigitizerGeneric/digitizer.conf
+
 The beep arrives at the tablet.
 
   $ digitizer beep --driver Beeping --device "$PWD/tablet"

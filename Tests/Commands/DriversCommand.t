@@ -99,16 +99,17 @@ The shipped descriptions are installed at the first start.
     buttons     01 02 03 04 05 06 07 08 09 10 11 12 13 14 15 16
     support     documented
 
-Installed files are listed among them; those that cannot be read are skipped, and a driver that cannot be used
-says so.
+Installed files are listed among them, one for each name; those that cannot be read are skipped, and a driver that
+cannot be used says so.
 
   $ cd home/DigitizerGeneric/generated
   $ description Broken XxY >broken.xml
   $ description Aachen >aachen.xml
+  $ cp aachen.xml second.xml
   $ echo '<device' >malformed.xml; mkdir folder.xml; echo x >README
-  $ digitizer drivers | sed -n '/Aachen\|Broken/,/^$/p'
+  $ digitizer drivers | sed -n 's/aachen.xml\|second.xml/EITHER/; /Aachen\|Broken/,/^$/p'
   Aachen
-    file        DIR/home/DigitizerGeneric/generated/aachen.xml
+    file        DIR/home/DigitizerGeneric/generated/EITHER
     settings    9600 8 None 1
     resolution  10 LPMM
     layout      XXXXYYYYB
@@ -123,8 +124,7 @@ says so.
     buttons     
     support     not stated
   
-  $ digitizer drivers --format json | grep 'Aachen\|Broken\|Wacom'
-  {"buttons":["1","2","3","4"],"file":"DIR/home/DigitizerGeneric/generated/aachen.xml","layout":"XXXXYYYYB","name":"Aachen","resolution":"10 LPMM","settings":"9600 8 None 1","support":"","usable":true}
+  $ digitizer drivers --format json | grep 'Broken\|Wacom'
   {"buttons":[],"file":"DIR/home/DigitizerGeneric/generated/broken.xml","layout":"","name":"Broken","resolution":"0 LPMM","settings":"50 5 None 1","support":"","usable":false}
   {"buttons":["01","02","03","04","05","06","07","08","09","10","11","12","13","14","15","16"],"file":"DIR/home/DigitizerGeneric/generated/wacom-iis-ascii.xml","layout":"UUXXXXXUYYYYYUBBCL","name":"Wacom II-S ASCII (SD-510C, ArtPad)","resolution":"1000 LPI","settings":"9600 8 None 1","support":"documented","usable":true}
   $ digitizer drivers | grep -c file
