@@ -83,7 +83,7 @@ Every way to stop closes the device.
   >     tablet --driver "$uiof" --script points --stay
   >     start capture digitizer capture --driver "$uiof" --device "$PWD/tablet"
   >     await grep -q '^ *3 ' capture
-  >     kill -$signal $capture; ended capture tail -2
+  >     signal capture $signal; ended capture tail -2
   > done
        3     5.0794     5.0794       0  other
        4          -          -      14  closing

@@ -10,13 +10,12 @@ Every byte, with its role; Enter and the end show a summary.
 
   $ mkfifo keys
   $ tablet --replay session --stay
-  $ timeout --foreground 60 digitizer monitor --device "$PWD/tablet" --driver "$mm" <keys >monitor 2>&1 & monitor=$!
+  $ input=keys start monitor digitizer monitor --device "$PWD/tablet" --driver "$mm"
   $ exec 3>keys
   $ await grep '2 stray' monitor
   $ echo >&3
   $ await grep 'passed over' monitor
-  $ kill $monitor; wait $monitor
-  $ timeless monitor
+  $ stop monitor timeless
   TIME  3f 2c 0a                                                    |?,.|
                ?  ?  ?                                                    3 stray bytes
   TIME  31 32 33 34 2c 30 35 36 37 2c 32 0d 0a                      |1234,0567,2..|

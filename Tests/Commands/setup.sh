@@ -36,14 +36,20 @@ await() {
     return 1
 }
 
-# start NAME PROGRAM ARGUMENT...: runs a program beside the next commands; its output and errors go to NAME
-# and NAME.errors, its process number to $NAME.
+# start NAME PROGRAM ARGUMENT...: runs a program beside the next commands, with $input as its input; its
+# output and errors go to NAME and NAME.errors.
 start() {
     name=$1
     shift
-    (exec timeout --foreground -k 5 30 "$@" </dev/null >"$name" 2>"$name.errors") &
+    (exec timeout --foreground -k 5 30 sh -c 'echo $$ >"$0"; exec "$@"' "$name.process" "$@" \
+        <"${input:-/dev/null}" >"$name" 2>"$name.errors") &
     eval "$name=$!"
     started="$started $!"
+}
+
+# signal NAME SIGNAL: to the program itself; "timeout" sometimes passes a signal on twice.
+signal() {
+    kill -"$2" "$(cat "$1.process")"
 }
 
 # ended NAME [FILTER...]: waits for the end and shows what the program printed, its output as FILTER has it.
@@ -60,7 +66,7 @@ ended() {
 
 # stop NAME [FILTER...]: the same after the signal that a user and a desktop send to end a program.
 stop() {
-    eval "kill \$$1"
+    signal "$1" TERM
     ended "$@"
 }
 
