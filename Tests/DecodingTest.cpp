@@ -14,26 +14,7 @@
 
 using namespace MavSystem;
 
-/// From the characters of a report to a point and a button number.
-class DecodingTest : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void reportsDecodeByTheTemplate_data() { addTextRows("decoding.txt", 4); }
-    void reportsDecodeByTheTemplate();
-    void flagsChooseWhatIsDecoded();
-    void buttonsMatchByTheirCodes_data() { addTextRows("buttons.txt", 4); }
-    void buttonsMatchByTheirCodes();
-    void fourButtonsAreFourEntries();
-    void lectraReportsAreCheckedAndRead_data() { addTextRows("lectra.txt", 3); }
-    void lectraReportsAreCheckedAndRead();
-    void theInterfaceAgreesWithAPlainReference();
-    void noLocaleTouchesANumber();
-};
-
 namespace {
-
 std::unique_ptr<DigitizerArgument> loaded(const DescriptionBuilder& file)
 {
     TestHost host;
@@ -57,94 +38,107 @@ void compare(const DigitalReport& report, const QString& expected)
 
 } // namespace
 
-void DecodingTest::reportsDecodeByTheTemplate()
+/// From the characters of a report to a point and a button number.
+class DecodingTest : public QObject
 {
-    QFETCH(TextRow, row);
-    const QByteArray roles = expanded(row.fields.at(0));
-    const QByteArrayList resolution = row.fields.at(2).split(' ');
-    const auto description = loaded(
-        DescriptionBuilder().report(roles).resolution(resolution.at(0).toInt(), resolution.at(1)));
-    QCOMPARE(description->m_reportFormat.size(), std::size_t(roles.size()));
-    compare(decoded(*description, expanded(row.fields.at(1))), row.text(3));
-}
+    Q_OBJECT
 
-void DecodingTest::flagsChooseWhatIsDecoded()
-{
-    const auto description = loaded(DescriptionBuilder());
-    compare(decoded(*description, "123456782", 0), "0 0 0");
-    compare(decoded(*description, "123456782", 1), "0 0 2");
-    compare(decoded(*description, "123456782", 2), "12.34 56.78 0");
-    compare(decoded(*description, "123456782", 0x7c), "0 0 0");
-}
+private slots:
+    void reportsDecodeByTheTemplate_data() { addTextRows("decoding.txt", 4); }
 
-void DecodingTest::buttonsMatchByTheirCodes()
-{
-    QFETCH(TextRow, row);
-    const QByteArrayList numbers = row.fields.at(0).split(' ');
-    QByteArrayList codes = row.fields.at(1).split(' ');
-    codes.removeAll(QByteArray());
-    const auto description =
-        loaded(DescriptionBuilder().buttons(numbers.at(0), numbers.at(1).toInt(), codes));
-    ButtonValue code;
-    std::memcpy(code.m_code.data(), row.fields.at(2).leftJustified(3).constData(), 3);
-    QCOMPARE(int(FieldDecoding::buttonNumberOf(*description, code)), row.fields.at(3).toInt());
-}
-
-void DecodingTest::fourButtonsAreFourEntries()
-{
-    const std::vector<ButtonValue> codes = {{{'1'}}, {{'2'}}, {{'3'}}, {{'4'}}, {{'5'}}};
-    const DigitizerArgument record(true, PortSettings(), 1, LPMM, 0, {}, 1, codes);
-    QCOMPARE(int(FieldDecoding::buttonNumberOf(record, codes[3])), 4);
-    QCOMPARE(int(FieldDecoding::buttonNumberOf(record, codes[4])), 0);
-}
-
-void DecodingTest::lectraReportsAreCheckedAndRead()
-{
-    QFETCH(TextRow, row);
-    QByteArray text = "uuuuuu32u0__1234u_56789";
-    text.replace(row.fields.at(0).toInt(), row.fields.at(1).size(), row.fields.at(1));
-    compare(LectraE92::reportOf(text.replace('_', ' ')), row.text(2));
-}
-
-// What the plain reference gives is what the fuzz target requires.
-void DecodingTest::theInterfaceAgreesWithAPlainReference()
-{
-    const unsigned seed = std::random_device()();
-    qInfo("seed %u", seed);
-    std::mt19937 random(seed);
-    const auto below = [&](int limit) { return int(random() % unsigned(limit)); };
-    const auto text = [&](int size, const QByteArray& alphabet) {
-        QByteArray characters;
-        while (characters.size() < size)
-            characters += alphabet.at(below(alphabet.size()));
-        return characters;
-    };
-    for (int round = 0; round < 2000; ++round) {
-        const int size = round % 100 ? 1 + below(40) : 500 + below(40);
-        QByteArray head = text(4, "\x01\x27\x52\x53\x83\xff");
-        head[2] = char(below(8));
-        fuzz(head + text(size, "XXXXYYYY..SSBUCL") + '\n' +
-             text(size, round % 2 ? "0123456789" : "0123456789 -+.x\xe9"));
-    }
-}
-
-void DecodingTest::noLocaleTouchesANumber()
-{
-    struct Grouping : std::numpunct<char>
+    void reportsDecodeByTheTemplate()
     {
-        char do_thousands_sep() const override { return '.'; }
-        char do_decimal_point() const override { return ','; }
-        std::string do_grouping() const override { return "\1"; }
-    };
-    const std::locale before = std::locale::global(std::locale(std::locale(), new Grouping));
-    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-    const auto description =
-        loaded(DescriptionBuilder().report("XXXX.XXYYYY.YYB").resolution(1000, "LPMM"));
-    const DigitalReport report = decoded(*description, "1234.565678.902");
-    std::locale::global(before);
-    QLocale::setDefault(QLocale::c());
-    compare(report, "0.123456 0.567890 2");
-}
+        QFETCH(TextRow, row);
+        const QByteArray roles = expanded(row.fields.at(0));
+        const QByteArrayList resolution = row.fields.at(2).split(' ');
+        const auto description = loaded(DescriptionBuilder().report(roles).resolution(
+            resolution.at(0).toInt(), resolution.at(1)));
+        QCOMPARE(description->m_reportFormat.size(), std::size_t(roles.size()));
+        compare(decoded(*description, expanded(row.fields.at(1))), row.text(3));
+    }
+
+    void flagsChooseWhatIsDecoded()
+    {
+        const auto description = loaded(DescriptionBuilder());
+        compare(decoded(*description, "123456782", 0), "0 0 0");
+        compare(decoded(*description, "123456782", 1), "0 0 2");
+        compare(decoded(*description, "123456782", 2), "12.34 56.78 0");
+        compare(decoded(*description, "123456782", 0x7c), "0 0 0");
+    }
+
+    void buttonsMatchByTheirCodes_data() { addTextRows("buttons.txt", 4); }
+
+    void buttonsMatchByTheirCodes()
+    {
+        QFETCH(TextRow, row);
+        const QByteArrayList numbers = row.fields.at(0).split(' ');
+        QByteArrayList codes = row.fields.at(1).split(' ');
+        codes.removeAll(QByteArray());
+        const auto description =
+            loaded(DescriptionBuilder().buttons(numbers.at(0), numbers.at(1).toInt(), codes));
+        ButtonValue code;
+        std::memcpy(code.m_code.data(), row.fields.at(2).leftJustified(3).constData(), 3);
+        QCOMPARE(int(FieldDecoding::buttonNumberOf(*description, code)), row.fields.at(3).toInt());
+    }
+
+    void fourButtonsAreFourEntries()
+    {
+        const std::vector<ButtonValue> codes = {{{'1'}}, {{'2'}}, {{'3'}}, {{'4'}}, {{'5'}}};
+        const DigitizerArgument record(true, PortSettings(), 1, LPMM, 0, {}, 1, codes);
+        QCOMPARE(int(FieldDecoding::buttonNumberOf(record, codes[3])), 4);
+        QCOMPARE(int(FieldDecoding::buttonNumberOf(record, codes[4])), 0);
+    }
+
+    void lectraReportsAreCheckedAndRead_data() { addTextRows("lectra.txt", 3); }
+
+    void lectraReportsAreCheckedAndRead()
+    {
+        QFETCH(TextRow, row);
+        QByteArray text = "uuuuuu32u0__1234u_56789";
+        text.replace(row.fields.at(0).toInt(), row.fields.at(1).size(), row.fields.at(1));
+        compare(LectraE92::reportOf(text.replace('_', ' ')), row.text(2));
+    }
+
+    // What the plain reference gives is what the fuzz target requires.
+    void theInterfaceAgreesWithAPlainReference()
+    {
+        const unsigned seed = std::random_device()();
+        qInfo("seed %u", seed);
+        std::mt19937 random(seed);
+        const auto below = [&](int limit) { return int(random() % unsigned(limit)); };
+        const auto text = [&](int size, const QByteArray& alphabet) {
+            QByteArray characters;
+            while (characters.size() < size)
+                characters += alphabet.at(below(alphabet.size()));
+            return characters;
+        };
+        for (int round = 0; round < 2000; ++round) {
+            const int size = round % 100 ? 1 + below(40) : 500 + below(40);
+            QByteArray head = text(4, "\x01\x27\x52\x53\x83\xff");
+            head[2] = char(below(8));
+            fuzz(head + text(size, "XXXXYYYY..SSBUCL") + '\n' +
+                 text(size, round % 2 ? "0123456789" : "0123456789 -+.x\xe9"));
+        }
+    }
+
+    void noLocaleTouchesANumber()
+    {
+        struct Grouping : std::numpunct<char>
+        {
+            char do_thousands_sep() const override { return '.'; }
+            char do_decimal_point() const override { return ','; }
+            std::string do_grouping() const override { return "\1"; }
+        };
+        const std::locale before = std::locale::global(std::locale(std::locale(), new Grouping));
+        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+        const auto description =
+            loaded(DescriptionBuilder().report("XXXX.XXYYYY.YYB").resolution(1000, "LPMM"));
+        const DigitalReport report = decoded(*description, "1234.565678.902");
+        std::locale::global(before);
+        QLocale::setDefault(QLocale::c());
+        compare(report, "0.123456 0.567890 2");
+    }
+};
 
 QTEST_GUILESS_MAIN(DecodingTest)
 #include "DecodingTest.moc"

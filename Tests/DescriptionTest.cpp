@@ -23,7 +23,6 @@ using namespace ReferenceHost;
 using DescriptionFiles::BrokenFile;
 
 namespace {
-
 const QByteArray emptyRecord = "serial 0,0,0,0,0|0 LPMM|report 0 |sixteen 0 |";
 const char shippedFile[] = "plugins/digitizer/generated/a.xml";
 const char installedFile[] = "data/generated/a.xml";
@@ -88,236 +87,231 @@ class DescriptionTest : public QObject
 
 private slots:
     void elementsBecomeTheRecord_data() { addTextRows("descriptions.txt", 2); }
-    void elementsBecomeTheRecord();
-    void faults_data() { addTextRows("faults.txt", 2); }
-    void faults();
-    void limits_data() { addTextRows("limits.txt", 2); }
-    void limits();
-    void theSearchAgreesWithParsingEveryFile_data() { addTextRows("search.txt", 2); }
-    void theSearchAgreesWithParsingEveryFile();
-    void onlyPlainVisibleFilesCount();
-    void ofTwoFilesTheFirstListedCounts();
-    void theConstructorWidensWithSign();
-    void aFirstStartHasTheShippedDrivers();
-    void shippedDescriptionsAreKeptUpToDate_data() { addRows(updateRows); }
-    void shippedDescriptionsAreKeptUpToDate();
-    void anUpdateThatFailedIsRepeated();
-    void aRecordThatCannotBeKeptIsTold();
-    void driversAreThoseThatCanBeSelected();
-    void oneMoreFileIsInstalled_data() { addTextRows("installs.txt", 4); }
-    void oneMoreFileIsInstalled();
-    void theSelectedDeviceIsAskedAbout_data() { addTextRows("selections.txt", 3); }
-    void theSelectedDeviceIsAskedAbout();
-};
 
-void DescriptionTest::elementsBecomeTheRecord()
-{
-    QFETCH(TextRow, row);
-    const QByteArray xml = row.fields.at(0);
-    TestHost host;
-    host.writeDescription("a", xml.startsWith("<device") ? xml
-                                                         : DescriptionBuilder().element(xml).xml());
-    QVERIFY2(load("A").contains(row.fields.at(1)), load("A"));
-    QCOMPARE(load("a"), emptyRecord);
-}
-
-void DescriptionTest::faults()
-{
-    QFETCH(TextRow, row);
-    const QByteArray xml = expanded(row.fields.at(0));
-    BoundedXmlReader reader(xml);
-    while (reader.readNext()) {
-    }
-    QVERIFY(reader.hasProblem() && !reader.problem().isEmpty());
-    QCOMPARE(reader.problemOffset(), row.fields.at(1).toInt());
-    TestHost host;
-    host.writeDescription("broken", xml);
-    QVERIFY(!DescriptionFiles::find("A", BrokenFile::Skipped));
-    // The search goes on, whichever file the directory lists first.
-    host.writeDescription("good", DescriptionBuilder().resolution(7, "LPI").xml());
-    QVERIFY2(load("A").contains("|7 LPI|"), load("A"));
-}
-
-void DescriptionTest::limits()
-{
-    QFETCH(TextRow, row);
-    const int largest = row.fields.at(1).toInt();
-    for (const int count : {largest, largest + 1}) {
-        QByteArray xml = row.fields.at(0);
-        xml.replace("*N}", '*' + QByteArray::number(count) + '}');
+    void elementsBecomeTheRecord()
+    {
+        QFETCH(TextRow, row);
+        const QByteArray xml = row.fields.at(0);
         TestHost host;
-        host.writeDescription("a", expanded(xml));
-        QCOMPARE(DescriptionFiles::find("A", BrokenFile::Skipped).has_value(), count == largest);
+        host.writeDescription(
+            "a", xml.startsWith("<device") ? xml : DescriptionBuilder().element(xml).xml());
+        QVERIFY2(load("A").contains(row.fields.at(1)), load("A"));
+        QCOMPARE(load("a"), emptyRecord);
     }
-}
 
-void DescriptionTest::theSearchAgreesWithParsingEveryFile()
-{
-    QFETCH(TextRow, row);
-    const QByteArray xml = expanded(row.fields.at(0));
-    QDomDocument whole;
-    const bool expected =
-        whole.setContent(xml, false) && whole.documentElement().attribute("name") == row.text(1);
-    TestHost host;
-    host.writeDescription("a", xml);
-    const auto found = DescriptionFiles::find(row.text(1), BrokenFile::Skipped);
-    QCOMPARE(found.has_value(), expected);
-    if (found)
-        QCOMPARE(found->document.toByteArray(), whole.toByteArray());
-}
+    void faults_data() { addTextRows("faults.txt", 2); }
 
-void DescriptionTest::onlyPlainVisibleFilesCount()
-{
-    TestHost host;
-    QCOMPARE(load("A"), emptyRecord); // no folder
-    const QByteArray good = DescriptionBuilder().xml();
-    host.writeDescription(".hidden.xml", good);
-    host.writeDescription("folder.xml/a.xml", good);
-    QCOMPARE(load("A"), emptyRecord);
-    host.writeDescription("any name at all", good);
-    QVERIFY(load("A") != emptyRecord);
-}
+    void faults()
+    {
+        QFETCH(TextRow, row);
+        const QByteArray xml = expanded(row.fields.at(0));
+        BoundedXmlReader reader(xml);
+        while (reader.readNext()) {
+        }
+        QVERIFY(reader.hasProblem() && !reader.problem().isEmpty());
+        QCOMPARE(reader.problemOffset(), row.fields.at(1).toInt());
+        TestHost host;
+        host.writeDescription("broken", xml);
+        QVERIFY(!DescriptionFiles::find("A", BrokenFile::Skipped));
+        // The search goes on, whichever file the directory lists first.
+        host.writeDescription("good", DescriptionBuilder().resolution(7, "LPI").xml());
+        QVERIFY2(load("A").contains("|7 LPI|"), load("A"));
+    }
 
-void DescriptionTest::ofTwoFilesTheFirstListedCounts()
-{
-    TestHost host;
-    for (int number = 1; number <= 8; ++number)
-        host.writeDescription(QString::number(number),
-                              DescriptionBuilder().resolution(number, "LPI").xml());
-    const QDir folder(DescriptionFolder::path());
-    const QString first = folder.entryList(QDir::Files, QDir::Unsorted).at(0);
-    QVERIFY2(load("A").contains("|" + first.toLatin1() + " LPI|"), load("A"));
-}
+    void limits_data() { addTextRows("limits.txt", 2); }
 
-void DescriptionTest::theConstructorWidensWithSign()
-{
-    const DigitizerArgument record(true, PortSettings(), -5, LPI, -1, {FORMAT_X}, -2,
-                                   {ButtonValue()});
-    QCOMPARE(textOf(record),
-             QByteArray("serial 0,0,0,0,0|-5 LPI|report 18446744073709551615 X|four -2 [   ]|"));
-}
+    void limits()
+    {
+        QFETCH(TextRow, row);
+        const int largest = row.fields.at(1).toInt();
+        for (const int count : {largest, largest + 1}) {
+            QByteArray xml = row.fields.at(0);
+            xml.replace("*N}", '*' + QByteArray::number(count) + '}');
+            TestHost host;
+            host.writeDescription("a", expanded(xml));
+            QCOMPARE(DescriptionFiles::find("A", BrokenFile::Skipped).has_value(),
+                     count == largest);
+        }
+    }
 
-void DescriptionTest::aFirstStartHasTheShippedDrivers()
-{
-    const TestHost host;
-    QCOMPARE(DescriptionFolder::prepare(), QString());
-    const QDir shipped(SOURCE_DIRECTORY "/Plugins/digitizer/generated");
-    const QStringList files = shipped.entryList(QDir::Files);
-    QCOMPARE(DescriptionFolder::drivers().size(), files.size());
-    for (const QString& file : files)
-        QCOMPARE(contentOf(DescriptionFolder::path() + '/' + file),
-                 contentOf(shipped.filePath(file)));
-    const auto driver = DescriptionFolder::find("Generic 5-5-1 (ASCII)");
-    QVERIFY(driver && driver->takesReports());
-    QCOMPARE(driver->file, host.path("data/generated/generic-5-5-1.xml"));
-    QCOMPARE(driver->buttonCount(), 4);
-    QCOMPARE(driver->resolutionText(), "1000 LPI");
-    QCOMPARE(driver->support, "untested");
-}
+    void theSearchAgreesWithParsingEveryFile_data() { addTextRows("search.txt", 2); }
 
-void DescriptionTest::shippedDescriptionsAreKeptUpToDate()
-{
-    const auto& row = currentRow(updateRows);
-    TestHost host;
-    host.write(shippedFile, "old");
-    QCOMPARE(DescriptionFolder::prepare(), QString());
-    host.write("data/generated/own.xml", "own");
+    void theSearchAgreesWithParsingEveryFile()
+    {
+        QFETCH(TextRow, row);
+        const QByteArray xml = expanded(row.fields.at(0));
+        QDomDocument whole;
+        const bool expected = whole.setContent(xml, false) &&
+                              whole.documentElement().attribute("name") == row.text(1);
+        TestHost host;
+        host.writeDescription("a", xml);
+        const auto found = DescriptionFiles::find(row.text(1), BrokenFile::Skipped);
+        QCOMPARE(found.has_value(), expected);
+        if (found)
+            QCOMPARE(found->document.toByteArray(), whole.toByteArray());
+    }
 
-    QVERIFY(QFile::remove(host.path(installedFile)));
-    if (!row.installed.isNull())
-        host.write(installedFile, row.installed);
-    host.write(shippedFile, "new");
-    QCOMPARE(DescriptionFolder::prepare(), QString());
-    QCOMPARE(contentOf(host.path(installedFile)), row.afterwards);
-    const QStringList files = QDir(host.path("data")).entryList(QDir::Files) +
-                              QDir(DescriptionFolder::path()).entryList(QDir::Files);
-    QCOMPARE(files, QStringList({"shipped-descriptions.ini", "a.xml", "own.xml"}));
-}
+    void onlyPlainVisibleFilesCount()
+    {
+        TestHost host;
+        QCOMPARE(load("A"), emptyRecord); // no folder
+        const QByteArray good = DescriptionBuilder().xml();
+        host.writeDescription(".hidden.xml", good);
+        host.writeDescription("folder.xml/a.xml", good);
+        QCOMPARE(load("A"), emptyRecord);
+        host.writeDescription("any name at all", good);
+        QVERIFY(load("A") != emptyRecord);
+    }
 
-void DescriptionTest::anUpdateThatFailedIsRepeated()
-{
-    TestHost host;
-    host.write(shippedFile, "old");
-    QCOMPARE(DescriptionFolder::prepare(), QString());
-    const QByteArray large(8192, 'n');
-    host.write(shippedFile, large);
-    std::signal(SIGXFSZ, SIG_IGN);
-    limitFileSize(4096);
-    const QString problem = DescriptionFolder::prepare();
-    limitFileSize(RLIM_INFINITY);
-    QVERIFY2(problem.startsWith("cannot write the description"), qPrintable(problem));
-    QCOMPARE(contentOf(host.path(installedFile)), QByteArray("old"));
-    QCOMPARE(DescriptionFolder::prepare(), QString());
-    QCOMPARE(contentOf(host.path(installedFile)), large);
-}
+    void ofTwoFilesTheFirstListedCounts()
+    {
+        TestHost host;
+        for (int number = 1; number <= 8; ++number)
+            host.writeDescription(QString::number(number),
+                                  DescriptionBuilder().resolution(number, "LPI").xml());
+        const QDir folder(DescriptionFolder::path());
+        const QString first = folder.entryList(QDir::Files, QDir::Unsorted).at(0);
+        QVERIFY2(load("A").contains("|" + first.toLatin1() + " LPI|"), load("A"));
+    }
 
-void DescriptionTest::aRecordThatCannotBeKeptIsTold()
-{
-    TestHost host;
-    host.write("data/shipped-descriptions.ini/in-the-way", "");
-    const QString problem = DescriptionFolder::prepare();
-    QVERIFY2(problem.startsWith("cannot write the record"), qPrintable(problem));
-    QVERIFY(DescriptionFolder::find("Generic 5-5-1 (ASCII)"));
-}
+    void theConstructorWidensWithSign()
+    {
+        const DigitizerArgument record(true, PortSettings(), -5, LPI, -1, {FORMAT_X}, -2,
+                                       {ButtonValue()});
+        QCOMPARE(
+            textOf(record),
+            QByteArray("serial 0,0,0,0,0|-5 LPI|report 18446744073709551615 X|four -2 [   ]|"));
+    }
 
-void DescriptionTest::driversAreThoseThatCanBeSelected()
-{
-    TestHost host;
-    QVERIFY(DescriptionFolder::drivers().isEmpty());
-    const QByteArray files[] = {
-        DescriptionBuilder("B").xml(), DescriptionBuilder("A").report("XxY").xml(),
-        DescriptionBuilder("").xml(),  "<device name='C'>",
-        DescriptionBuilder("B").xml(), DescriptionBuilder("lectra e92").report("").xml()};
-    for (const QByteArray& file : files)
-        host.writeDescription(QString::number(&file - files), file);
-    QStringList found;
-    for (const DescribedDriver& driver : DescriptionFolder::drivers())
-        found << driver.name + (driver.takesReports() ? "+" : "-");
-    QCOMPARE(found, QStringList({"A-", "B+", "lectra e92+"}));
-    for (const char* unknown : {"", "C", "b"})
-        QVERIFY(!DescriptionFolder::find(unknown));
-}
+    void aFirstStartHasTheShippedDrivers()
+    {
+        const TestHost host;
+        QCOMPARE(DescriptionFolder::prepare(), QString());
+        const QDir shipped(SOURCE_DIRECTORY "/Plugins/digitizer/generated");
+        const QStringList files = shipped.entryList(QDir::Files);
+        QCOMPARE(DescriptionFolder::drivers().size(), files.size());
+        for (const QString& file : files)
+            QCOMPARE(contentOf(DescriptionFolder::path() + '/' + file),
+                     contentOf(shipped.filePath(file)));
+        const auto driver = DescriptionFolder::find("Generic 5-5-1 (ASCII)");
+        QVERIFY(driver && driver->takesReports());
+        QCOMPARE(driver->file, host.path("data/generated/generic-5-5-1.xml"));
+        QCOMPARE(driver->buttonCount(), 4);
+        QCOMPARE(driver->resolutionText(), "1000 LPI");
+        QCOMPARE(driver->support, "untested");
+    }
 
-void DescriptionTest::oneMoreFileIsInstalled()
-{
-    QFETCH(TextRow, row);
-    const QByteArray content = row.fields.at(1);
-    const bool replaces = row.fields.at(2) == "replaced";
-    const QString expected = row.text(3);
-    TestHost host;
-    const QString there = host.write("old/there.xml", "<device name='There'/>");
-    QCOMPARE(DescriptionFolder::install(there).problem, QString());
-    const QString file =
-        content.isEmpty() ? host.path("none.xml") : host.write("new/" + row.text(0), content);
-    const DescriptionFolder::Result result =
-        DescriptionFolder::install(file, replaces ? DescriptionFolder::ExistingFile::Replaced
-                                                  : DescriptionFolder::ExistingFile::Kept);
-    QVERIFY2(expected.isEmpty() == result.problem.isEmpty() && result.problem.contains(expected),
-             qPrintable(result.problem));
-    QCOMPARE(bool(DescriptionFolder::find("There")), row.text(0) != "there.xml" || !replaces);
-    if (!expected.isEmpty())
-        return;
-    QCOMPARE(result.driver.file, host.path("data/generated/" + row.text(0)));
-    QCOMPARE(contentOf(result.driver.file), content);
-    QVERIFY(DescriptionFolder::find(result.driver.name));
-}
+    void shippedDescriptionsAreKeptUpToDate_data() { addRows(updateRows); }
 
-void DescriptionTest::theSelectedDeviceIsAskedAbout()
-{
-    QFETCH(TextRow, row);
-    TestHost host;
-    const PseudoTerminal tablet;
-    host.writeDescription("a", DescriptionBuilder().xml());
-    host.writeDescription("broken", DescriptionBuilder("Broken").report("x").xml());
-    QString device = row.text(1);
-    QString problem = row.text(2);
-    for (QString* value : {&device, &problem})
-        value->replace("PORT", tablet.path()).replace("HOST", host.path(""));
-    QSettings().setValue("digitizer_file_directory",
-                         problem.isEmpty() ? host.path("") : QString("/no/pen"));
-    Digitizer::instance()->selectDevice(row.text(0), device);
-    QCOMPARE(SelectedDevice::problem(), problem);
-}
+    void shippedDescriptionsAreKeptUpToDate()
+    {
+        const auto& row = currentRow(updateRows);
+        TestHost host;
+        host.write(shippedFile, "old");
+        QCOMPARE(DescriptionFolder::prepare(), QString());
+        host.write("data/generated/own.xml", "own");
+
+        QVERIFY(QFile::remove(host.path(installedFile)));
+        if (!row.installed.isNull())
+            host.write(installedFile, row.installed);
+        host.write(shippedFile, "new");
+        QCOMPARE(DescriptionFolder::prepare(), QString());
+        QCOMPARE(contentOf(host.path(installedFile)), row.afterwards);
+        const QStringList files = QDir(host.path("data")).entryList(QDir::Files) +
+                                  QDir(DescriptionFolder::path()).entryList(QDir::Files);
+        QCOMPARE(files, QStringList({"shipped-descriptions.ini", "a.xml", "own.xml"}));
+    }
+
+    void anUpdateThatFailedIsRepeated()
+    {
+        TestHost host;
+        host.write(shippedFile, "old");
+        QCOMPARE(DescriptionFolder::prepare(), QString());
+        const QByteArray large(8192, 'n');
+        host.write(shippedFile, large);
+        std::signal(SIGXFSZ, SIG_IGN);
+        limitFileSize(4096);
+        const QString problem = DescriptionFolder::prepare();
+        limitFileSize(RLIM_INFINITY);
+        QVERIFY2(problem.startsWith("cannot write the description"), qPrintable(problem));
+        QCOMPARE(contentOf(host.path(installedFile)), QByteArray("old"));
+        QCOMPARE(DescriptionFolder::prepare(), QString());
+        QCOMPARE(contentOf(host.path(installedFile)), large);
+    }
+
+    void aRecordThatCannotBeKeptIsTold()
+    {
+        TestHost host;
+        host.write("data/shipped-descriptions.ini/in-the-way", "");
+        const QString problem = DescriptionFolder::prepare();
+        QVERIFY2(problem.startsWith("cannot write the record"), qPrintable(problem));
+        QVERIFY(DescriptionFolder::find("Generic 5-5-1 (ASCII)"));
+    }
+
+    void driversAreThoseThatCanBeSelected()
+    {
+        TestHost host;
+        QVERIFY(DescriptionFolder::drivers().isEmpty());
+        const QByteArray files[] = {
+            DescriptionBuilder("B").xml(), DescriptionBuilder("A").report("XxY").xml(),
+            DescriptionBuilder("").xml(),  "<device name='C'>",
+            DescriptionBuilder("B").xml(), DescriptionBuilder("lectra e92").report("").xml()};
+        for (const QByteArray& file : files)
+            host.writeDescription(QString::number(&file - files), file);
+        QStringList found;
+        for (const DescribedDriver& driver : DescriptionFolder::drivers())
+            found << driver.name + (driver.takesReports() ? "+" : "-");
+        QCOMPARE(found, QStringList({"A-", "B+", "lectra e92+"}));
+        for (const char* unknown : {"", "C", "b"})
+            QVERIFY(!DescriptionFolder::find(unknown));
+    }
+
+    void oneMoreFileIsInstalled_data() { addTextRows("installs.txt", 4); }
+
+    void oneMoreFileIsInstalled()
+    {
+        QFETCH(TextRow, row);
+        const QByteArray content = row.fields.at(1);
+        const bool replaces = row.fields.at(2) == "replaced";
+        const QString expected = row.text(3);
+        TestHost host;
+        const QString there = host.write("old/there.xml", "<device name='There'/>");
+        QCOMPARE(DescriptionFolder::install(there).problem, QString());
+        const QString file =
+            content.isEmpty() ? host.path("none.xml") : host.write("new/" + row.text(0), content);
+        const DescriptionFolder::Result result =
+            DescriptionFolder::install(file, replaces ? DescriptionFolder::ExistingFile::Replaced
+                                                      : DescriptionFolder::ExistingFile::Kept);
+        QVERIFY2(expected.isEmpty() == result.problem.isEmpty() &&
+                     result.problem.contains(expected),
+                 qPrintable(result.problem));
+        QCOMPARE(bool(DescriptionFolder::find("There")), row.text(0) != "there.xml" || !replaces);
+        if (!expected.isEmpty())
+            return;
+        QCOMPARE(result.driver.file, host.path("data/generated/" + row.text(0)));
+        QCOMPARE(contentOf(result.driver.file), content);
+        QVERIFY(DescriptionFolder::find(result.driver.name));
+    }
+
+    void theSelectedDeviceIsAskedAbout_data() { addTextRows("selections.txt", 3); }
+
+    void theSelectedDeviceIsAskedAbout()
+    {
+        QFETCH(TextRow, row);
+        TestHost host;
+        const PseudoTerminal tablet;
+        host.writeDescription("a", DescriptionBuilder().xml());
+        host.writeDescription("broken", DescriptionBuilder("Broken").report("x").xml());
+        QString device = row.text(1);
+        QString problem = row.text(2);
+        for (QString* value : {&device, &problem})
+            value->replace("PORT", tablet.path()).replace("HOST", host.path(""));
+        QSettings().setValue("digitizer_file_directory",
+                             problem.isEmpty() ? host.path("") : QString("/no/pen"));
+        Digitizer::instance()->selectDevice(row.text(0), device);
+        QCOMPARE(SelectedDevice::problem(), problem);
+    }
+};
 
 QTEST_GUILESS_MAIN(DescriptionTest)
 #include "DescriptionTest.moc"

@@ -17,7 +17,6 @@ using namespace MavSystem;
 using namespace ReferenceHost;
 
 namespace {
-
 constexpr int patience = 10000; // milliseconds
 
 // The window of the host, and the person before it.
@@ -117,64 +116,60 @@ class DialogHostTest : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void aChosenTabletDraws();
-    void aProblemIsShownInABox();
+    void initTestCase()
+    {
+        QCoreApplication::setOrganizationName("Examples");
+        QCoreApplication::setApplicationName("dialog-host");
+        for (const char* folder : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"})
+            qputenv(folder, m_home.path().toLocal8Bit());
+    }
+
+    void aChosenTabletDraws()
+    {
+        Session session;
+        PseudoTerminal tablet;
+        session.open("Generic 5-5-1 (ASCII)", tablet.path(), {});
+        QVERIFY2(tablet.waitForOpen(patience), qPrintable(session.status()));
+        const QStringList pressed = {"2.5397 5.0794", "0.0000 253.9657"};
+        QVERIFY(tablet.write("01000,02000,1\r\n00000,99999,4\r\n"));
+        QTRY_COMPARE_WITH_TIMEOUT(session.points(), pressed, patience);
+        tablet.hangUp();
+        QTRY_VERIFY2_WITH_TIMEOUT(session.status().startsWith("The port is lost: "),
+                                  qPrintable(session.status()), patience);
+        session.press(Qt::Key_W);
+        QCOMPARE(session.status(), QString("No digitizer is open."));
+        QCOMPARE(session.points(), pressed); // and no closing report
+    }
+
+    void aProblemIsShownInABox()
+    {
+        Session session;
+        session.open("Generic 5-5-1 (ASCII)", "/dev/no-such-port", {}, "OK");
+        QVERIFY2(session.box.contains("/dev/no-such-port"), qPrintable(session.box));
+    }
+
     void theImportIsAskedFor_data() { addRows(answers); }
-    void theImportIsAskedFor();
+
+    void theImportIsAskedFor()
+    {
+        const auto& row = currentRow(answers);
+        const QTemporaryDir pen;
+        const QString example = SOURCE_DIRECTORY "/Examples/pen/";
+        QVERIFY(QFile::copy(example + "garment/collar.dat", pen.filePath("collar.dat")));
+        Session session;
+        QCOMPARE(DescriptionFolder::install(example + "example-pen.xml").problem, QString());
+        session.open("Example Pen", "File:", pen.path(), row.name);
+        QVERIFY2(session.box.contains("ready to be imported"), qPrintable(session.box));
+        QCOMPARE(session.status(),
+                 row.points > 0 ? "Example Pen is open at File:" : "No digitizer is open.");
+        const auto files = [&] { return QDir(pen.path()).entryList(QDir::Files).join(' '); };
+        QTRY_COMPARE_WITH_TIMEOUT(files(), row.files, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(session.points().size(), row.points, patience);
+    }
 
 private:
     QTemporaryDir m_home;
 };
-
-void DialogHostTest::initTestCase()
-{
-    QCoreApplication::setOrganizationName("Examples");
-    QCoreApplication::setApplicationName("dialog-host");
-    for (const char* folder : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"})
-        qputenv(folder, m_home.path().toLocal8Bit());
-}
-
-void DialogHostTest::aChosenTabletDraws()
-{
-    Session session;
-    PseudoTerminal tablet;
-    session.open("Generic 5-5-1 (ASCII)", tablet.path(), {});
-    QVERIFY2(tablet.waitForOpen(patience), qPrintable(session.status()));
-    const QStringList pressed = {"2.5397 5.0794", "0.0000 253.9657"};
-    QVERIFY(tablet.write("01000,02000,1\r\n00000,99999,4\r\n"));
-    QTRY_COMPARE_WITH_TIMEOUT(session.points(), pressed, patience);
-    tablet.hangUp();
-    QTRY_VERIFY2_WITH_TIMEOUT(session.status().startsWith("The port is lost: "),
-                              qPrintable(session.status()), patience);
-    session.press(Qt::Key_W);
-    QCOMPARE(session.status(), QString("No digitizer is open."));
-    QCOMPARE(session.points(), pressed); // and no closing report
-}
-
-void DialogHostTest::aProblemIsShownInABox()
-{
-    Session session;
-    session.open("Generic 5-5-1 (ASCII)", "/dev/no-such-port", {}, "OK");
-    QVERIFY2(session.box.contains("/dev/no-such-port"), qPrintable(session.box));
-}
-
-void DialogHostTest::theImportIsAskedFor()
-{
-    const auto& row = currentRow(answers);
-    const QTemporaryDir pen;
-    const QString example = SOURCE_DIRECTORY "/Examples/pen/";
-    QVERIFY(QFile::copy(example + "garment/collar.dat", pen.filePath("collar.dat")));
-    Session session;
-    QCOMPARE(DescriptionFolder::install(example + "example-pen.xml").problem, QString());
-    session.open("Example Pen", "File:", pen.path(), row.name);
-    QVERIFY2(session.box.contains("ready to be imported"), qPrintable(session.box));
-    QCOMPARE(session.status(),
-             row.points > 0 ? "Example Pen is open at File:" : "No digitizer is open.");
-    const auto files = [&] { return QDir(pen.path()).entryList(QDir::Files).join(' '); };
-    QTRY_COMPARE_WITH_TIMEOUT(files(), row.files, patience);
-    QTRY_COMPARE_WITH_TIMEOUT(session.points().size(), row.points, patience);
-}
 
 QTEST_MAIN(DialogHostTest)
 #include "DialogHostTest.moc"

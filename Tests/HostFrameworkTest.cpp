@@ -18,7 +18,6 @@
 using namespace MavSystem;
 
 namespace {
-
 int ask()
 {
     return MavApplication::instance()->confirmContinue("Import?", "Pen", "Import", "Delete",
@@ -39,111 +38,105 @@ class HostFrameworkTest : public QObject
     Q_OBJECT
 
 private slots:
-    void theReportTypeIsRegisteredByTheFirstRun();
-    void stagesAndOrdersAreKept();
-    void anExceptionDropsTheRest();
-    void withoutDialogsTextsGoToTheErrorStream();
-    void aHostObjectThatGoesIsForgotten();
-    void handlersAreReplacedNotAdded();
+    void theReportTypeIsRegisteredByTheFirstRun()
+    {
+        const char name[] = "MavSystem::DigitalReport";
+        QCOMPARE(QMetaType::type(name), int(QMetaType::UnknownType));
+        MavInit::instance()->runOnce();
+        const int type = QMetaType::type(name);
+        QVERIFY(type != QMetaType::UnknownType);
+
+        DigitalReport report(1.5, -2.5);
+        report.m_button_number = 7;
+        const auto copy = QVariant::fromValue(report).value<DigitalReport>();
+        QCOMPARE(qMetaTypeId<DigitalReport>(), type);
+        QCOMPARE(textOf(copy), "1.5 -2.5 7");
+    }
+
+    void stagesAndOrdersAreKept()
+    {
+        MavInit& registry = *MavInit::instance();
+        QByteArray sequence;
+        const auto add = [&](char letter, int stage, int order) {
+            registry.registerRunOnce([&sequence, letter] { sequence += letter; },
+                                     MavInit::RunStage(stage), order);
+        };
+        const QByteArray equalOrders = "ghijklmnopqrstuvwxyz"; // enough of them for a sort to mix
+        for (const char letter : equalOrders)
+            add(letter, 1, 0);
+        add('e', 1, -5);
+        add('c', 0, 2);
+        add('a', 0, -1);
+        add('d', 0, 2);
+        add('b', 0, 0);
+        registry.registerRunOnce([&] { add('f', 0, 0); }, MavInit::RunStage(0), 0);
+        registry.runOnce();
+        QCOMPARE(sequence, "abcde" + equalOrders);
+        registry.runOnce();
+        registry.runOnce();
+        QCOMPARE(sequence, "abcde" + equalOrders + "f");
+    }
+
+    void anExceptionDropsTheRest()
+    {
+        MavInit& registry = *MavInit::instance();
+        bool reached = false;
+        registry.registerRunOnce([] { throw std::runtime_error("start-up"); }, MavInit::STAGE_TYPES,
+                                 0);
+        registry.registerRunOnce([&] { reached = true; }, MavInit::STAGE_TYPES, 1);
+        QVERIFY_EXCEPTION_THROWN(registry.runOnce(), std::runtime_error);
+        registry.runOnce();
+        QVERIFY(!reached);
+    }
+
+    void withoutDialogsTextsGoToTheErrorStream()
+    {
+        QTemporaryFile written;
+        QVERIFY(written.open());
+        const int before = dup(STDERR_FILENO);
+        dup2(written.handle(), STDERR_FILENO);
+        const MavApplication* const application = MavApplication::instance();
+        application->displayWarning("Warned", QString(), nullptr);
+        application->displayError("Failed", "file", nullptr);
+        const int answer = ask();
+        dup2(before, STDERR_FILENO);
+        close(before);
+        QCOMPARE(answer, 2);
+        QCOMPARE(application->mainWindow(), nullptr);
+        written.seek(0);
+        QCOMPARE(written.readAll(), QByteArray("Warned\nFailed (file)\nImport? (Cancel)\n"));
+    }
+
+    void aHostObjectThatGoesIsForgotten()
+    {
+        MavApplication* const standard = MavApplication::instance();
+        {
+            MavApplication own;
+            MavApplication::setInstance(&own);
+            QCOMPARE(MavApplication::instance(), &own);
+        }
+        QCOMPARE(MavApplication::instance(), standard);
+    }
+
+    void handlersAreReplacedNotAdded()
+    {
+        DigitalReport report(3.0, 4.0);
+        report.m_button_number = 9;
+        report.flush(); // nobody there
+        QStringList calls;
+        DigitalReport::registerHandle([&](const DigitalReport&) { calls << "first"; });
+        DigitalReport::registerHandle([&](const DigitalReport& got) { calls << textOf(got); });
+        report.flush();
+        DigitalReport::registerHandle(
+            [](const DigitalReport&) { throw std::runtime_error("host"); });
+        QVERIFY_EXCEPTION_THROWN(report.flush(), std::runtime_error);
+        DigitalReport::unregisterHandle();
+        report.flush();
+        QCOMPARE(calls, QStringList("3 4 9"));
+    }
 };
 
-void HostFrameworkTest::theReportTypeIsRegisteredByTheFirstRun()
-{
-    const char name[] = "MavSystem::DigitalReport";
-    QCOMPARE(QMetaType::type(name), int(QMetaType::UnknownType));
-    MavInit::instance()->runOnce();
-    const int type = QMetaType::type(name);
-    QVERIFY(type != QMetaType::UnknownType);
-
-    DigitalReport report(1.5, -2.5);
-    report.m_button_number = 7;
-    const auto copy = QVariant::fromValue(report).value<DigitalReport>();
-    QCOMPARE(qMetaTypeId<DigitalReport>(), type);
-    QCOMPARE(textOf(copy), "1.5 -2.5 7");
-}
-
-void HostFrameworkTest::stagesAndOrdersAreKept()
-{
-    MavInit& registry = *MavInit::instance();
-    QByteArray sequence;
-    const auto add = [&](char letter, int stage, int order) {
-        registry.registerRunOnce([&sequence, letter] { sequence += letter; },
-                                 MavInit::RunStage(stage), order);
-    };
-    const QByteArray equalOrders = "ghijklmnopqrstuvwxyz"; // enough of them for a sort to mix
-    for (const char letter : equalOrders)
-        add(letter, 1, 0);
-    add('e', 1, -5);
-    add('c', 0, 2);
-    add('a', 0, -1);
-    add('d', 0, 2);
-    add('b', 0, 0);
-    registry.registerRunOnce([&] { add('f', 0, 0); }, MavInit::RunStage(0), 0);
-    registry.runOnce();
-    QCOMPARE(sequence, "abcde" + equalOrders);
-    registry.runOnce();
-    registry.runOnce();
-    QCOMPARE(sequence, "abcde" + equalOrders + "f");
-}
-
-void HostFrameworkTest::anExceptionDropsTheRest()
-{
-    MavInit& registry = *MavInit::instance();
-    bool reached = false;
-    registry.registerRunOnce([] { throw std::runtime_error("start-up"); }, MavInit::STAGE_TYPES, 0);
-    registry.registerRunOnce([&] { reached = true; }, MavInit::STAGE_TYPES, 1);
-    QVERIFY_EXCEPTION_THROWN(registry.runOnce(), std::runtime_error);
-    registry.runOnce();
-    QVERIFY(!reached);
-}
-
-void HostFrameworkTest::withoutDialogsTextsGoToTheErrorStream()
-{
-    QTemporaryFile written;
-    QVERIFY(written.open());
-    const int before = dup(STDERR_FILENO);
-    dup2(written.handle(), STDERR_FILENO);
-    const MavApplication* const application = MavApplication::instance();
-    application->displayWarning("Warned", QString(), nullptr);
-    application->displayError("Failed", "file", nullptr);
-    const int answer = ask();
-    dup2(before, STDERR_FILENO);
-    close(before);
-    QCOMPARE(answer, 2);
-    QCOMPARE(application->mainWindow(), nullptr);
-    written.seek(0);
-    QCOMPARE(written.readAll(), QByteArray("Warned\nFailed (file)\nImport? (Cancel)\n"));
-}
-
-void HostFrameworkTest::aHostObjectThatGoesIsForgotten()
-{
-    MavApplication* const standard = MavApplication::instance();
-    {
-        MavApplication own;
-        MavApplication::setInstance(&own);
-        QCOMPARE(MavApplication::instance(), &own);
-    }
-    QCOMPARE(MavApplication::instance(), standard);
-}
-
-void HostFrameworkTest::handlersAreReplacedNotAdded()
-{
-    DigitalReport report(3.0, 4.0);
-    report.m_button_number = 9;
-    report.flush(); // nobody there
-    QStringList calls;
-    DigitalReport::registerHandle([&](const DigitalReport&) { calls << "first"; });
-    DigitalReport::registerHandle([&](const DigitalReport& got) { calls << textOf(got); });
-    report.flush();
-    DigitalReport::registerHandle([](const DigitalReport&) { throw std::runtime_error("host"); });
-    QVERIFY_EXCEPTION_THROWN(report.flush(), std::runtime_error);
-    DigitalReport::unregisterHandle();
-    report.flush();
-    QCOMPARE(calls, QStringList("3 4 9"));
-}
-
 namespace {
-
 const struct
 {
     const char* name; // a button's text, or a way to dismiss the dialog
@@ -167,26 +160,25 @@ class HostDialogTest : public QObject
 
 private slots:
     void theQuestionReturnsTheChoice_data() { addRows(choices); }
-    void theQuestionReturnsTheChoice();
-};
 
-void HostDialogTest::theQuestionReturnsTheChoice()
-{
-    const auto& row = currentRow(choices);
-    QTimer::singleShot(0, [&] {
-        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        QVERIFY(box);
-        for (QAbstractButton* const button : box->buttons()) {
-            if (button->text() == row.name)
-                return button->click();
-        }
-        if (row.key == 0)
-            box->close();
-        else
-            QTest::keyClick(box, row.key);
-    });
-    QCOMPARE(ask(), row.answer);
-}
+    void theQuestionReturnsTheChoice()
+    {
+        const auto& row = currentRow(choices);
+        QTimer::singleShot(0, [&] {
+            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            QVERIFY(box);
+            for (QAbstractButton* const button : box->buttons()) {
+                if (button->text() == row.name)
+                    return button->click();
+            }
+            if (row.key == 0)
+                box->close();
+            else
+                QTest::keyClick(box, row.key);
+        });
+        QCOMPARE(ask(), row.answer);
+    }
+};
 
 int main(int argc, char** argv)
 {

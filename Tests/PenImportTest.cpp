@@ -27,40 +27,7 @@
 
 using namespace MavSystem;
 
-/// The pen input from the directory to the handler: what is imported, what goes wrong, what a host
-/// may do meanwhile, and files that are still being written. The tables are Rows/pen-*.txt.
-class PenImportTest : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void init() { QDir::setCurrent(QDir::rootPath()); }
-    void waitingFilesAreImported_data() { addTextRows("pen-imports.txt", 4); }
-    void waitingFilesAreImported();
-    void sampleFilesGiveTheReportsBesideThem_data();
-    void sampleFilesGiveTheReportsBesideThem();
-    void scenarios_data();
-    void scenarios();
-    void aHostMayDoAnythingInItsHandler_data();
-    void aHostMayDoAnythingInItsHandler();
-    void faults_data();
-    void faults();
-    void textsAreTranslatedInTheirContexts();
-    void filesThatArriveDuringAnErrorBox_data();
-    void filesThatArriveDuringAnErrorBox();
-    void anImporterInUseIsDeletedAtItsEnd();
-    void aNestedLoopMayReadTheChangeFirst();
-    void renamingReplacesNothing_data();
-    void renamingReplacesNothing();
-    void exportedOperations();
-    void looks_data() { addTextRows("pen-looks.txt", 1); }
-    void looks();
-    void theSettleTimeIsNotSaved();
-    void aGrowingFileIsImportedWhole();
-};
-
 namespace {
-
 QByteArray contentOf(const QString& path)
 {
     QFile file(path);
@@ -108,407 +75,421 @@ PenFileSettling::File fileOf(const QString& text)
 
 } // namespace
 
-void PenImportTest::waitingFilesAreImported()
+/// The pen input from the directory to the handler: what is imported, what goes wrong, what a host
+/// may do meanwhile, and files that are still being written. The tables are Rows/pen-*.txt.
+class PenImportTest : public QObject
 {
-    QFETCH(TextRow, row);
-    const auto has = [&](const char* option) { return row.fields.at(1).contains(option); };
-    PenInput pen;
-    pen.put(expanded(row.fields.at(0)));
-    pen.digitizer->setExtended4Buttons(has("extended"));
-    pen.digitizer->m_host_mode = has("internal") ? 50 : 0;
-    pen.host.answer = has("delete") ? 1 : has("cancel") ? 2 : has("dismissed") ? -1 : 0;
-    if (has("throw"))
-        PenSteps::run(pen, has("other") ? "report 1: throw"
-                                        : "report 1: throw Gr\xc3\xb6\xc3\x9f"
-                                          "e");
+    Q_OBJECT
 
-    const bool imported = pen.host.answer == 0;
-    QCOMPARE(pen.digitizer->open(), imported);
-    QCOMPARE(pen.digitizer->active(), imported);
-    QCOMPARE(pen.delivered(), row.fields.at(2));
-    QCOMPARE(pen.names(), row.fields.at(3));
-    QCOMPARE(pen.host.questions.join(QLatin1Char('/')),
-             QLatin1String(has("unasked") ? ""
-                                          : "Digitizer files are ready to be imported."
-                                            "|Import|Import|Delete|Cancel"));
-    QCOMPARE(pen.host.errors.join(QLatin1Char('/')), !has("throw") ? QString()
-                                                     : has("other")
-                                                         ? QStringLiteral("Unexpected Error")
-                                                         : QStringLiteral("Gr\u00f6\u00dfe"));
-    QVERIFY(!pen.digitizer->close());
-    QVERIFY(!pen.digitizer->active());
-    QCOMPARE(pen.delivered(), row.fields.at(2));
-}
+private slots:
+    void init() { QDir::setCurrent(QDir::rootPath()); }
+    void waitingFilesAreImported_data() { addTextRows("pen-imports.txt", 4); }
 
-void PenImportTest::sampleFilesGiveTheReportsBesideThem_data()
-{
-    QTest::addColumn<QString>("file"); // without its extension
-    QDirIterator files(QStringLiteral(SOURCE_DIRECTORY "/Examples/pen"), {QStringLiteral("*.dat")},
-                       QDir::Files, QDirIterator::Subdirectories);
-    while (files.hasNext())
-        QTest::newRow(qPrintable(QFileInfo(files.next()).baseName()))
-            << files.filePath().chopped(4);
-}
-
-void PenImportTest::sampleFilesGiveTheReportsBesideThem()
-{
-    QFETCH(QString, file);
-    PenInput pen;
-    pen.host.writeDescription(
-        QStringLiteral("pen.xml"),
-        contentOf(QStringLiteral(SOURCE_DIRECTORY "/Examples/pen/example-pen.xml")));
-    pen.host.write(QStringLiteral("pen/a.dat"), contentOf(file + QStringLiteral(".dat")));
-    pen.digitizer->selectDevice(QStringLiteral("Example Pen"), QStringLiteral("File:"));
-    pen.digitizer->setExtended4Buttons(file.contains(QLatin1String("/extended/")));
-    QByteArray reports;
-    DigitalReport::registerHandle([&](const DigitalReport& report) {
-        reports += QByteArray::number(report.coordinate().x(), 'f', 4) + ' ' +
-                   QByteArray::number(report.coordinate().y(), 'f', 4) + ' ' +
-                   QByteArray::number(report.m_button_number) + '\n';
-    });
-    QVERIFY(pen.digitizer->open());
-    QCOMPARE(reports, contentOf(file + QStringLiteral(".reports")));
-}
-
-void PenImportTest::scenarios_data()
-{
-    QTest::addColumn<QByteArrayList>("steps");
-    const QByteArray text =
-        contentOf(QStringLiteral(SOURCE_DIRECTORY "/Tests/Rows/pen-scenarios.txt")).trimmed();
-    QList<QByteArray> steps;
-    for (const QByteArray& line : (text + "\n").split('\n')) {
-        if (line.isEmpty() && !steps.isEmpty())
-            QTest::newRow(steps.first()) << QByteArrayList(steps.mid(1));
-        if (line.isEmpty())
-            steps.clear();
-        else if (!line.startsWith('#'))
-            steps << unescaped(line);
-    }
-}
-
-void PenImportTest::scenarios()
-{
-    QFETCH(QByteArrayList, steps);
-    PenInput pen;
-    PenSteps::run(pen, steps);
-}
-
-void PenImportTest::aHostMayDoAnythingInItsHandler_data()
-{
-    QTest::addColumn<TextRow>("row");
-    QTest::addColumn<QByteArray>("starter"); // of the import
-    for (const TextRow& row : textRows("pen-handlers.txt", 4)) {
-        for (const char* starter : {"open()", "the watcher", "the timer"})
-            QTest::addRow("%s, import started by %s", row.name.constData(), starter)
-                << row << QByteArray(starter);
-    }
-}
-
-void PenImportTest::aHostMayDoAnythingInItsHandler()
-{
-    QFETCH(TextRow, row);
-    QFETCH(QByteArray, starter);
-    PenInput pen;
-    pen.digitizer->setPenFileSettleTime(starter == "the timer" ? 50 : 0);
-    for (const QString& step : row.text(0).split(QStringLiteral(", ")))
-        PenSteps::run(pen, "report 1: " + step.toLatin1());
-    const bool byOpen = starter == "open()";
-    QVERIFY(byOpen || pen.digitizer->open());
-    // Both before the first notification.
-    pen.put("b.dat=X:4:4\nA- 4\nX:5:5\n|a.dat=X:1:1\nX:2:2\nA- 4\nX:3:3\n");
-    // An importer that was replaced meanwhile does not watch.
-    const bool replaced = row.fields.at(2) == "replaced";
-    if (byOpen)
-        QCOMPARE(pen.digitizer->open(), !replaced);
-    QTRY_COMPARE(pen.names(), QByteArray("a.txt b.txt"));
-    // Whatever was replaced goes now, and what was deferred is through.
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents();
-    const QByteArray reports = row.fields.at(3);
-    QCOMPARE(pen.delivered(), reports.isEmpty() ? "1:1,1 1:2,2 4:3,3 1:4,4 4:5,5" : reports);
-    // One that was closed inside its own open() starts to watch after that.
-    const bool active = row.fields.at(1) == "yes" || (byOpen && !replaced);
-    QCOMPARE(pen.digitizer->active(), active);
-    if (!active || row.name == "unregister")
-        return;
-    // What comes later is delivered, once.
-    pen.reports.clear();
-    pen.hooks.clear();
-    PenSteps::run(pen, {"select A File:", "put later.dat=A- 4\nX:6:6\n",
-                        "names a.txt b.txt later.txt", "reports 4:6,6"});
-}
-
-void PenImportTest::faults_data()
-{
-    QTest::addColumn<TextRow>("row");
-    QTest::addColumn<bool>("settle");
-    for (const TextRow& row : textRows("pen-faults.txt", 7)) {
-        for (const bool settle : {false, true}) {
-            if (!row.fields.at(1).contains(settle ? "plain" : "settling"))
-                QTest::addRow("%s%s", row.name.constData(), settle ? ", settling" : "")
-                    << row << settle;
-        }
-    }
-}
-
-void PenImportTest::faults()
-{
-    QFETCH(TextRow, row);
-    QFETCH(bool, settle);
-    const auto has = [&](const char* option) { return row.fields.at(1).contains(option); };
-    if (has("root") && geteuid() != 0)
-        QSKIP("only root can leave somebody else a file");
-    PenInput pen;
-    boost::scoped_ptr<SmallDisk> disk(has("disk") ? new SmallDisk(pen.folder, 64) : nullptr);
-    if (disk && !disk->problem().isEmpty())
-        QSKIP(qPrintable(disk->problem()));
-    if (!has("watched"))
-        pen.put(row.fields.at(0));
-    PenSteps::run(pen, row.fields.at(2).split('&'));
-    PenSteps::run(pen, "report 1: " + row.fields.at(3));
-    pen.digitizer->setPenFileSettleTime(settle ? 50 : 0);
-    pen.host.answer = has("delete") ? 1 : 0;
-    const RecordedMessages messages(true);
-    const Unprivileged user(has("user"));
-    QCOMPARE(pen.digitizer->open(), !has("closed"));
-    QCOMPARE(pen.digitizer->active(), !has("closed"));
-    if (has("watched")) {
-        QCOMPARE(seteuid(0), 0);
-        pen.put(row.fields.at(0));
-        QCOMPARE(seteuid(65534), 0);
-    }
-    PenSteps::run(pen, "reports " + row.fields.at(4));
-    // An import must not be what starts the next one.
-    PenSteps::run(pen, "quiet");
-    QCOMPARE(pen.digitizer->unsettledPenFiles(), 0);
-    QCOMPARE(pen.names(), row.fields.at(5));
-    ::unlink(pen.encodedPathOf("\xff.dat")); // Qt cannot remove it
-    QVERIFY2(row.fields.at(6).isEmpty() || RecordedMessages::hold(row.fields.at(6)),
-             qPrintable(RecordedMessages::texts().join(QLatin1Char('\n'))));
-}
-
-void PenImportTest::textsAreTranslatedInTheirContexts()
-{
-    struct Translator : QTranslator
+    void waitingFilesAreImported()
     {
-        bool isEmpty() const override { return false; }
-        QString translate(const char* context, const char* source, const char* /*disambiguation*/,
-                          int /*n*/) const override
-        {
-            return QLatin1String(context).mid(11) + QLatin1Char('/') + QLatin1String(source);
-        }
-    } translator;
-    QCoreApplication::installTranslator(&translator);
-    PenInput pen;
-    pen.put("a.dat=X:1:1");
-    PenSteps::run(pen, "report 1: throw");
-    QVERIFY(pen.digitizer->open());
-    QCOMPARE(pen.host.questions.value(0),
-             QStringLiteral("DigipenFileDigitalization/Digitizer files are ready to be imported.|"
-                            "DigipenFileDigitalization/Import|DigipenFileDigitalization/Import|"
-                            "DigipenFileDigitalization/Delete|DigipenFileDigitalization/Cancel"));
-    QCOMPARE(pen.host.errors, QStringList(QStringLiteral("MavApplication/Unexpected Error")));
-}
-
-void PenImportTest::filesThatArriveDuringAnErrorBox_data()
-{
-    QTest::addColumn<bool>("box");
-    QTest::addColumn<bool>("closes"); // the host, in the box
-    QTest::newRow("wait for the end") << true << false;
-    QTest::newRow("are not imported if the host closes") << true << true;
-    QTest::newRow("without a box are imported at once") << false << false;
-}
-
-void PenImportTest::filesThatArriveDuringAnErrorBox()
-{
-    QFETCH(bool, box);
-    QFETCH(bool, closes);
-    const RecordedMessages messages(true);
-    PenInput pen;
-    QVERIFY(pen.digitizer->open());
-    // In descending order, so that the import has to sort them.
-    const auto putMany = [&] {
-        for (int number = 1299; number >= 1000; --number)
-            pen.put(QStringLiteral("p%1.dat=A- 4\nX:%1:0").arg(number).toLatin1());
-    };
-    QByteArrayList expected = {"4:1,1", "4:2,2"};
-    for (int number = 1000; number < 1300 && !closes; ++number)
-        expected << "4:" + QByteArray::number(number) + ",0";
-    bool boxEnded = !box;
-    pen.host.duringDialog = [&] {
-        // The file at hand goes, so that its renaming announces nothing after the box.
-        PenSteps::run(pen, "remove a.dat");
-        putMany();
-        QTRY_VERIFY(RecordedMessages::hold("waits for its end"));
-        QCOMPARE(pen.reports.size(), 1);
-        if (closes)
-            pen.digitizer->close();
-        boxEnded = true;
-    };
-    if (box)
-        PenSteps::run(pen, "report 1: throw thrown");
-    else
-        putMany();
-    pen.put("a.dat=A- 4\nX:1:1\nA- 4\nX:2:2");
-    QTRY_VERIFY(boxEnded && pen.reports.size() >= expected.size());
-    QCoreApplication::processEvents();
-    QCOMPARE(pen.reports, expected);
-    QCOMPARE(pen.names().count(".dat"), closes ? 300 : 0);
-    QCOMPARE(pen.host.errors.size(), box ? 1 : 0);
-}
-
-void PenImportTest::anImporterInUseIsDeletedAtItsEnd()
-{
-    PenInput pen;
-    pen.put("a.dat=X:1:1\nA- 4\nX:2:2\n");
-    const QPointer<DigipenFileDigitalization> importer =
-        new DigipenFileDigitalization(pen.digitizer.get(), false);
-    pen.hooks["report 1"] << [&] { importer->release(); };
-    importer->analyzerDigitPenFile(pen.folder);
-    QVERIFY(importer);
-    QCOMPARE(pen.delivered(), QByteArray("1:1,1 4:2,2"));
-    QCoreApplication::sendPostedEvents(importer, QEvent::DeferredDelete);
-    QVERIFY(!importer);
-    const QPointer<DigipenFileDigitalization> unused =
-        new DigipenFileDigitalization(pen.digitizer.get(), false);
-    unused->release();
-    QVERIFY(!unused);
-}
-
-// What a loop does that was about to read and comes second.
-void PenImportTest::aNestedLoopMayReadTheChangeFirst()
-{
-    const PenInput pen;
-    const QFileSystemWatcher watcher({pen.folder});
-    neverWaitForChanges(watcher);
-    const auto notifiers = watcher.findChildren<QSocketNotifier*>();
-    QCOMPARE(notifiers.size(), 1);
-    QEvent activation(QEvent::SockAct);
-    QVERIFY(QCoreApplication::sendEvent(notifiers.first(), &activation));
-}
-
-void PenImportTest::renamingReplacesNothing_data()
-{
-    QTest::addColumn<int>("kernelError");
-    for (const int error : {0, ENOSYS, EINVAL, EOPNOTSUPP})
-        QTest::newRow(error == 0 ? "known" : std::strerror(error)) << error;
-}
-
-void PenImportTest::renamingReplacesNothing()
-{
-    QFETCH(int, kernelError);
-    const char* const rows[][2] = {
-        {"from=1", "to"},
-        {"from=1|to=2", "from to"},
-        {"from=1|to/", "from to"},
-        {"from=1|x=2|to->x", "from to x"},
-        {"from=1|to->nothing", "from to"},
-        {"x=", "x"},
-    };
-    for (const auto& [entries, names] : rows) {
+        QFETCH(TextRow, row);
+        const auto has = [&](const char* option) { return row.fields.at(1).contains(option); };
         PenInput pen;
-        pen.put(entries);
-        const bool renamed = QByteArray(names) == "to";
-        QCOMPARE(renameInChild(pen, kernelError), renamed ? 0 : 1);
-        QCOMPARE(pen.names(), QByteArray(names));
-        QFile target(pen.pathOf(QStringLiteral("to")));
-        if (target.open(QIODevice::ReadOnly))
-            QCOMPARE(target.readAll(), QByteArray(renamed ? "1" : "2"));
+        pen.put(expanded(row.fields.at(0)));
+        pen.digitizer->setExtended4Buttons(has("extended"));
+        pen.digitizer->m_host_mode = has("internal") ? 50 : 0;
+        pen.host.answer = has("delete") ? 1 : has("cancel") ? 2 : has("dismissed") ? -1 : 0;
+        if (has("throw"))
+            PenSteps::run(pen, has("other") ? "report 1: throw"
+                                            : "report 1: throw Gr\xc3\xb6\xc3\x9f"
+                                              "e");
+
+        const bool imported = pen.host.answer == 0;
+        QCOMPARE(pen.digitizer->open(), imported);
+        QCOMPARE(pen.digitizer->active(), imported);
+        QCOMPARE(pen.delivered(), row.fields.at(2));
+        QCOMPARE(pen.names(), row.fields.at(3));
+        QCOMPARE(pen.host.questions.join(QLatin1Char('/')),
+                 QLatin1String(has("unasked") ? ""
+                                              : "Digitizer files are ready to be imported."
+                                                "|Import|Import|Delete|Cancel"));
+        QCOMPARE(pen.host.errors.join(QLatin1Char('/')), !has("throw") ? QString()
+                                                         : has("other")
+                                                             ? QStringLiteral("Unexpected Error")
+                                                             : QStringLiteral("Gr\u00f6\u00dfe"));
+        QVERIFY(!pen.digitizer->close());
+        QVERIFY(!pen.digitizer->active());
+        QCOMPARE(pen.delivered(), row.fields.at(2));
     }
-}
 
-void PenImportTest::exportedOperations()
-{
-    PenInput pen;
-    const QMetaObject& meta = DigipenFileDigitalization::staticMetaObject;
-    QCOMPARE(meta.className(), "MavSystem::DigipenFileDigitalization");
-    QCOMPARE(meta.methodCount() - meta.methodOffset(), 1);
-    DigipenFileDigitalization importer(pen.digitizer.get(), false);
-    QVERIFY(importer.close());
-    QVERIFY(!importer.active());
+    void sampleFilesGiveTheReportsBesideThem_data()
+    {
+        QTest::addColumn<QString>("file"); // without its extension
+        QDirIterator files(QStringLiteral(SOURCE_DIRECTORY "/Examples/pen"),
+                           {QStringLiteral("*.dat")}, QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext())
+            QTest::newRow(qPrintable(QFileInfo(files.next()).baseName()))
+                << files.filePath().chopped(4);
+    }
 
-    // The slot by its index; and the step with maps, which takes its command from the import.
-    ButtonValue button{{' ', ' ', '\0'}};
-    QMap<int, char> x;
-    QMap<int, char> y;
-    QVERIFY(QDir::setCurrent(pen.host.path(QString())));
-    pen.hooks["report 1"] << [&] {
-        QVERIFY(importer.readingDigitizingCommand(button, x, y));
-        QDir::setCurrent(QDir::rootPath());
-    };
-    pen.put("a.dat=X:1:1\nX:23:45\nA- 4\nX:3:3\n");
-    QVERIFY(
-        meta.method(meta.methodOffset()).invoke(&importer, Q_ARG(QString, QStringLiteral("pen"))));
-    QCOMPARE(pen.delivered(), QByteArray("1:1,1 4:3,3"));
-    QCOMPARE(button.m_code[0], '1');
-    QCOMPARE(x, (QMap<int, char>{{1, '2'}, {2, '3'}}));
-    QCOMPARE(y, (QMap<int, char>{{4, '4'}, {5, '5'}}));
-    QVERIFY(!importer.readingDigitizingCommand(button, x, y));
+    void sampleFilesGiveTheReportsBesideThem()
+    {
+        QFETCH(QString, file);
+        PenInput pen;
+        pen.host.writeDescription(
+            QStringLiteral("pen.xml"),
+            contentOf(QStringLiteral(SOURCE_DIRECTORY "/Examples/pen/example-pen.xml")));
+        pen.host.write(QStringLiteral("pen/a.dat"), contentOf(file + QStringLiteral(".dat")));
+        pen.digitizer->selectDevice(QStringLiteral("Example Pen"), QStringLiteral("File:"));
+        pen.digitizer->setExtended4Buttons(file.contains(QLatin1String("/extended/")));
+        QByteArray reports;
+        DigitalReport::registerHandle([&](const DigitalReport& report) {
+            reports += QByteArray::number(report.coordinate().x(), 'f', 4) + ' ' +
+                       QByteArray::number(report.coordinate().y(), 'f', 4) + ' ' +
+                       QByteArray::number(report.m_button_number) + '\n';
+        });
+        QVERIFY(pen.digitizer->open());
+        QCOMPARE(reports, contentOf(file + QStringLiteral(".reports")));
+    }
 
-    pen.put("a.one=|B.ONE=|c.two=|d.three=|.e.one=|f.one/");
-    importer.removeAllFileFromDirectory(pen.folder,
-                                        {QStringLiteral("*.one"), QStringLiteral("*.two")});
-    importer.removeAllFileFromDirectory(pen.folder, {});
-    QCOMPARE(pen.names(), QByteArray(".e.one a.txt d.three f.one"));
-}
-
-void PenImportTest::looks()
-{
-    QFETCH(TextRow, row);
-    PenFileSettling settling;
-    settling.setSettleTime(100);
-    for (const QString& step : row.text(0).split(QStringLiteral(" | "))) {
-        const QString before = step.section(QLatin1String(" >"), 0, 0);
-        const QString times = before.section(QLatin1Char(' '), 0, 0);
-        QVector<PenFileSettling::File> found;
-        for (const QString& file : before.split(QLatin1Char(' ')).filter(QLatin1String(":")))
-            found << fileOf(file);
-        QString result = before + QStringLiteral(" >");
-        for (const auto& file :
-             settling.look(found, times.section(QLatin1Char('-'), 0, 0).toLongLong(),
-                           times.section(QLatin1Char('-'), -1).toLongLong())) {
-            result += QLatin1Char(' ') + file.name;
-            if (before.endsWith(QLatin1Char('!')))
-                settling.setImported(file);
-            if (before.endsWith(QLatin1Char('?')))
-                settling.forget(file.name);
+    void scenarios_data()
+    {
+        QTest::addColumn<QByteArrayList>("steps");
+        const QByteArray text =
+            contentOf(QStringLiteral(SOURCE_DIRECTORY "/Tests/Rows/pen-scenarios.txt")).trimmed();
+        QList<QByteArray> steps;
+        for (const QByteArray& line : (text + "\n").split('\n')) {
+            if (line.isEmpty() && !steps.isEmpty())
+                QTest::newRow(steps.first()) << QByteArrayList(steps.mid(1));
+            if (line.isEmpty())
+                steps.clear();
+            else if (!line.startsWith('#'))
+                steps << unescaped(line);
         }
-        QCOMPARE(result + QStringLiteral(" / %1").arg(settling.waiting()), step);
     }
-}
 
-void PenImportTest::theSettleTimeIsNotSaved()
-{
-    PenInput pen;
-    pen.digitizer->setPenFileSettleTime(70);
-    pen.digitizer->saveConfig();
-    QCOMPARE(Digitizer().penFileSettleTime(), 0);
-    pen.digitizer->setPenFileSettleTime(-1);
-    QCOMPARE(pen.digitizer->penFileSettleTime(), 0);
-}
+    void scenarios()
+    {
+        QFETCH(QByteArrayList, steps);
+        PenInput pen;
+        PenSteps::run(pen, steps);
+    }
 
-// The writer's timer always comes between two looks, however slow the machine.
-void PenImportTest::aGrowingFileIsImportedWhole()
-{
-    PenInput pen;
-    pen.digitizer->setPenFileSettleTime(200);
-    QVERIFY(pen.digitizer->open());
-    QFile file(pen.pathOf(QStringLiteral("a.dat")));
-    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
-    QByteArrayList expected;
-    QTimer writer;
-    connect(&writer, &QTimer::timeout, this, [&] {
-        file.write("A- 4\nX:1:1\n");
-        expected << "4:1,1";
-        if (expected.size() == 40)
-            writer.stop();
-    });
-    writer.start(20);
-    QTRY_COMPARE(pen.digitizer->unsettledPenFiles(), 1);
-    QTRY_COMPARE(pen.names(), QByteArray("a.txt"));
-    QCOMPARE(expected.size(), 40);
-    QCOMPARE(pen.reports, expected);
-}
+    void aHostMayDoAnythingInItsHandler_data()
+    {
+        QTest::addColumn<TextRow>("row");
+        QTest::addColumn<QByteArray>("starter"); // of the import
+        for (const TextRow& row : textRows("pen-handlers.txt", 4)) {
+            for (const char* starter : {"open()", "the watcher", "the timer"})
+                QTest::addRow("%s, import started by %s", row.name.constData(), starter)
+                    << row << QByteArray(starter);
+        }
+    }
+
+    void aHostMayDoAnythingInItsHandler()
+    {
+        QFETCH(TextRow, row);
+        QFETCH(QByteArray, starter);
+        PenInput pen;
+        pen.digitizer->setPenFileSettleTime(starter == "the timer" ? 50 : 0);
+        for (const QString& step : row.text(0).split(QStringLiteral(", ")))
+            PenSteps::run(pen, "report 1: " + step.toLatin1());
+        const bool byOpen = starter == "open()";
+        QVERIFY(byOpen || pen.digitizer->open());
+        // Both before the first notification.
+        pen.put("b.dat=X:4:4\nA- 4\nX:5:5\n|a.dat=X:1:1\nX:2:2\nA- 4\nX:3:3\n");
+        // An importer that was replaced meanwhile does not watch.
+        const bool replaced = row.fields.at(2) == "replaced";
+        if (byOpen)
+            QCOMPARE(pen.digitizer->open(), !replaced);
+        QTRY_COMPARE(pen.names(), QByteArray("a.txt b.txt"));
+        // Whatever was replaced goes now, and what was deferred is through.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+        const QByteArray reports = row.fields.at(3);
+        QCOMPARE(pen.delivered(), reports.isEmpty() ? "1:1,1 1:2,2 4:3,3 1:4,4 4:5,5" : reports);
+        // One that was closed inside its own open() starts to watch after that.
+        const bool active = row.fields.at(1) == "yes" || (byOpen && !replaced);
+        QCOMPARE(pen.digitizer->active(), active);
+        if (!active || row.name == "unregister")
+            return;
+        // What comes later is delivered, once.
+        pen.reports.clear();
+        pen.hooks.clear();
+        PenSteps::run(pen, {"select A File:", "put later.dat=A- 4\nX:6:6\n",
+                            "names a.txt b.txt later.txt", "reports 4:6,6"});
+    }
+
+    void faults_data()
+    {
+        QTest::addColumn<TextRow>("row");
+        QTest::addColumn<bool>("settle");
+        for (const TextRow& row : textRows("pen-faults.txt", 7)) {
+            for (const bool settle : {false, true}) {
+                if (!row.fields.at(1).contains(settle ? "plain" : "settling"))
+                    QTest::addRow("%s%s", row.name.constData(), settle ? ", settling" : "")
+                        << row << settle;
+            }
+        }
+    }
+
+    void faults()
+    {
+        QFETCH(TextRow, row);
+        QFETCH(bool, settle);
+        const auto has = [&](const char* option) { return row.fields.at(1).contains(option); };
+        if (has("root") && geteuid() != 0)
+            QSKIP("only root can leave somebody else a file");
+        PenInput pen;
+        boost::scoped_ptr<SmallDisk> disk(has("disk") ? new SmallDisk(pen.folder, 64) : nullptr);
+        if (disk && !disk->problem().isEmpty())
+            QSKIP(qPrintable(disk->problem()));
+        if (!has("watched"))
+            pen.put(row.fields.at(0));
+        PenSteps::run(pen, row.fields.at(2).split('&'));
+        PenSteps::run(pen, "report 1: " + row.fields.at(3));
+        pen.digitizer->setPenFileSettleTime(settle ? 50 : 0);
+        pen.host.answer = has("delete") ? 1 : 0;
+        const RecordedMessages messages(true);
+        const Unprivileged user(has("user"));
+        QCOMPARE(pen.digitizer->open(), !has("closed"));
+        QCOMPARE(pen.digitizer->active(), !has("closed"));
+        if (has("watched")) {
+            QCOMPARE(seteuid(0), 0);
+            pen.put(row.fields.at(0));
+            QCOMPARE(seteuid(65534), 0);
+        }
+        PenSteps::run(pen, "reports " + row.fields.at(4));
+        // An import must not be what starts the next one.
+        PenSteps::run(pen, "quiet");
+        QCOMPARE(pen.digitizer->unsettledPenFiles(), 0);
+        QCOMPARE(pen.names(), row.fields.at(5));
+        ::unlink(pen.encodedPathOf("\xff.dat")); // Qt cannot remove it
+        QVERIFY2(row.fields.at(6).isEmpty() || RecordedMessages::hold(row.fields.at(6)),
+                 qPrintable(RecordedMessages::texts().join(QLatin1Char('\n'))));
+    }
+
+    void textsAreTranslatedInTheirContexts()
+    {
+        struct Translator : QTranslator
+        {
+            bool isEmpty() const override { return false; }
+            QString translate(const char* context, const char* source,
+                              const char* /*disambiguation*/, int /*n*/) const override
+            {
+                return QLatin1String(context).mid(11) + QLatin1Char('/') + QLatin1String(source);
+            }
+        } translator;
+        QCoreApplication::installTranslator(&translator);
+        PenInput pen;
+        pen.put("a.dat=X:1:1");
+        PenSteps::run(pen, "report 1: throw");
+        QVERIFY(pen.digitizer->open());
+        QCOMPARE(
+            pen.host.questions.value(0),
+            QStringLiteral("DigipenFileDigitalization/Digitizer files are ready to be imported.|"
+                           "DigipenFileDigitalization/Import|DigipenFileDigitalization/Import|"
+                           "DigipenFileDigitalization/Delete|DigipenFileDigitalization/Cancel"));
+        QCOMPARE(pen.host.errors, QStringList(QStringLiteral("MavApplication/Unexpected Error")));
+    }
+
+    void filesThatArriveDuringAnErrorBox_data()
+    {
+        QTest::addColumn<bool>("box");
+        QTest::addColumn<bool>("closes"); // the host, in the box
+        QTest::newRow("wait for the end") << true << false;
+        QTest::newRow("are not imported if the host closes") << true << true;
+        QTest::newRow("without a box are imported at once") << false << false;
+    }
+
+    void filesThatArriveDuringAnErrorBox()
+    {
+        QFETCH(bool, box);
+        QFETCH(bool, closes);
+        const RecordedMessages messages(true);
+        PenInput pen;
+        QVERIFY(pen.digitizer->open());
+        // In descending order, so that the import has to sort them.
+        const auto putMany = [&] {
+            for (int number = 1299; number >= 1000; --number)
+                pen.put(QStringLiteral("p%1.dat=A- 4\nX:%1:0").arg(number).toLatin1());
+        };
+        QByteArrayList expected = {"4:1,1", "4:2,2"};
+        for (int number = 1000; number < 1300 && !closes; ++number)
+            expected << "4:" + QByteArray::number(number) + ",0";
+        bool boxEnded = !box;
+        pen.host.duringDialog = [&] {
+            // The file at hand goes, so that its renaming announces nothing after the box.
+            PenSteps::run(pen, "remove a.dat");
+            putMany();
+            QTRY_VERIFY(RecordedMessages::hold("waits for its end"));
+            QCOMPARE(pen.reports.size(), 1);
+            if (closes)
+                pen.digitizer->close();
+            boxEnded = true;
+        };
+        if (box)
+            PenSteps::run(pen, "report 1: throw thrown");
+        else
+            putMany();
+        pen.put("a.dat=A- 4\nX:1:1\nA- 4\nX:2:2");
+        QTRY_VERIFY(boxEnded && pen.reports.size() >= expected.size());
+        QCoreApplication::processEvents();
+        QCOMPARE(pen.reports, expected);
+        QCOMPARE(pen.names().count(".dat"), closes ? 300 : 0);
+        QCOMPARE(pen.host.errors.size(), box ? 1 : 0);
+    }
+
+    void anImporterInUseIsDeletedAtItsEnd()
+    {
+        PenInput pen;
+        pen.put("a.dat=X:1:1\nA- 4\nX:2:2\n");
+        const QPointer<DigipenFileDigitalization> importer =
+            new DigipenFileDigitalization(pen.digitizer.get(), false);
+        pen.hooks["report 1"] << [&] { importer->release(); };
+        importer->analyzerDigitPenFile(pen.folder);
+        QVERIFY(importer);
+        QCOMPARE(pen.delivered(), QByteArray("1:1,1 4:2,2"));
+        QCoreApplication::sendPostedEvents(importer, QEvent::DeferredDelete);
+        QVERIFY(!importer);
+        const QPointer<DigipenFileDigitalization> unused =
+            new DigipenFileDigitalization(pen.digitizer.get(), false);
+        unused->release();
+        QVERIFY(!unused);
+    }
+
+    // What a loop does that was about to read and comes second.
+    void aNestedLoopMayReadTheChangeFirst()
+    {
+        const PenInput pen;
+        const QFileSystemWatcher watcher({pen.folder});
+        neverWaitForChanges(watcher);
+        const auto notifiers = watcher.findChildren<QSocketNotifier*>();
+        QCOMPARE(notifiers.size(), 1);
+        QEvent activation(QEvent::SockAct);
+        QVERIFY(QCoreApplication::sendEvent(notifiers.first(), &activation));
+    }
+
+    void renamingReplacesNothing_data()
+    {
+        QTest::addColumn<int>("kernelError");
+        for (const int error : {0, ENOSYS, EINVAL, EOPNOTSUPP})
+            QTest::newRow(error == 0 ? "known" : std::strerror(error)) << error;
+    }
+
+    void renamingReplacesNothing()
+    {
+        QFETCH(int, kernelError);
+        const char* const rows[][2] = {
+            {"from=1", "to"},
+            {"from=1|to=2", "from to"},
+            {"from=1|to/", "from to"},
+            {"from=1|x=2|to->x", "from to x"},
+            {"from=1|to->nothing", "from to"},
+            {"x=", "x"},
+        };
+        for (const auto& [entries, names] : rows) {
+            PenInput pen;
+            pen.put(entries);
+            const bool renamed = QByteArray(names) == "to";
+            QCOMPARE(renameInChild(pen, kernelError), renamed ? 0 : 1);
+            QCOMPARE(pen.names(), QByteArray(names));
+            QFile target(pen.pathOf(QStringLiteral("to")));
+            if (target.open(QIODevice::ReadOnly))
+                QCOMPARE(target.readAll(), QByteArray(renamed ? "1" : "2"));
+        }
+    }
+
+    void exportedOperations()
+    {
+        PenInput pen;
+        const QMetaObject& meta = DigipenFileDigitalization::staticMetaObject;
+        QCOMPARE(meta.className(), "MavSystem::DigipenFileDigitalization");
+        QCOMPARE(meta.methodCount() - meta.methodOffset(), 1);
+        DigipenFileDigitalization importer(pen.digitizer.get(), false);
+        QVERIFY(importer.close());
+        QVERIFY(!importer.active());
+
+        // The slot by its index; and the step with maps, which takes its command from the import.
+        ButtonValue button{{' ', ' ', '\0'}};
+        QMap<int, char> x;
+        QMap<int, char> y;
+        QVERIFY(QDir::setCurrent(pen.host.path(QString())));
+        pen.hooks["report 1"] << [&] {
+            QVERIFY(importer.readingDigitizingCommand(button, x, y));
+            QDir::setCurrent(QDir::rootPath());
+        };
+        pen.put("a.dat=X:1:1\nX:23:45\nA- 4\nX:3:3\n");
+        QVERIFY(meta.method(meta.methodOffset())
+                    .invoke(&importer, Q_ARG(QString, QStringLiteral("pen"))));
+        QCOMPARE(pen.delivered(), QByteArray("1:1,1 4:3,3"));
+        QCOMPARE(button.m_code[0], '1');
+        QCOMPARE(x, (QMap<int, char>{{1, '2'}, {2, '3'}}));
+        QCOMPARE(y, (QMap<int, char>{{4, '4'}, {5, '5'}}));
+        QVERIFY(!importer.readingDigitizingCommand(button, x, y));
+
+        pen.put("a.one=|B.ONE=|c.two=|d.three=|.e.one=|f.one/");
+        importer.removeAllFileFromDirectory(pen.folder,
+                                            {QStringLiteral("*.one"), QStringLiteral("*.two")});
+        importer.removeAllFileFromDirectory(pen.folder, {});
+        QCOMPARE(pen.names(), QByteArray(".e.one a.txt d.three f.one"));
+    }
+
+    void looks_data() { addTextRows("pen-looks.txt", 1); }
+
+    void looks()
+    {
+        QFETCH(TextRow, row);
+        PenFileSettling settling;
+        settling.setSettleTime(100);
+        for (const QString& step : row.text(0).split(QStringLiteral(" | "))) {
+            const QString before = step.section(QLatin1String(" >"), 0, 0);
+            const QString times = before.section(QLatin1Char(' '), 0, 0);
+            QVector<PenFileSettling::File> found;
+            for (const QString& file : before.split(QLatin1Char(' ')).filter(QLatin1String(":")))
+                found << fileOf(file);
+            QString result = before + QStringLiteral(" >");
+            for (const auto& file :
+                 settling.look(found, times.section(QLatin1Char('-'), 0, 0).toLongLong(),
+                               times.section(QLatin1Char('-'), -1).toLongLong())) {
+                result += QLatin1Char(' ') + file.name;
+                if (before.endsWith(QLatin1Char('!')))
+                    settling.setImported(file);
+                if (before.endsWith(QLatin1Char('?')))
+                    settling.forget(file.name);
+            }
+            QCOMPARE(result + QStringLiteral(" / %1").arg(settling.waiting()), step);
+        }
+    }
+
+    void theSettleTimeIsNotSaved()
+    {
+        PenInput pen;
+        pen.digitizer->setPenFileSettleTime(70);
+        pen.digitizer->saveConfig();
+        QCOMPARE(Digitizer().penFileSettleTime(), 0);
+        pen.digitizer->setPenFileSettleTime(-1);
+        QCOMPARE(pen.digitizer->penFileSettleTime(), 0);
+    }
+
+    // The writer's timer always comes between two looks, however slow the machine.
+    void aGrowingFileIsImportedWhole()
+    {
+        PenInput pen;
+        pen.digitizer->setPenFileSettleTime(200);
+        QVERIFY(pen.digitizer->open());
+        QFile file(pen.pathOf(QStringLiteral("a.dat")));
+        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+        QByteArrayList expected;
+        QTimer writer;
+        connect(&writer, &QTimer::timeout, this, [&] {
+            file.write("A- 4\nX:1:1\n");
+            expected << "4:1,1";
+            if (expected.size() == 40)
+                writer.stop();
+        });
+        writer.start(20);
+        QTRY_COMPARE(pen.digitizer->unsettledPenFiles(), 1);
+        QTRY_COMPARE(pen.names(), QByteArray("a.txt"));
+        QCOMPARE(expected.size(), 40);
+        QCOMPARE(pen.reports, expected);
+    }
+};
 
 QTEST_GUILESS_MAIN(PenImportTest)
 #include "PenImportTest.moc"

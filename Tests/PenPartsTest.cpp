@@ -21,38 +21,7 @@
 
 using namespace MavSystem;
 
-/// The parts of the pen input from a file's lines to the fields of a command, under a locale that
-/// groups digits. Their tables are Rows/pen-*.txt.
-class PenPartsTest : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void initTestCase();
-    void statesAreMadeWhenFirstNeededAndShared(); // first, while there are none
-    void everyStateTakesEveryEvent_data();
-    void everyStateTakesEveryEvent();
-    void sequencesOfEvents_data() { addTextRows("pen-sequences.txt", 5); }
-    void sequencesOfEvents();
-    void transitionsAreLogged();
-    void linesAreReadInBlocks();
-    void linesBecomeEvents_data() { addTextRows("pen-lines.txt", 3); }
-    void linesBecomeEvents();
-    void numbersOfAnyLineAreRead_data() { addTextRows("pen-numbers.txt", 3); }
-    void numbersOfAnyLineAreRead();
-    void commandsOfALineReplaceIt();
-    void anUnknownConversionIsRefused();
-    void oneCommandIsTaken_data() { addTextRows("pen-commands.txt", 5); }
-    void oneCommandIsTaken();
-    void whatTheMapsHoldStays();
-    void bothCoordinatesMakeAClosingReport();
-
-private:
-    TestHost m_host;
-};
-
 namespace {
-
 struct Grouping : std::numpunct<char>
 {
     char do_thousands_sep() const override { return '.'; }
@@ -148,233 +117,254 @@ QString run(const QString& event, t_DigipenDataConverter& converter)
 
 } // namespace
 
-void PenPartsTest::initTestCase()
+/// The parts of the pen input from a file's lines to the fields of a command, under a locale that
+/// groups digits. Their tables are Rows/pen-*.txt.
+class PenPartsTest : public QObject
 {
-    std::locale::global(std::locale(std::locale::classic(), new Grouping));
-    QLocale::setDefault(QLocale(QLocale::German));
-}
+    Q_OBJECT
 
-void PenPartsTest::statesAreMadeWhenFirstNeededAndShared()
-{
-    t_DigipenDataConverter one(single<t_LineState>());
-    t_DigipenDataConverter other(single<t_LineState>());
-    QVERIFY(!t_PunchHoleState::s_single);
-    one.button(3);
-    other.button(3);
-    QVERIFY(t_PunchHoleState::s_single);
-    QCOMPARE(one.m_state, other.m_state);
-    // What is pending when the end of the file comes is taken along.
-    one.coordinate(1, 2);
-    std::string commands;
-    QVERIFY(one.generateEndOfPieceInstructions(commands));
-    QCOMPARE(commands, std::string("31 2\n\r40 0\n\r"));
-    QVERIFY(one.m_commands.empty());
-}
+private slots:
+    void initTestCase()
+    {
+        std::locale::global(std::locale(std::locale::classic(), new Grouping));
+        QLocale::setDefault(QLocale(QLocale::German));
+    }
 
-void PenPartsTest::everyStateTakesEveryEvent_data()
-{
-    QTest::addColumn<QString>("state");
-    for (const QString& state : PenModel::states().keys())
-        QTest::newRow(qPrintable(state)) << state;
-    QCOMPARE(PenModel::states().keys(), singles.keys());
-}
+    // first, while there are none
+    void statesAreMadeWhenFirstNeededAndShared()
+    {
+        t_DigipenDataConverter one(single<t_LineState>());
+        t_DigipenDataConverter other(single<t_LineState>());
+        QVERIFY(!t_PunchHoleState::s_single);
+        one.button(3);
+        other.button(3);
+        QVERIFY(t_PunchHoleState::s_single);
+        QCOMPARE(one.m_state, other.m_state);
+        // What is pending when the end of the file comes is taken along.
+        one.coordinate(1, 2);
+        std::string commands;
+        QVERIFY(one.generateEndOfPieceInstructions(commands));
+        QCOMPARE(commands, std::string("31 2\n\r40 0\n\r"));
+        QVERIFY(one.m_commands.empty());
+    }
 
-void PenPartsTest::everyStateTakesEveryEvent()
-{
-    QFETCH(QString, state);
-    const int position = -1;
-    for (int choice = 0; choice < 8 * 4 * 2; ++choice) {
-        const int event = QVector<int>{position, 0, 1, 2, 3, 4, 5, 9}.at(choice % 8);
-        const int hostMode = QVector<int>{49, 50, 59, 60}.at(choice / 8 % 4);
-        PenModel model(state);
-        model.curve = t_DigipenState_4ex::m_curve = choice / 32 == 1;
-        model.internal = hostMode == 50 || hostMode == 59;
+    void everyStateTakesEveryEvent_data()
+    {
+        QTest::addColumn<QString>("state");
+        for (const QString& state : PenModel::states().keys())
+            QTest::newRow(qPrintable(state)) << state;
+        QCOMPARE(PenModel::states().keys(), singles.keys());
+    }
+
+    void everyStateTakesEveryEvent()
+    {
+        QFETCH(QString, state);
+        const int position = -1;
+        for (int choice = 0; choice < 8 * 4 * 2; ++choice) {
+            const int event = QVector<int>{position, 0, 1, 2, 3, 4, 5, 9}.at(choice % 8);
+            const int hostMode = QVector<int>{49, 50, 59, 60}.at(choice / 8 % 4);
+            PenModel model(state);
+            model.curve = t_DigipenState_4ex::m_curve = choice / 32 == 1;
+            model.internal = hostMode == 50 || hostMode == 59;
+            Digitizer::instance()->m_host_mode = hostMode;
+            t_DigipenState::m_internal_mode = !model.internal; // is not asked by states
+            t_DigipenDataConverter converter(singles[state]());
+            converter.m_state->enter();
+            QCOMPARE(QString::fromStdString(converter.m_state->commandCode()), model.code());
+            QCOMPARE(converter.m_state->terminateButton(), 4);
+            QCOMPARE(converter.m_state->is4ex(), model.isExtended());
+            if (event == position) {
+                converter.coordinate(5, -7);
+                model.position(5, -7);
+            } else {
+                converter.button(event);
+                model.button(event);
+            }
+            const QByteArray what =
+                QStringLiteral("event %1, mode %2").arg(event).arg(hostMode).toUtf8();
+            QVERIFY2(converter.m_commands == model.written,
+                     what + ": " + converter.m_commands.c_str());
+            QVERIFY2(nameOf(converter.m_state) == model.state,
+                     what + ": " + nameOf(converter.m_state).toUtf8());
+            QCOMPARE(t_DigipenState_4ex::m_curve, model.curve);
+        }
+    }
+
+    void sequencesOfEvents_data() { addTextRows("pen-sequences.txt", 5); }
+
+    void sequencesOfEvents()
+    {
+        QFETCH(TextRow, row);
+        const int hostMode = row.text(1).toInt();
         Digitizer::instance()->m_host_mode = hostMode;
-        t_DigipenState::m_internal_mode = !model.internal; // is not asked by states
-        t_DigipenDataConverter converter(singles[state]());
-        converter.m_state->enter();
-        QCOMPARE(QString::fromStdString(converter.m_state->commandCode()), model.code());
-        QCOMPARE(converter.m_state->terminateButton(), 4);
-        QCOMPARE(converter.m_state->is4ex(), model.isExtended());
-        if (event == position) {
-            converter.coordinate(5, -7);
-            model.position(5, -7);
-        } else {
-            converter.button(event);
-            model.button(event);
-        }
-        const QByteArray what =
-            QStringLiteral("event %1, mode %2").arg(event).arg(hostMode).toUtf8();
-        QVERIFY2(converter.m_commands == model.written, what + ": " + converter.m_commands.c_str());
-        QVERIFY2(nameOf(converter.m_state) == model.state,
-                 what + ": " + nameOf(converter.m_state).toUtf8());
-        QCOMPARE(t_DigipenState_4ex::m_curve, model.curve);
+        t_DigipenState::m_internal_mode = hostMode != 0;
+        t_DigipenState_4ex::m_curve = false;
+        t_DigipenDataConverter converter(singles[row.text(0)]());
+        QStringList written;
+        for (const QString& event : row.text(2).split(QLatin1Char(' ')))
+            written << run(event, converter);
+        written.removeAll(QString());
+        QCOMPARE(written.join(QLatin1Char(' ')), row.text(3));
+        QCOMPARE(nameOf(converter.m_state), row.text(4));
     }
-}
 
-void PenPartsTest::sequencesOfEvents()
-{
-    QFETCH(TextRow, row);
-    const int hostMode = row.text(1).toInt();
-    Digitizer::instance()->m_host_mode = hostMode;
-    t_DigipenState::m_internal_mode = hostMode != 0;
-    t_DigipenState_4ex::m_curve = false;
-    t_DigipenDataConverter converter(singles[row.text(0)]());
-    QStringList written;
-    for (const QString& event : row.text(2).split(QLatin1Char(' ')))
-        written << run(event, converter);
-    written.removeAll(QString());
-    QCOMPARE(written.join(QLatin1Char(' ')), row.text(3));
-    QCOMPARE(nameOf(converter.m_state), row.text(4));
-}
-
-void PenPartsTest::transitionsAreLogged()
-{
-    t_DigipenDataConverter converter(single<t_LineState_4ex>());
-    const RecordedMessages messages(true);
-    converter.button(3);
-    converter.button(7);
-    converter.button(1);
-    QCOMPARE(RecordedMessages::texts().join(QLatin1Char('\n')),
-             QStringLiteral("pen state t_LineState_4ex to t_Button3State_4ex\n"
-                            "pen state t_Button3State_4ex to t_Button3_1Phase1State_4ex"));
-}
-
-// A line ends inside a block of the reader, at its end, or blocks later. Behind a zero byte nothing
-// counts, be it blocks later.
-void PenPartsTest::linesAreReadInBlocks()
-{
-    const QByteArrayList lines = {QByteArray(32767, 'a') + '\n', "b\n", QByteArray(70000, 'c'),
-                                  "\n", "d"};
-    const QByteArray ignored = '\0' + QByteArray(40000, 'e') + '\n';
-    QFile file(m_host.write(QStringLiteral("lines"),
-                            lines.mid(0, 3).join() + ignored + lines.mid(3).join()));
-    QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
-    PenLineReader reader(file);
-    for (const int count : {2, 5}) { // the second round starts anew in the middle of a block
-        QVERIFY(file.seek(0));
-        reader.start();
-        std::string line = "what was there before";
-        for (const QByteArray& expected : lines.mid(0, count)) {
-            QVERIFY(reader.next(line));
-            QVERIFY2(line == expected.toStdString(), line.substr(0, 100).c_str());
-        }
-        QCOMPARE(reader.next(line), count == 2);
+    void transitionsAreLogged()
+    {
+        t_DigipenDataConverter converter(single<t_LineState_4ex>());
+        const RecordedMessages messages(true);
+        converter.button(3);
+        converter.button(7);
+        converter.button(1);
+        QCOMPARE(RecordedMessages::texts().join(QLatin1Char('\n')),
+                 QStringLiteral("pen state t_LineState_4ex to t_Button3State_4ex\n"
+                                "pen state t_Button3State_4ex to t_Button3_1Phase1State_4ex"));
     }
-}
 
-void PenPartsTest::linesBecomeEvents()
-{
-    QFETCH(TextRow, row);
-    Recorder recorder;
-    std::string text = expanded(row.fields.at(0)).toStdString();
-    QCOMPARE(recorder.convert(text), row.fields.at(2) == "yes");
-    QCOMPARE(recorder.events.join(QLatin1Char(' ')), row.text(1));
-    QVERIFY(text.empty());
-}
-
-void PenPartsTest::numbersOfAnyLineAreRead()
-{
-    QFETCH(TextRow, row);
-    Recorder recorder;
-    std::string text = row.fields.at(0).toStdString();
-    int button = -1;
-    const bool isButton = recorder.getButton(text, button);
-    int x = -1;
-    int y = -1;
-    QVERIFY(recorder.getCoordinate(text, x, y));
-    QCOMPARE(QString::number(button) + QLatin1String(isButton ? " yes" : " no"), row.text(1));
-    QCOMPARE(QStringLiteral("%1 %2").arg(x).arg(y), row.text(2));
-    QCOMPARE(QByteArray::fromStdString(text), row.fields.at(0));
-    QVERIFY(recorder.events.isEmpty());
-}
-
-void PenPartsTest::commandsOfALineReplaceIt()
-{
-    t_DigipenStringAnalyzer analyzer(t_DigipenStringAnalyzer::CONVERSION_STANDARD);
-    const auto converted = [&](std::string line) {
-        analyzer.convert(line);
-        return line;
-    };
-    QCOMPARE(converted("X: 12000 Y: -4500\n"), std::string("112000 -4500\n\r"));
-    QCOMPARE(converted("A - 4\n"), std::string());
-    QCOMPARE(converted("A - 2\n"), std::string("40 0\n\r"));
-    analyzer.m_converter->m_commands = "left ";
-    QCOMPARE(converted("X: 1 Y: 2\n"), std::string("left 21 2\n\r"));
-    QVERIFY(analyzer.m_converter->m_commands.empty());
-    std::string commands;
-    QVERIFY(analyzer.generateEndOfPieceInstructions(commands));
-    QCOMPARE(commands, std::string("40 0\n\r"));
-    QVERIFY(!analyzer.generateEndOfPieceInstructions(commands));
-}
-
-void PenPartsTest::anUnknownConversionIsRefused()
-{
-    for (const int type : {-1, 2}) {
-        try {
-            const t_DigipenStringAnalyzer analyzer{
-                t_DigipenStringAnalyzer::e_Type_Conversion(type)};
-            QFAIL("no error");
-        } catch (const std::runtime_error& error) {
-            QVERIFY(typeid(error) == typeid(FatalError));
-            QCOMPARE(error.what(), "Unexpected Value");
-            const auto& place = dynamic_cast<const boost::exception&>(error);
-            QCOMPARE(*boost::get_error_info<boost::throw_function>(place),
-                     "MavSystem::t_DigipenStringAnalyzer::t_DigipenStringAnalyzer("
-                     "MavSystem::t_DigipenStringAnalyzer::e_Type_Conversion)");
-            QCOMPARE(*boost::get_error_info<boost::throw_file>(place),
-                     "Source/DigitizerGeneric/File_Digital");
-            QVERIFY(*boost::get_error_info<boost::throw_line>(place) > 0);
+    // A line ends inside a block of the reader, at its end, or blocks later. Behind a zero byte
+    // nothing counts, be it blocks later.
+    void linesAreReadInBlocks()
+    {
+        const QByteArrayList lines = {QByteArray(32767, 'a') + '\n', "b\n", QByteArray(70000, 'c'),
+                                      "\n", "d"};
+        const QByteArray ignored = '\0' + QByteArray(40000, 'e') + '\n';
+        QFile file(m_host.write(QStringLiteral("lines"),
+                                lines.mid(0, 3).join() + ignored + lines.mid(3).join()));
+        QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
+        PenLineReader reader(file);
+        for (const int count : {2, 5}) { // the second round starts anew in the middle of a block
+            QVERIFY(file.seek(0));
+            reader.start();
+            std::string line = "what was there before";
+            for (const QByteArray& expected : lines.mid(0, count)) {
+                QVERIFY(reader.next(line));
+                QVERIFY2(line == expected.toStdString(), line.substr(0, 100).c_str());
+            }
+            QCOMPARE(reader.next(line), count == 2);
         }
     }
-    const FatalError unthrown(QStringLiteral("Gr\u00f6\u00dfe"));
-    QCOMPARE(QString::fromUtf8(unthrown.what()), QStringLiteral("Gr\u00f6\u00dfe"));
-    QVERIFY(!boost::get_error_info<boost::throw_function>(unthrown));
-}
 
-void PenPartsTest::oneCommandIsTaken()
-{
-    QFETCH(TextRow, row);
-    const std::string whole = row.fields.at(0).toStdString();
-    std::string commands = whole;
-    ButtonValue button{{'?', 'b', 'c'}};
-    QMap<int, char> x;
-    QMap<int, char> y;
-    QVERIFY(t_ConvertedCommandInterpreter::interpreter(commands, button, x, y));
-    QCOMPARE(QByteArray(button.m_code.data(), 3), QByteArray(row.fields.at(1) + "bc"));
-    QCOMPARE(readable(x), row.text(2));
-    QCOMPARE(readable(y), row.text(3));
-    QCOMPARE(QByteArray::fromStdString(commands), row.fields.at(4));
-    // As views into the text.
-    const ConvertedCommandFields views = ConvertedCommandFields::of(whole);
-    QCOMPARE(views.code, button.m_code[0]);
-    QCOMPARE(std::string(views.x), std::string(x.begin(), x.end()));
-    QCOMPARE(std::string(views.y), std::string(y.begin(), y.end()));
-    QCOMPARE(views.length, whole.size() - commands.size());
-}
+    void linesBecomeEvents_data() { addTextRows("pen-lines.txt", 3); }
 
-void PenPartsTest::whatTheMapsHoldStays()
-{
-    std::string commands = "112 3\n\r";
-    ButtonValue button;
-    QMap<int, char> x = {{2, 'a'}, {9, 'b'}};
-    QMap<int, char> y = {{0, 'c'}};
-    QVERIFY(t_ConvertedCommandInterpreter::interpreter(commands, button, x, y));
-    // An empty text changes nothing.
-    button.m_code[0] = 'a';
-    QVERIFY(!t_ConvertedCommandInterpreter::interpreter(commands, button, x, y));
-    QCOMPARE(button.m_code[0], 'a');
-    QCOMPARE(readable(x), QStringLiteral("1=1 2=2 9=b"));
-    QCOMPARE(readable(y), QStringLiteral("0=c 4=3"));
-}
+    void linesBecomeEvents()
+    {
+        QFETCH(TextRow, row);
+        Recorder recorder;
+        std::string text = expanded(row.fields.at(0)).toStdString();
+        QCOMPARE(recorder.convert(text), row.fields.at(2) == "yes");
+        QCOMPARE(recorder.events.join(QLatin1Char(' ')), row.text(1));
+        QVERIFY(text.empty());
+    }
 
-void PenPartsTest::bothCoordinatesMakeAClosingReport()
-{
-    const double smallest = std::numeric_limits<double>::min();
-    QVERIFY(DigitalReport(smallest, smallest).isClosing());
-    QVERIFY(!DigitalReport(smallest, 0).isClosing());
-    QVERIFY(!DigitalReport(0, smallest).isClosing());
-}
+    void numbersOfAnyLineAreRead_data() { addTextRows("pen-numbers.txt", 3); }
+
+    void numbersOfAnyLineAreRead()
+    {
+        QFETCH(TextRow, row);
+        Recorder recorder;
+        std::string text = row.fields.at(0).toStdString();
+        int button = -1;
+        const bool isButton = recorder.getButton(text, button);
+        int x = -1;
+        int y = -1;
+        QVERIFY(recorder.getCoordinate(text, x, y));
+        QCOMPARE(QString::number(button) + QLatin1String(isButton ? " yes" : " no"), row.text(1));
+        QCOMPARE(QStringLiteral("%1 %2").arg(x).arg(y), row.text(2));
+        QCOMPARE(QByteArray::fromStdString(text), row.fields.at(0));
+        QVERIFY(recorder.events.isEmpty());
+    }
+
+    void commandsOfALineReplaceIt()
+    {
+        t_DigipenStringAnalyzer analyzer(t_DigipenStringAnalyzer::CONVERSION_STANDARD);
+        const auto converted = [&](std::string line) {
+            analyzer.convert(line);
+            return line;
+        };
+        QCOMPARE(converted("X: 12000 Y: -4500\n"), std::string("112000 -4500\n\r"));
+        QCOMPARE(converted("A - 4\n"), std::string());
+        QCOMPARE(converted("A - 2\n"), std::string("40 0\n\r"));
+        analyzer.m_converter->m_commands = "left ";
+        QCOMPARE(converted("X: 1 Y: 2\n"), std::string("left 21 2\n\r"));
+        QVERIFY(analyzer.m_converter->m_commands.empty());
+        std::string commands;
+        QVERIFY(analyzer.generateEndOfPieceInstructions(commands));
+        QCOMPARE(commands, std::string("40 0\n\r"));
+        QVERIFY(!analyzer.generateEndOfPieceInstructions(commands));
+    }
+
+    void anUnknownConversionIsRefused()
+    {
+        for (const int type : {-1, 2}) {
+            try {
+                const t_DigipenStringAnalyzer analyzer{
+                    t_DigipenStringAnalyzer::e_Type_Conversion(type)};
+                QFAIL("no error");
+            } catch (const std::runtime_error& error) {
+                QVERIFY(typeid(error) == typeid(FatalError));
+                QCOMPARE(error.what(), "Unexpected Value");
+                const auto& place = dynamic_cast<const boost::exception&>(error);
+                QCOMPARE(*boost::get_error_info<boost::throw_function>(place),
+                         "MavSystem::t_DigipenStringAnalyzer::t_DigipenStringAnalyzer("
+                         "MavSystem::t_DigipenStringAnalyzer::e_Type_Conversion)");
+                QCOMPARE(*boost::get_error_info<boost::throw_file>(place),
+                         "Source/DigitizerGeneric/File_Digital");
+                QVERIFY(*boost::get_error_info<boost::throw_line>(place) > 0);
+            }
+        }
+        const FatalError unthrown(QStringLiteral("Gr\u00f6\u00dfe"));
+        QCOMPARE(QString::fromUtf8(unthrown.what()), QStringLiteral("Gr\u00f6\u00dfe"));
+        QVERIFY(!boost::get_error_info<boost::throw_function>(unthrown));
+    }
+
+    void oneCommandIsTaken_data() { addTextRows("pen-commands.txt", 5); }
+
+    void oneCommandIsTaken()
+    {
+        QFETCH(TextRow, row);
+        const std::string whole = row.fields.at(0).toStdString();
+        std::string commands = whole;
+        ButtonValue button{{'?', 'b', 'c'}};
+        QMap<int, char> x;
+        QMap<int, char> y;
+        QVERIFY(t_ConvertedCommandInterpreter::interpreter(commands, button, x, y));
+        QCOMPARE(QByteArray(button.m_code.data(), 3), QByteArray(row.fields.at(1) + "bc"));
+        QCOMPARE(readable(x), row.text(2));
+        QCOMPARE(readable(y), row.text(3));
+        QCOMPARE(QByteArray::fromStdString(commands), row.fields.at(4));
+        // As views into the text.
+        const ConvertedCommandFields views = ConvertedCommandFields::of(whole);
+        QCOMPARE(views.code, button.m_code[0]);
+        QCOMPARE(std::string(views.x), std::string(x.begin(), x.end()));
+        QCOMPARE(std::string(views.y), std::string(y.begin(), y.end()));
+        QCOMPARE(views.length, whole.size() - commands.size());
+    }
+
+    void whatTheMapsHoldStays()
+    {
+        std::string commands = "112 3\n\r";
+        ButtonValue button;
+        QMap<int, char> x = {{2, 'a'}, {9, 'b'}};
+        QMap<int, char> y = {{0, 'c'}};
+        QVERIFY(t_ConvertedCommandInterpreter::interpreter(commands, button, x, y));
+        // An empty text changes nothing.
+        button.m_code[0] = 'a';
+        QVERIFY(!t_ConvertedCommandInterpreter::interpreter(commands, button, x, y));
+        QCOMPARE(button.m_code[0], 'a');
+        QCOMPARE(readable(x), QStringLiteral("1=1 2=2 9=b"));
+        QCOMPARE(readable(y), QStringLiteral("0=c 4=3"));
+    }
+
+    void bothCoordinatesMakeAClosingReport()
+    {
+        const double smallest = std::numeric_limits<double>::min();
+        QVERIFY(DigitalReport(smallest, smallest).isClosing());
+        QVERIFY(!DigitalReport(smallest, 0).isClosing());
+        QVERIFY(!DigitalReport(0, smallest).isClosing());
+    }
+
+private:
+    TestHost m_host;
+};
 
 QTEST_GUILESS_MAIN(PenPartsTest)
 #include "PenPartsTest.moc"

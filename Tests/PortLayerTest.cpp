@@ -19,7 +19,6 @@
 using namespace ReferenceHost;
 
 namespace {
-
 const char noError[] = "No Error has occurred";
 
 bool openAt(QextSerialPort& port, const PseudoTerminal& tablet)
@@ -91,221 +90,214 @@ class PortLayerTest : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
+    void init()
+    {
+        m_tablet = std::make_unique<PseudoTerminal>();
+        m_port = std::make_unique<QextSerialPort>();
+        QCOMPARE(m_port->errorString(), noError);
+        QVERIFY(openAt(*m_port, *m_tablet));
+    }
+
     void cleanup() { m_port.reset(); }
 
-    void settingsReachTheInnerPort();
+    void settingsReachTheInnerPort()
+    {
+        QextSerialPort port;
+        const auto& inner = *port.findChild<QSerialPort*>();
+        const auto check = [](auto set, auto get, const QList<int>& values) {
+            for (int value = 0; value < values.size(); ++value) {
+                set(value);
+                QCOMPARE(int(get()), values.at(value));
+            }
+        };
+        check([&](int value) { port.setBaudRate(BaudRateType(value)); },
+              [&] { return inner.baudRate(); },
+              {50,   75,   110,   134,   150,   200,   300,   600,   1200,   1800,   2400,
+               4800, 9600, 14400, 19200, 38400, 56000, 57600, 76800, 115200, 128000, 256000});
+        check([&](int value) { port.setDataBits(DataBitsType(value)); },
+              [&] { return inner.dataBits(); }, {5, 6, 7, 8});
+        check([&](int value) { port.setParity(ParityType(value)); }, [&] { return inner.parity(); },
+              {QSerialPort::NoParity, QSerialPort::OddParity, QSerialPort::EvenParity,
+               QSerialPort::MarkParity, QSerialPort::SpaceParity});
+        check([&](int value) { port.setStopBits(StopBitsType(value)); },
+              [&] { return inner.stopBits(); },
+              {QSerialPort::OneStop, QSerialPort::OneAndHalfStop, QSerialPort::TwoStop});
+        check([&](int value) { port.setFlowControl(FlowType(value)); },
+              [&] { return inner.flowControl(); },
+              {QSerialPort::NoFlowControl, QSerialPort::HardwareControl,
+               QSerialPort::SoftwareControl});
+        port.setPortName("/dev/a");
+        QCOMPARE(inner.portName(), "a");
+        QCOMPARE(port.portName(), "/dev/a");
+    }
+
     void errorsHaveTheirTexts_data() { addRows(openRows); }
-    void errorsHaveTheirTexts();
-    void aQuietPortSaysNothing();
-    void bytesAreAnnouncedReadAndWritten();
-    void bytesOfTwoReadsAreAnnouncedOnce();
-    void aReceiverMayDeleteThePort();
-    void writingAfterAHangUpFailsSilently();
+
+    void errorsHaveTheirTexts()
+    {
+        const auto& row = currentRow(openRows);
+        const QByteArray kind = row.name;
+        const PseudoTerminal tablet;
+        const QTemporaryDir directory;
+        QFile file(directory.filePath("file"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QextSerialPort first;
+        QVERIFY(kind != "locked" || openAt(first, tablet));
+        QCOMPARE(chmod(qPrintable(tablet.path()), kind == "forbidden" ? 0 : 0600), 0);
+        QextSerialPort port;
+        port.setPortName(kind == "missing" ? "/nowhere/port"
+                         : kind == "file"  ? file.fileName()
+                                           : tablet.path());
+        {
+            // A lock file of that user has a place: the directory of lock files is everybody's or
+            // there is none.
+            const Unprivileged user(kind == "forbidden");
+            QVERIFY(!port.open(QIODevice::ReadOnly));
+        }
+        QVERIFY(!port.isOpen());
+        QCOMPARE(port.errorString(), row.error);
+        const PseudoTerminal other;
+        QVERIFY(openAt(port, other));
+        QCOMPARE(port.errorString(), noError);
+    }
+
+    void aQuietPortSaysNothing()
+    {
+        const RecordedMessages messages;
+        m_port->close();
+        QVERIFY(!m_port->isOpen());
+        QVERIFY(openAt(*m_port, *m_tablet));
+        QCOMPARE(m_port->readAll(), QByteArray());
+        QVERIFY(m_port->reset());
+        m_port->close();
+        m_port->close();
+        QCOMPARE(m_port->errorString(), noError);
+        QCOMPARE(RecordedMessages::texts(), QStringList());
+    }
+
+    void bytesAreAnnouncedReadAndWritten()
+    {
+        PseudoTerminal tablet;
+        for (const auto mode : {QextSerialPort::EventDriven, QextSerialPort::Polling}) {
+            QextSerialPort port(mode);
+            QSignalSpy announced(&port, &QIODevice::readyRead);
+            QVERIFY(openAt(port, tablet));
+            QVERIFY(tablet.write("abc"));
+            QTRY_COMPARE(port.bytesAvailable(), qint64(3));
+            QTRY_COMPARE(announced.size(), mode == QextSerialPort::EventDriven ? 1 : 0);
+            QCOMPARE(port.read(2), QByteArray("ab"));
+            QCOMPARE(port.bytesAvailable(), qint64(1));
+            QCOMPARE(port.readAll(), QByteArray("c"));
+            QCOMPARE(port.write("xyz"), qint64(3));
+            QCOMPARE(tablet.read(5000), QByteArray("xyz")); // without an event loop in between
+        }
+    }
+
+    void bytesOfTwoReadsAreAnnouncedOnce()
+    {
+        QSignalSpy announced(m_port.get(), &QIODevice::readyRead);
+        for (const char* bytes : {"ab", "c"}) {
+            QVERIFY(m_tablet->write(bytes));
+            const QDeadlineTimer patience(5000);
+            while (!m_tablet->taken() && !patience.hasExpired())
+                activate(*m_port);
+        }
+        QCOMPARE(m_port->bytesAvailable(), qint64(3));
+        QCOMPARE(announced.size(), 0); // not inside a signal of the inner port
+        QCoreApplication::processEvents();
+        QCoreApplication::processEvents();
+        QCOMPARE(announced.size(), 1);
+    }
+
+    void aReceiverMayDeleteThePort()
+    {
+        int calls = 0;
+        connect(m_port.get(), &QIODevice::readyRead, this, [&] {
+            ++calls;
+            m_port.reset();
+        });
+        QVERIFY(m_tablet->write("abc"));
+        QTRY_COMPARE(calls, 1);
+        QVERIFY(!m_port);
+    }
+
+    void writingAfterAHangUpFailsSilently()
+    {
+        m_tablet->hangUp();
+        QTRY_VERIFY(m_port->errorString() != noError);
+        const QString error = m_port->errorString();
+        const RecordedMessages messages;
+        QCOMPARE(m_port->write("x"), qint64(-1));
+        QCOMPARE(m_port->readAll(), QByteArray());
+        QCOMPARE(m_port->errorString(), error);
+        QCOMPARE(RecordedMessages::texts(), QStringList());
+    }
+
     void anotherReaderMayTakeTheBytes_data() { addRows(readerRows); }
-    void anotherReaderMayTakeTheBytes();
+
+    void anotherReaderMayTakeTheBytes()
+    {
+        const auto& row = currentRow(readerRows);
+        PseudoTerminal tablet;
+        QextSerialPort port;
+        QSignalSpy ended(&port, &QIODevice::readChannelFinished);
+        // First, since an open serial port lets nobody but root open it again.
+        const int other = open(qPrintable(tablet.path()), O_RDONLY | O_NOCTTY | O_CLOEXEC);
+        QVERIFY(openAt(port, tablet));
+        for (int taken = 0; taken < row.times; ++taken) {
+            QVERIFY(tablet.write("stolen"));
+            char bytes[16];
+            QCOMPARE(read(other, bytes, sizeof bytes), ssize_t(6));
+            activate(port, row.staleErrno);
+            QCoreApplication::processEvents();
+        }
+        close(other);
+        QVERIFY(tablet.write("123456782"));
+        QTRY_COMPARE(port.bytesAvailable(), qint64(9));
+        QCOMPARE(port.readAll(), QByteArray("123456782"));
+        QCOMPARE(port.errorString(), noError);
+        tablet.hangUp();
+        QTRY_COMPARE(ended.size(), 1);
+    }
+
     void aHangUpIsAnnouncedOnce_data() { addRows(hangUpRows); }
-    void aHangUpIsAnnouncedOnce();
+
+    void aHangUpIsAnnouncedOnce()
+    {
+        const auto& row = currentRow(hangUpRows);
+        const PseudoTerminal other;
+        m_port = std::make_unique<QextSerialPort>(row.mode);
+        QVERIFY(openAt(*m_port, *m_tablet));
+        m_port->close(); // a close that is asked for is no hang-up
+        QVERIFY(openAt(*m_port, *m_tablet));
+        QVERIFY(m_tablet->write("abc"));
+        QTRY_COMPARE(m_port->bytesAvailable(), qint64(3));
+        QCoreApplication::sendPostedEvents();
+
+        QStringList seen;
+        const auto receiver = [&](const char* name, const QString& action) {
+            return [this, &seen, &other, name, action] {
+                seen << name;
+                if (action == "delete")
+                    return m_port.reset();
+                if (!action.isEmpty())
+                    m_port->close();
+                if (action == "reopen")
+                    QVERIFY(openAt(*m_port, other));
+            };
+        };
+        connect(m_port.get(), &QIODevice::readyRead, this, receiver("bytes", row.atBytes));
+        connect(m_port.get(), &QIODevice::readChannelFinished, this, receiver("end", row.atEnd));
+        m_tablet->hangUp();
+        QTRY_COMPARE(seen.join(' '), row.announced);
+        QCoreApplication::processEvents(); // what else is queued
+        QCOMPARE(seen.join(' '), row.announced);
+    }
 
 private:
     std::unique_ptr<PseudoTerminal> m_tablet;
     std::unique_ptr<QextSerialPort> m_port; // open
 };
-
-void PortLayerTest::init()
-{
-    m_tablet = std::make_unique<PseudoTerminal>();
-    m_port = std::make_unique<QextSerialPort>();
-    QCOMPARE(m_port->errorString(), noError);
-    QVERIFY(openAt(*m_port, *m_tablet));
-}
-
-void PortLayerTest::settingsReachTheInnerPort()
-{
-    QextSerialPort port;
-    const auto& inner = *port.findChild<QSerialPort*>();
-    const auto check = [](auto set, auto get, const QList<int>& values) {
-        for (int value = 0; value < values.size(); ++value) {
-            set(value);
-            QCOMPARE(int(get()), values.at(value));
-        }
-    };
-    check([&](int value) { port.setBaudRate(BaudRateType(value)); },
-          [&] { return inner.baudRate(); },
-          {50,   75,   110,   134,   150,   200,   300,   600,   1200,   1800,   2400,
-           4800, 9600, 14400, 19200, 38400, 56000, 57600, 76800, 115200, 128000, 256000});
-    check([&](int value) { port.setDataBits(DataBitsType(value)); },
-          [&] { return inner.dataBits(); }, {5, 6, 7, 8});
-    check([&](int value) { port.setParity(ParityType(value)); }, [&] { return inner.parity(); },
-          {QSerialPort::NoParity, QSerialPort::OddParity, QSerialPort::EvenParity,
-           QSerialPort::MarkParity, QSerialPort::SpaceParity});
-    check([&](int value) { port.setStopBits(StopBitsType(value)); },
-          [&] { return inner.stopBits(); },
-          {QSerialPort::OneStop, QSerialPort::OneAndHalfStop, QSerialPort::TwoStop});
-    check([&](int value) { port.setFlowControl(FlowType(value)); },
-          [&] { return inner.flowControl(); },
-          {QSerialPort::NoFlowControl, QSerialPort::HardwareControl, QSerialPort::SoftwareControl});
-    port.setPortName("/dev/a");
-    QCOMPARE(inner.portName(), "a");
-    QCOMPARE(port.portName(), "/dev/a");
-}
-
-void PortLayerTest::errorsHaveTheirTexts()
-{
-    const auto& row = currentRow(openRows);
-    const QByteArray kind = row.name;
-    const PseudoTerminal tablet;
-    const QTemporaryDir directory;
-    QFile file(directory.filePath("file"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QextSerialPort first;
-    QVERIFY(kind != "locked" || openAt(first, tablet));
-    QCOMPARE(chmod(qPrintable(tablet.path()), kind == "forbidden" ? 0 : 0600), 0);
-    QextSerialPort port;
-    port.setPortName(kind == "missing" ? "/nowhere/port"
-                     : kind == "file"  ? file.fileName()
-                                       : tablet.path());
-    {
-        // A lock file of that user has a place: the directory of lock files is everybody's or there
-        // is none.
-        const Unprivileged user(kind == "forbidden");
-        QVERIFY(!port.open(QIODevice::ReadOnly));
-    }
-    QVERIFY(!port.isOpen());
-    QCOMPARE(port.errorString(), row.error);
-    const PseudoTerminal other;
-    QVERIFY(openAt(port, other));
-    QCOMPARE(port.errorString(), noError);
-}
-
-void PortLayerTest::aQuietPortSaysNothing()
-{
-    const RecordedMessages messages;
-    m_port->close();
-    QVERIFY(!m_port->isOpen());
-    QVERIFY(openAt(*m_port, *m_tablet));
-    QCOMPARE(m_port->readAll(), QByteArray());
-    QVERIFY(m_port->reset());
-    m_port->close();
-    m_port->close();
-    QCOMPARE(m_port->errorString(), noError);
-    QCOMPARE(RecordedMessages::texts(), QStringList());
-}
-
-void PortLayerTest::bytesAreAnnouncedReadAndWritten()
-{
-    PseudoTerminal tablet;
-    for (const auto mode : {QextSerialPort::EventDriven, QextSerialPort::Polling}) {
-        QextSerialPort port(mode);
-        QSignalSpy announced(&port, &QIODevice::readyRead);
-        QVERIFY(openAt(port, tablet));
-        QVERIFY(tablet.write("abc"));
-        QTRY_COMPARE(port.bytesAvailable(), qint64(3));
-        QTRY_COMPARE(announced.size(), mode == QextSerialPort::EventDriven ? 1 : 0);
-        QCOMPARE(port.read(2), QByteArray("ab"));
-        QCOMPARE(port.bytesAvailable(), qint64(1));
-        QCOMPARE(port.readAll(), QByteArray("c"));
-        QCOMPARE(port.write("xyz"), qint64(3));
-        QCOMPARE(tablet.read(5000), QByteArray("xyz")); // without an event loop in between
-    }
-}
-
-void PortLayerTest::bytesOfTwoReadsAreAnnouncedOnce()
-{
-    QSignalSpy announced(m_port.get(), &QIODevice::readyRead);
-    for (const char* bytes : {"ab", "c"}) {
-        QVERIFY(m_tablet->write(bytes));
-        const QDeadlineTimer patience(5000);
-        while (!m_tablet->taken() && !patience.hasExpired())
-            activate(*m_port);
-    }
-    QCOMPARE(m_port->bytesAvailable(), qint64(3));
-    QCOMPARE(announced.size(), 0); // not inside a signal of the inner port
-    QCoreApplication::processEvents();
-    QCoreApplication::processEvents();
-    QCOMPARE(announced.size(), 1);
-}
-
-void PortLayerTest::aReceiverMayDeleteThePort()
-{
-    int calls = 0;
-    connect(m_port.get(), &QIODevice::readyRead, this, [&] {
-        ++calls;
-        m_port.reset();
-    });
-    QVERIFY(m_tablet->write("abc"));
-    QTRY_COMPARE(calls, 1);
-    QVERIFY(!m_port);
-}
-
-void PortLayerTest::writingAfterAHangUpFailsSilently()
-{
-    m_tablet->hangUp();
-    QTRY_VERIFY(m_port->errorString() != noError);
-    const QString error = m_port->errorString();
-    const RecordedMessages messages;
-    QCOMPARE(m_port->write("x"), qint64(-1));
-    QCOMPARE(m_port->readAll(), QByteArray());
-    QCOMPARE(m_port->errorString(), error);
-    QCOMPARE(RecordedMessages::texts(), QStringList());
-}
-
-void PortLayerTest::anotherReaderMayTakeTheBytes()
-{
-    const auto& row = currentRow(readerRows);
-    PseudoTerminal tablet;
-    QextSerialPort port;
-    QSignalSpy ended(&port, &QIODevice::readChannelFinished);
-    // First, since an open serial port lets nobody but root open it again.
-    const int other = open(qPrintable(tablet.path()), O_RDONLY | O_NOCTTY | O_CLOEXEC);
-    QVERIFY(openAt(port, tablet));
-    for (int taken = 0; taken < row.times; ++taken) {
-        QVERIFY(tablet.write("stolen"));
-        char bytes[16];
-        QCOMPARE(read(other, bytes, sizeof bytes), ssize_t(6));
-        activate(port, row.staleErrno);
-        QCoreApplication::processEvents();
-    }
-    close(other);
-    QVERIFY(tablet.write("123456782"));
-    QTRY_COMPARE(port.bytesAvailable(), qint64(9));
-    QCOMPARE(port.readAll(), QByteArray("123456782"));
-    QCOMPARE(port.errorString(), noError);
-    tablet.hangUp();
-    QTRY_COMPARE(ended.size(), 1);
-}
-
-void PortLayerTest::aHangUpIsAnnouncedOnce()
-{
-    const auto& row = currentRow(hangUpRows);
-    const PseudoTerminal other;
-    m_port = std::make_unique<QextSerialPort>(row.mode);
-    QVERIFY(openAt(*m_port, *m_tablet));
-    m_port->close(); // a close that is asked for is no hang-up
-    QVERIFY(openAt(*m_port, *m_tablet));
-    QVERIFY(m_tablet->write("abc"));
-    QTRY_COMPARE(m_port->bytesAvailable(), qint64(3));
-    QCoreApplication::sendPostedEvents();
-
-    QStringList seen;
-    const auto receiver = [&](const char* name, const QString& action) {
-        return [this, &seen, &other, name, action] {
-            seen << name;
-            if (action == "delete")
-                return m_port.reset();
-            if (!action.isEmpty())
-                m_port->close();
-            if (action == "reopen")
-                QVERIFY(openAt(*m_port, other));
-        };
-    };
-    connect(m_port.get(), &QIODevice::readyRead, this, receiver("bytes", row.atBytes));
-    connect(m_port.get(), &QIODevice::readChannelFinished, this, receiver("end", row.atEnd));
-    m_tablet->hangUp();
-    QTRY_COMPARE(seen.join(' '), row.announced);
-    QCoreApplication::processEvents(); // what else is queued
-    QCOMPARE(seen.join(' '), row.announced);
-}
 
 QTEST_GUILESS_MAIN(PortLayerTest)
 #include "PortLayerTest.moc"

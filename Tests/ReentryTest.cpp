@@ -10,7 +10,6 @@
 #include <unistd.h>
 
 namespace {
-
 // In a process of its own: the driver starts anew, and one that crashes does not end the others.
 bool runAlone(const QByteArray& decisions)
 {
@@ -37,56 +36,51 @@ class ReentryTest : public QObject
     Q_OBJECT
 
 private slots:
-    void keptHosts_data();
-    void keptHosts();
-    void randomHosts();
-    void aPortBehindThePenInputClosesAfterIt();
-};
-
-void ReentryTest::keptHosts_data()
-{
-    QTest::addColumn<QString>("path");
-    const QDir corpus(QStringLiteral(SOURCE_DIRECTORY "/Fuzzing/corpus/reentry"));
-    for (const QFileInfo& file : corpus.entryInfoList(QDir::Files))
-        QTest::newRow(qPrintable(file.fileName())) << file.filePath();
-}
-
-void ReentryTest::keptHosts()
-{
-    QFETCH(QString, path);
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QVERIFY(runAlone(file.readAll()));
-}
-
-void ReentryTest::randomHosts()
-{
-    const QStringList range =
-        qEnvironmentVariable("REENTRY_SEEDS", QStringLiteral("1-30")).split(QLatin1Char('-'));
-    QStringList failed;
-    for (int seed = range.first().toInt(); seed <= range.last().toInt(); ++seed) {
-        if (!runAlone(ReentrantHost::randomDecisions(quint32(seed))))
-            failed << QString::number(seed);
+    void keptHosts_data()
+    {
+        QTest::addColumn<QString>("path");
+        const QDir corpus(QStringLiteral(SOURCE_DIRECTORY "/Fuzzing/corpus/reentry"));
+        for (const QFileInfo& file : corpus.entryInfoList(QDir::Files))
+            QTest::newRow(qPrintable(file.fileName())) << file.filePath();
     }
-    QVERIFY2(failed.isEmpty(),
-             qPrintable(QStringLiteral("seeds ") + failed.join(QLatin1Char(' '))));
-}
 
-void ReentryTest::aPortBehindThePenInputClosesAfterIt()
-{
-    PenInput pen;
-    const ReferenceHost::PseudoTerminal tablet;
-    pen.digitizer->selectDevice(QStringLiteral("A"), tablet.path());
-    QVERIFY(pen.digitizer->open());
-    pen.digitizer->selectDevice(QStringLiteral("A"), QStringLiteral("File:"));
-    QVERIFY(pen.digitizer->open());
-    QVERIFY(!pen.digitizer->close());
-    QVERIFY(pen.digitizer->active());
-    QVERIFY(pen.reports.isEmpty());
-    QVERIFY(pen.digitizer->close());
-    QVERIFY(!pen.digitizer->active());
-    QCOMPARE(pen.reports.size(), 1);
-}
+    void keptHosts()
+    {
+        QFETCH(QString, path);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QVERIFY(runAlone(file.readAll()));
+    }
+
+    void randomHosts()
+    {
+        const QStringList range =
+            qEnvironmentVariable("REENTRY_SEEDS", QStringLiteral("1-30")).split(QLatin1Char('-'));
+        QStringList failed;
+        for (int seed = range.first().toInt(); seed <= range.last().toInt(); ++seed) {
+            if (!runAlone(ReentrantHost::randomDecisions(quint32(seed))))
+                failed << QString::number(seed);
+        }
+        QVERIFY2(failed.isEmpty(),
+                 qPrintable(QStringLiteral("seeds ") + failed.join(QLatin1Char(' '))));
+    }
+
+    void aPortBehindThePenInputClosesAfterIt()
+    {
+        PenInput pen;
+        const ReferenceHost::PseudoTerminal tablet;
+        pen.digitizer->selectDevice(QStringLiteral("A"), tablet.path());
+        QVERIFY(pen.digitizer->open());
+        pen.digitizer->selectDevice(QStringLiteral("A"), QStringLiteral("File:"));
+        QVERIFY(pen.digitizer->open());
+        QVERIFY(!pen.digitizer->close());
+        QVERIFY(pen.digitizer->active());
+        QVERIFY(pen.reports.isEmpty());
+        QVERIFY(pen.digitizer->close());
+        QVERIFY(!pen.digitizer->active());
+        QCOMPARE(pen.reports.size(), 1);
+    }
+};
 
 QTEST_GUILESS_MAIN(ReentryTest)
 #include "ReentryTest.moc"

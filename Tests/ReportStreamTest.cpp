@@ -11,19 +11,7 @@
 
 using namespace MavSystem;
 
-/// How reports are found in a stream of bytes.
-class ReportStreamTest : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void itemsComeOut_data() { addTextRows("streams.txt", 3); }
-    void itemsComeOut();
-    void undamagedReportsComeOutOnce();
-};
-
 namespace {
-
 // A report in brackets, other bytes in angles.
 QByteArray itemsOf(ReportStream& stream)
 {
@@ -88,34 +76,44 @@ QByteArray damaged(Random& random, QByteArray report)
 
 } // namespace
 
-void ReportStreamTest::itemsComeOut()
+/// How reports are found in a stream of bytes.
+class ReportStreamTest : public QObject
 {
-    QFETCH(TextRow, row);
-    ReportStream stream(describedTemplate(row.fields.at(0)));
-    QCOMPARE(outcomeOf(stream, row.fields.at(1)), row.fields.at(2));
-    QVERIFY(!row.fields.at(1).endsWith('|') || !stream.needsPause());
-}
+    Q_OBJECT
 
-// What must come out of bursts of reports, some of them damaged, is what the fuzz target requires.
-void ReportStreamTest::undamagedReportsComeOutOnce()
-{
-    constexpr unsigned seed = 20261123;
-    qInfo("seed %u", seed);
-    Random random(seed);
-    const std::pair<const char*, bool> kinds[] = {
-        {"C", false}, {"L", false}, {"C", true}, {"", false}};
-    for (int round = 0; round < 12000; ++round) {
-        const auto [lineEnd, inside] = kinds[round % 4];
-        const QByteArray letters = randomTemplate(random, lineEnd, inside);
-        QByteArray input = letters + '\n';
-        for (int reports = int(random() % 24); reports > 0; --reports) {
-            const QByteArray report = randomReport(random, letters);
-            input += random() % 8 == 0 ? "|" : "";
-            input += random() % 5 == 0 ? damaged(random, report) : report;
-        }
-        fuzz(input);
+private slots:
+    void itemsComeOut_data() { addTextRows("streams.txt", 3); }
+
+    void itemsComeOut()
+    {
+        QFETCH(TextRow, row);
+        ReportStream stream(describedTemplate(row.fields.at(0)));
+        QCOMPARE(outcomeOf(stream, row.fields.at(1)), row.fields.at(2));
+        QVERIFY(!row.fields.at(1).endsWith('|') || !stream.needsPause());
     }
-}
+
+    // What must come out of bursts of reports, some of them damaged, is what the fuzz target
+    // requires.
+    void undamagedReportsComeOutOnce()
+    {
+        constexpr unsigned seed = 20261123;
+        qInfo("seed %u", seed);
+        Random random(seed);
+        const std::pair<const char*, bool> kinds[] = {
+            {"C", false}, {"L", false}, {"C", true}, {"", false}};
+        for (int round = 0; round < 12000; ++round) {
+            const auto [lineEnd, inside] = kinds[round % 4];
+            const QByteArray letters = randomTemplate(random, lineEnd, inside);
+            QByteArray input = letters + '\n';
+            for (int reports = int(random() % 24); reports > 0; --reports) {
+                const QByteArray report = randomReport(random, letters);
+                input += random() % 8 == 0 ? "|" : "";
+                input += random() % 5 == 0 ? damaged(random, report) : report;
+            }
+            fuzz(input);
+        }
+    }
+};
 
 QTEST_APPLESS_MAIN(ReportStreamTest)
 #include "ReportStreamTest.moc"
