@@ -56,8 +56,7 @@ int renameInChild(const PenInput& pen, int kernelError)
     if (child == 0) {
         if (kernelError != 0)
             forbidExclusiveRename(kernelError);
-        const QString problem = renameWithoutReplacing(pen.pathOf(QStringLiteral("from")),
-                                                       pen.pathOf(QStringLiteral("to")));
+        const QString problem = renameWithoutReplacing(pen.pathOf("from"), pen.pathOf("to"));
         ::_exit(problem.isEmpty() ? 0 : 1);
     }
     int status = -1;
@@ -68,9 +67,9 @@ int renameInChild(const PenInput& pen, int kernelError)
 PenFileSettling::File fileOf(const QString& text)
 {
     PenFileStamp stamp;
-    stamp.size = text.section(QLatin1Char(':'), 1).section(QLatin1Char('.'), 0, 0).toLongLong();
-    stamp.modified = text.section(QLatin1Char('.'), 1).toLongLong();
-    return {text.section(QLatin1Char(':'), 0, 0), stamp};
+    stamp.size = text.section(':', 1).section('.', 0, 0).toLongLong();
+    stamp.modified = text.section('.', 1).toLongLong();
+    return {text.section(':', 0, 0), stamp};
 }
 
 } // namespace
@@ -104,14 +103,13 @@ private slots:
         QCOMPARE(pen.digitizer->active(), imported);
         QCOMPARE(pen.delivered(), row.fields.at(2));
         QCOMPARE(pen.names(), row.fields.at(3));
-        QCOMPARE(pen.host.questions.join(QLatin1Char('/')),
+        QCOMPARE(pen.host.questions.join('/'),
                  QLatin1String(has("unasked") ? ""
                                               : "Digitizer files are ready to be imported."
                                                 "|Import|Import|Delete|Cancel"));
-        QCOMPARE(pen.host.errors.join(QLatin1Char('/')), !has("throw") ? QString()
-                                                         : has("other")
-                                                             ? QStringLiteral("Unexpected Error")
-                                                             : QStringLiteral("Gr\u00f6\u00dfe"));
+        QCOMPARE(pen.host.errors.join('/'), !has("throw")  ? QString()
+                                            : has("other") ? QStringLiteral("Unexpected Error")
+                                                           : QStringLiteral("Gr\u00f6\u00dfe"));
         QVERIFY(!pen.digitizer->close());
         QVERIFY(!pen.digitizer->active());
         QCOMPARE(pen.delivered(), row.fields.at(2));
@@ -120,8 +118,8 @@ private slots:
     void sampleFilesGiveTheReportsBesideThem_data()
     {
         QTest::addColumn<QString>("file"); // without its extension
-        QDirIterator files(QStringLiteral(SOURCE_DIRECTORY "/Examples/pen"),
-                           {QStringLiteral("*.dat")}, QDir::Files, QDirIterator::Subdirectories);
+        QDirIterator files(QStringLiteral(SOURCE_DIRECTORY "/Examples/pen"), {"*.dat"}, QDir::Files,
+                           QDirIterator::Subdirectories);
         while (files.hasNext())
             QTest::newRow(qPrintable(QFileInfo(files.next()).baseName()))
                 << files.filePath().chopped(4);
@@ -134,9 +132,9 @@ private slots:
         pen.host.writeDescription(
             QStringLiteral("pen.xml"),
             contentOf(QStringLiteral(SOURCE_DIRECTORY "/Examples/pen/example-pen.xml")));
-        pen.host.write(QStringLiteral("pen/a.dat"), contentOf(file + QStringLiteral(".dat")));
-        pen.digitizer->selectDevice(QStringLiteral("Example Pen"), QStringLiteral("File:"));
-        pen.digitizer->setExtended4Buttons(file.contains(QLatin1String("/extended/")));
+        pen.host.write("pen/a.dat", contentOf(file + QStringLiteral(".dat")));
+        pen.digitizer->selectDevice("Example Pen", "File:");
+        pen.digitizer->setExtended4Buttons(file.contains("/extended/"));
         QByteArray reports;
         DigitalReport::registerHandle([&](const DigitalReport& report) {
             reports += QByteArray::number(report.coordinate().x(), 'f', 4) + ' ' +
@@ -187,7 +185,7 @@ private slots:
         QFETCH(QByteArray, starter);
         PenInput pen;
         pen.digitizer->setPenFileSettleTime(starter == "the timer" ? 50 : 0);
-        for (const QString& step : row.text(0).split(QStringLiteral(", ")))
+        for (const QString& step : row.text(0).split(", "))
             PenSteps::run(pen, "report 1: " + step.toLatin1());
         const bool byOpen = starter == "open()";
         QVERIFY(byOpen || pen.digitizer->open());
@@ -261,7 +259,7 @@ private slots:
         QCOMPARE(pen.names(), row.fields.at(5));
         ::unlink(pen.encodedPathOf("\xff.dat")); // Qt cannot remove it
         QVERIFY2(row.fields.at(6).isEmpty() || RecordedMessages::hold(row.fields.at(6)),
-                 qPrintable(RecordedMessages::texts().join(QLatin1Char('\n'))));
+                 qPrintable(RecordedMessages::texts().join('\n')));
     }
 
     void textsAreTranslatedInTheirContexts()
@@ -272,7 +270,7 @@ private slots:
             QString translate(const char* context, const char* source,
                               const char* /*disambiguation*/, int /*n*/) const override
             {
-                return QLatin1String(context).mid(11) + QLatin1Char('/') + QLatin1String(source);
+                return QLatin1String(context).mid(11) + '/' + QLatin1String(source);
             }
         } translator;
         QCoreApplication::installTranslator(&translator);
@@ -280,12 +278,11 @@ private slots:
         pen.put("a.dat=X:1:1");
         PenSteps::run(pen, "report 1: throw");
         QVERIFY(pen.digitizer->open());
-        QCOMPARE(
-            pen.host.questions.value(0),
-            QStringLiteral("DigipenFileDigitalization/Digitizer files are ready to be imported.|"
-                           "DigipenFileDigitalization/Import|DigipenFileDigitalization/Import|"
-                           "DigipenFileDigitalization/Delete|DigipenFileDigitalization/Cancel"));
-        QCOMPARE(pen.host.errors, QStringList(QStringLiteral("MavApplication/Unexpected Error")));
+        QCOMPARE(pen.host.questions.value(0),
+                 "DigipenFileDigitalization/Digitizer files are ready to be imported.|"
+                 "DigipenFileDigitalization/Import|DigipenFileDigitalization/Import|"
+                 "DigipenFileDigitalization/Delete|DigipenFileDigitalization/Cancel");
+        QCOMPARE(pen.host.errors, QStringList("MavApplication/Unexpected Error"));
     }
 
     void filesThatArriveDuringAnErrorBox_data()
@@ -389,7 +386,7 @@ private slots:
             const bool renamed = QByteArray(names) == "to";
             QCOMPARE(renameInChild(pen, kernelError), renamed ? 0 : 1);
             QCOMPARE(pen.names(), QByteArray(names));
-            QFile target(pen.pathOf(QStringLiteral("to")));
+            QFile target(pen.pathOf("to"));
             if (target.open(QIODevice::ReadOnly))
                 QCOMPARE(target.readAll(), QByteArray(renamed ? "1" : "2"));
         }
@@ -415,8 +412,7 @@ private slots:
             QDir::setCurrent(QDir::rootPath());
         };
         pen.put("a.dat=X:1:1\nX:23:45\nA- 4\nX:3:3\n");
-        QVERIFY(meta.method(meta.methodOffset())
-                    .invoke(&importer, Q_ARG(QString, QStringLiteral("pen"))));
+        QVERIFY(meta.method(meta.methodOffset()).invoke(&importer, Q_ARG(QString, "pen")));
         QCOMPARE(pen.delivered(), QByteArray("1:1,1 4:3,3"));
         QCOMPARE(button.m_code[0], '1');
         QCOMPARE(x, (QMap<int, char>{{1, '2'}, {2, '3'}}));
@@ -424,8 +420,7 @@ private slots:
         QVERIFY(!importer.readingDigitizingCommand(button, x, y));
 
         pen.put("a.one=|B.ONE=|c.two=|d.three=|.e.one=|f.one/");
-        importer.removeAllFileFromDirectory(pen.folder,
-                                            {QStringLiteral("*.one"), QStringLiteral("*.two")});
+        importer.removeAllFileFromDirectory(pen.folder, {"*.one", "*.two"});
         importer.removeAllFileFromDirectory(pen.folder, {});
         QCOMPARE(pen.names(), QByteArray(".e.one a.txt d.three f.one"));
     }
@@ -437,20 +432,19 @@ private slots:
         QFETCH(TextRow, row);
         PenFileSettling settling;
         settling.setSettleTime(100);
-        for (const QString& step : row.text(0).split(QStringLiteral(" | "))) {
-            const QString before = step.section(QLatin1String(" >"), 0, 0);
-            const QString times = before.section(QLatin1Char(' '), 0, 0);
+        for (const QString& step : row.text(0).split(" | ")) {
+            const QString before = step.section(" >", 0, 0);
+            const QString times = before.section(' ', 0, 0);
             QVector<PenFileSettling::File> found;
-            for (const QString& file : before.split(QLatin1Char(' ')).filter(QLatin1String(":")))
+            for (const QString& file : before.split(' ').filter(":"))
                 found << fileOf(file);
             QString result = before + QStringLiteral(" >");
-            for (const auto& file :
-                 settling.look(found, times.section(QLatin1Char('-'), 0, 0).toLongLong(),
-                               times.section(QLatin1Char('-'), -1).toLongLong())) {
-                result += QLatin1Char(' ') + file.name;
-                if (before.endsWith(QLatin1Char('!')))
+            for (const auto& file : settling.look(found, times.section('-', 0, 0).toLongLong(),
+                                                  times.section('-', -1).toLongLong())) {
+                result += ' ' + file.name;
+                if (before.endsWith('!'))
                     settling.setImported(file);
-                if (before.endsWith(QLatin1Char('?')))
+                if (before.endsWith('?'))
                     settling.forget(file.name);
             }
             QCOMPARE(result + QStringLiteral(" / %1").arg(settling.waiting()), step);
@@ -473,7 +467,7 @@ private slots:
         PenInput pen;
         pen.digitizer->setPenFileSettleTime(200);
         QVERIFY(pen.digitizer->open());
-        QFile file(pen.pathOf(QStringLiteral("a.dat")));
+        QFile file(pen.pathOf("a.dat"));
         QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
         QByteArrayList expected;
         QTimer writer;

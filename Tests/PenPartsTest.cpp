@@ -29,22 +29,22 @@ struct Grouping : std::numpunct<char>
 };
 
 const QMap<QString, t_DigipenState* (*)()> singles = {
-    {QStringLiteral("Idle"), single<t_IdleState>},
-    {QStringLiteral("Line"), single<t_LineState>},
-    {QStringLiteral("Curve"), single<t_CurveState>},
-    {QStringLiteral("Punch"), single<t_PunchHoleState>},
-    {QStringLiteral("Terminate"), single<t_TerminateInformationState>},
-    {QStringLiteral("Idle4"), single<t_IdleState_4ex>},
-    {QStringLiteral("Line4"), single<t_LineState_4ex>},
-    {QStringLiteral("Curve4"), single<t_CurveState_4ex>},
-    {QStringLiteral("Button3"), single<t_Button3State_4ex>},
-    {QStringLiteral("First1"), single<t_Button3_1Phase1State_4ex>},
-    {QStringLiteral("First2"), single<t_Button3_2Phase1State_4ex>},
-    {QStringLiteral("First3"), single<t_Button3_3Phase1State_4ex>},
-    {QStringLiteral("Second1"), single<t_Button3_1Phase2State_4ex>},
-    {QStringLiteral("Second2"), single<t_Button3_2Phase2State_4ex>},
-    {QStringLiteral("Second3"), single<t_Button3_3Phase2State_4ex>},
-    {QStringLiteral("Terminate4"), single<t_TerminateInformationState_4ex>},
+    {"Idle", single<t_IdleState>},
+    {"Line", single<t_LineState>},
+    {"Curve", single<t_CurveState>},
+    {"Punch", single<t_PunchHoleState>},
+    {"Terminate", single<t_TerminateInformationState>},
+    {"Idle4", single<t_IdleState_4ex>},
+    {"Line4", single<t_LineState_4ex>},
+    {"Curve4", single<t_CurveState_4ex>},
+    {"Button3", single<t_Button3State_4ex>},
+    {"First1", single<t_Button3_1Phase1State_4ex>},
+    {"First2", single<t_Button3_2Phase1State_4ex>},
+    {"First3", single<t_Button3_3Phase1State_4ex>},
+    {"Second1", single<t_Button3_1Phase2State_4ex>},
+    {"Second2", single<t_Button3_2Phase2State_4ex>},
+    {"Second3", single<t_Button3_3Phase2State_4ex>},
+    {"Terminate4", single<t_TerminateInformationState_4ex>},
 };
 
 QString nameOf(const t_DigipenState* wanted)
@@ -80,8 +80,7 @@ struct Recorder : t_DigipenStringAnalyzer, RecordingState
 QString readable(const std::string& commands)
 {
     QString text = QString::fromStdString(commands);
-    text.replace(QLatin1Char(' '), QLatin1Char(','))
-        .replace(QLatin1String("\n\r"), QLatin1String(" "));
+    text.replace(' ', ',').replace("\n\r", " ");
     return text.trimmed();
 }
 
@@ -91,25 +90,24 @@ QString readable(const QMap<int, char>& field)
     QStringList entries;
     for (auto entry = field.begin(); entry != field.end(); ++entry)
         entries << QStringLiteral("%1=%2").arg(entry.key()).arg(QLatin1Char(entry.value()));
-    return entries.join(QLatin1Char(' '));
+    return entries.join(' ');
 }
 
 // Does what one word of a sequence says; returns its answer.
 QString run(const QString& event, t_DigipenDataConverter& converter)
 {
     std::string commands = "what was there before";
-    if (event == QLatin1String("end")) {
+    if (event == "end") {
         if (converter.generateEndOfPieceInstructions(commands) == commands.empty())
             return QStringLiteral("[a wrong result]");
-        return QLatin1Char('[') + readable(commands) + QLatin1Char(']');
+        return '[' + readable(commands) + ']';
     }
-    if (event == QLatin1String("?"))
+    if (event == "?")
         return QLatin1String(converter.endCommandMissing() ? "[missing]" : "[complete]");
-    if (event == QLatin1String("next"))
+    if (event == "next")
         converter.reset();
-    else if (event.contains(QLatin1Char(',')))
-        converter.coordinate(event.section(QLatin1Char(','), 0, 0).toShort(),
-                             event.section(QLatin1Char(','), 1).toShort());
+    else if (event.contains(','))
+        converter.coordinate(event.section(',', 0, 0).toShort(), event.section(',', 1).toShort());
     else
         converter.button(event.toInt());
     return readable(std::exchange(converter.m_commands, {}));
@@ -201,10 +199,10 @@ private slots:
         t_DigipenState_4ex::m_curve = false;
         t_DigipenDataConverter converter(singles[row.text(0)]());
         QStringList written;
-        for (const QString& event : row.text(2).split(QLatin1Char(' ')))
+        for (const QString& event : row.text(2).split(' '))
             written << run(event, converter);
         written.removeAll(QString());
-        QCOMPARE(written.join(QLatin1Char(' ')), row.text(3));
+        QCOMPARE(written.join(' '), row.text(3));
         QCOMPARE(nameOf(converter.m_state), row.text(4));
     }
 
@@ -215,9 +213,9 @@ private slots:
         converter.button(3);
         converter.button(7);
         converter.button(1);
-        QCOMPARE(RecordedMessages::texts().join(QLatin1Char('\n')),
-                 QStringLiteral("pen state t_LineState_4ex to t_Button3State_4ex\n"
-                                "pen state t_Button3State_4ex to t_Button3_1Phase1State_4ex"));
+        QCOMPARE(RecordedMessages::texts().join('\n'),
+                 "pen state t_LineState_4ex to t_Button3State_4ex\n"
+                 "pen state t_Button3State_4ex to t_Button3_1Phase1State_4ex");
     }
 
     // A line ends inside a block of the reader, at its end, or blocks later. Behind a zero byte
@@ -227,8 +225,7 @@ private slots:
         const QByteArrayList lines = {QByteArray(32767, 'a') + '\n', "b\n", QByteArray(70000, 'c'),
                                       "\n", "d"};
         const QByteArray ignored = '\0' + QByteArray(40000, 'e') + '\n';
-        QFile file(m_host.write(QStringLiteral("lines"),
-                                lines.mid(0, 3).join() + ignored + lines.mid(3).join()));
+        QFile file(m_host.write("lines", lines.mid(0, 3).join() + ignored + lines.mid(3).join()));
         QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
         PenLineReader reader(file);
         for (const int count : {2, 5}) { // the second round starts anew in the middle of a block
@@ -251,7 +248,7 @@ private slots:
         Recorder recorder;
         std::string text = expanded(row.fields.at(0)).toStdString();
         QCOMPARE(recorder.convert(text), row.fields.at(2) == "yes");
-        QCOMPARE(recorder.events.join(QLatin1Char(' ')), row.text(1));
+        QCOMPARE(recorder.events.join(' '), row.text(1));
         QVERIFY(text.empty());
     }
 
@@ -311,8 +308,8 @@ private slots:
                 QVERIFY(*boost::get_error_info<boost::throw_line>(place) > 0);
             }
         }
-        const FatalError unthrown(QStringLiteral("Gr\u00f6\u00dfe"));
-        QCOMPARE(QString::fromUtf8(unthrown.what()), QStringLiteral("Gr\u00f6\u00dfe"));
+        const FatalError unthrown("Gr\u00f6\u00dfe");
+        QCOMPARE(QString::fromUtf8(unthrown.what()), "Gr\u00f6\u00dfe");
         QVERIFY(!boost::get_error_info<boost::throw_function>(unthrown));
     }
 
@@ -350,8 +347,8 @@ private slots:
         button.m_code[0] = 'a';
         QVERIFY(!t_ConvertedCommandInterpreter::interpreter(commands, button, x, y));
         QCOMPARE(button.m_code[0], 'a');
-        QCOMPARE(readable(x), QStringLiteral("1=1 2=2 9=b"));
-        QCOMPARE(readable(y), QStringLiteral("0=c 4=3"));
+        QCOMPARE(readable(x), "1=1 2=2 9=b");
+        QCOMPARE(readable(y), "0=c 4=3");
     }
 
     void bothCoordinatesMakeAClosingReport()

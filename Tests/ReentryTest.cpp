@@ -54,24 +54,22 @@ private slots:
 
     void randomHosts()
     {
-        const QStringList range =
-            qEnvironmentVariable("REENTRY_SEEDS", QStringLiteral("1-30")).split(QLatin1Char('-'));
+        const QStringList range = qEnvironmentVariable("REENTRY_SEEDS", "1-30").split('-');
         QStringList failed;
         for (int seed = range.first().toInt(); seed <= range.last().toInt(); ++seed) {
             if (!runAlone(ReentrantHost::randomDecisions(quint32(seed))))
                 failed << QString::number(seed);
         }
-        QVERIFY2(failed.isEmpty(),
-                 qPrintable(QStringLiteral("seeds ") + failed.join(QLatin1Char(' '))));
+        QVERIFY2(failed.isEmpty(), qPrintable(QStringLiteral("seeds ") + failed.join(' ')));
     }
 
     void aPortBehindThePenInputClosesAfterIt()
     {
         PenInput pen;
         const ReferenceHost::PseudoTerminal tablet;
-        pen.digitizer->selectDevice(QStringLiteral("A"), tablet.path());
+        pen.digitizer->selectDevice("A", tablet.path());
         QVERIFY(pen.digitizer->open());
-        pen.digitizer->selectDevice(QStringLiteral("A"), QStringLiteral("File:"));
+        pen.digitizer->selectDevice("A", "File:");
         QVERIFY(pen.digitizer->open());
         QVERIFY(!pen.digitizer->close());
         QVERIFY(pen.digitizer->active());

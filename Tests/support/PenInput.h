@@ -23,7 +23,7 @@ struct PenInput
                 DescriptionBuilder(name).resolution(*name == 'A' ? 1 : 10, "LPMM").xml());
         QDir().mkpath(folder);
         setDirectory(folder);
-        digitizer->selectDevice(QStringLiteral("A"), QStringLiteral("File:"));
+        digitizer->selectDevice("A", "File:");
         digitizer->setExtended4Buttons(false);
         digitizer->setPenFileSettleTime(0);
         digitizer->m_host_mode = 0;
@@ -45,7 +45,7 @@ struct PenInput
 
     static void setDirectory(const QString& directory)
     {
-        QSettings().setValue(QStringLiteral("digitizer_file_directory"), directory);
+        QSettings().setValue("digitizer_file_directory", directory);
     }
 
     /// Makes each of \a entries, which are separated by "|": "name=content" a file, "name/" a
@@ -54,11 +54,11 @@ struct PenInput
     {
         for (const QByteArray& entry : entries.split('|')) {
             const QString text = QString::fromLatin1(entry);
-            const QString name = text.section(QRegularExpression(QStringLiteral("=|->|/")), 0, 0);
+            const QString name = text.section(QRegularExpression("=|->|/"), 0, 0);
             if (entry.endsWith('/'))
                 QVERIFY(QDir(folder).mkdir(name));
             else if (entry.contains("->"))
-                QVERIFY(QFile::link(text.section(QLatin1String("->"), 1), pathOf(name)));
+                QVERIFY(QFile::link(text.section("->", 1), pathOf(name)));
             else if (!entry.isEmpty())
                 putFile(name, entry.mid(entry.indexOf('=') + 1));
         }
@@ -71,7 +71,7 @@ struct PenInput
         QVERIFY(QFile::rename(outside, pathOf(name)));
     }
 
-    QString pathOf(const QString& name) const { return folder + QLatin1Char('/') + name; }
+    QString pathOf(const QString& name) const { return folder + '/' + name; }
     QByteArray encodedPathOf(const char* name) const
     {
         return QFile::encodeName(folder) + '/' + name;
@@ -81,7 +81,7 @@ struct PenInput
     {
         return QDir(folder)
             .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot)
-            .join(QLatin1Char(' '))
+            .join(' ')
             .toUtf8();
     }
 
@@ -104,7 +104,7 @@ struct PenInput
     }
 
     TestHost host;
-    QString folder = host.path(QStringLiteral("pen"));
+    QString folder = host.path("pen");
     boost::shared_ptr<MavSystem::Digitizer> digitizer = MavSystem::Digitizer::instance();
     QByteArrayList reports; ///< "button:x,y"
     /// What is done inside "report 1", "question 1", "error 1" and so on.

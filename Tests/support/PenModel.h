@@ -14,22 +14,22 @@ public:
     void button(int number)
     {
         lastButton = number;
-        if (!(state == QLatin1String("Terminate4") && m_positionGiven))
+        if (!(state == "Terminate4" && m_positionGiven))
             write(at(ButtonWrites), 0, 0);
         if (number >= 1 && number <= 4)
-            enter(at(AfterButtons).split(QLatin1Char(' ')).at(number - 1));
+            enter(at(AfterButtons).split(' ').at(number - 1));
     }
 
     void position(int x, int y)
     {
         positionButton = lastButton;
         m_positionGiven = true;
-        if (state == QLatin1String("Line4") || state == QLatin1String("Curve4"))
-            curve = state == QLatin1String("Curve4");
+        if (state == "Line4" || state == "Curve4")
+            curve = state == "Curve4";
         const QString next = at(internal ? AfterInternal : AfterPosition);
         write(at(internal ? InternalWrites : PositionWrites), x, y);
-        if (next != QLatin1String("="))
-            enter(next.section(QLatin1Char('/'), curve ? -1 : 0, curve ? -1 : 0));
+        if (next != "=")
+            enter(next.section('/', curve ? -1 : 0, curve ? -1 : 0));
     }
 
     /// What ends the piece at the end of a file; when there is nothing, the file is done.
@@ -49,7 +49,7 @@ public:
         m_ends = 0;
     }
 
-    bool isExtended() const { return at(Family) == QLatin1String("extended"); }
+    bool isExtended() const { return at(Family) == "extended"; }
     QString code() const { return at(Code); }
 
     static const QMap<QString, TextRow>& states()
@@ -82,7 +82,7 @@ private:
         AfterInternal
     };
 
-    QString at(Field field) const { return states()[state].text(field).remove(QLatin1Char('-')); }
+    QString at(Field field) const { return states()[state].text(field).remove('-'); }
 
     void enter(const QString& next)
     {

@@ -22,7 +22,7 @@ inline QByteArray yesOrNo(bool value)
 /// What there must be sooner or later.
 inline const QMap<QByteArray, Value> values = {
     {"active", [](const PenInput& pen) { return yesOrNo(pen.digitizer->active()); }},
-    {"errors", [](const PenInput& pen) { return pen.host.errors.join(QLatin1Char('|')).toUtf8(); }},
+    {"errors", [](const PenInput& pen) { return pen.host.errors.join('|').toUtf8(); }},
     {"names", [](const PenInput& pen) { return pen.names(); }},
     {"questions",
      [](const PenInput& pen) { return QByteArray::number(pen.host.questions.size()); }},
@@ -41,7 +41,7 @@ inline void setDirectory(PenInput& pen, const QByteArray& path)
 {
     pen.setDirectory(QString::fromUtf8(path));
     if (path.startsWith("absent"))
-        QSettings().remove(QStringLiteral("digitizer_file_directory"));
+        QSettings().remove("digitizer_file_directory");
 }
 
 /// A watcher of the test's own tells when the system has announced the change.
@@ -80,16 +80,15 @@ inline void setRights(PenInput& pen, const QByteArray& octal)
 {
     QSettings settings;
     settings.sync();
-    for (const QString& path :
-         {pen.host.path(QString()), settings.fileName(), QFileInfo(settings.fileName()).path(),
-          pen.host.path(QStringLiteral("settings"))})
+    for (const QString& path : {pen.host.path(QString()), settings.fileName(),
+                                QFileInfo(settings.fileName()).path(), pen.host.path("settings")})
         QCOMPARE(::chmod(QFile::encodeName(path).constData(), 0755), 0);
     QCOMPARE(::chmod(pen.encodedPathOf("."), mode_t(octal.toUInt(nullptr, 8))), 0);
 }
 
 inline void fillDisk(PenInput& pen, const QByteArray& /*argument*/)
 {
-    QFile filler(pen.pathOf(QStringLiteral("filler")));
+    QFile filler(pen.pathOf("filler"));
     QVERIFY(filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
     while (filler.write(QByteArray(512, ' ')) > 0) {
     }
@@ -102,19 +101,19 @@ inline void makeUndecodable(PenInput& pen, const QByteArray& /*argument*/)
 
 inline void reachThroughLink(PenInput& pen, const QByteArray& /*argument*/)
 {
-    QVERIFY(QDir().mkpath(pen.host.path(QStringLiteral("other/deep"))));
-    QVERIFY(QDir().rename(pen.folder, pen.host.path(QStringLiteral("other/pens"))));
-    QVERIFY(QFile::link(QStringLiteral("other/deep"), pen.host.path(QStringLiteral("link"))));
-    QVERIFY(QDir().mkpath(pen.host.path(QStringLiteral("pens"))));
-    pen.setDirectory(pen.host.path(QStringLiteral("link/../pens")));
-    pen.folder = pen.host.path(QStringLiteral("other/pens"));
+    QVERIFY(QDir().mkpath(pen.host.path("other/deep")));
+    QVERIFY(QDir().rename(pen.folder, pen.host.path("other/pens")));
+    QVERIFY(QFile::link("other/deep", pen.host.path("link")));
+    QVERIFY(QDir().mkpath(pen.host.path("pens")));
+    pen.setDirectory(pen.host.path("link/../pens"));
+    pen.folder = pen.host.path("other/pens");
 }
 
 /// Gives the directory the name \a setting, and reaches it from the folder that it is in.
 inline void reachRelatively(PenInput& pen, const QByteArray& setting)
 {
-    const QString path = pen.host.path(QString()) + QLatin1Char('/') + QString::fromUtf8(setting);
-    QVERIFY(path.endsWith(QLatin1String("/pen/")) || QDir().rename(pen.folder, path));
+    const QString path = pen.host.path(QString()) + '/' + QString::fromUtf8(setting);
+    QVERIFY(path.endsWith("/pen/") || QDir().rename(pen.folder, path));
     pen.folder = path;
     QDir::setCurrent(pen.host.path(QString()));
     pen.setDirectory(QString::fromUtf8(setting));
@@ -126,8 +125,8 @@ inline void replaceByTwin(PenInput& pen, const QByteArray& content)
     const QByteArray path = pen.encodedPathOf("a.dat");
     struct stat status = {};
     QCOMPARE(::stat(path, &status), 0);
-    const QByteArray twin = QFile::encodeName(
-        pen.host.write(QStringLiteral("twin"), content.leftJustified(int(status.st_size), '\n')));
+    const QByteArray twin =
+        QFile::encodeName(pen.host.write("twin", content.leftJustified(int(status.st_size), '\n')));
     const timespec times[] = {status.st_atim, status.st_mtim};
     QCOMPARE(::utimensat(AT_FDCWD, twin, times, 0), 0);
     QCOMPARE(std::rename(twin, path), 0);
@@ -181,7 +180,7 @@ inline const QMap<QByteArray, Action> actions = {
 /// Does one step, or keeps it for its event: "report 2: STEP".
 inline void run(PenInput& pen, const QByteArray& step)
 {
-    static const QRegularExpression event(QStringLiteral("^((?:report|question|error) \\d+): "));
+    static const QRegularExpression event("^((?:report|question|error) \\d+): ");
     const auto match = event.match(QString::fromLatin1(step));
     if (match.hasMatch()) {
         const QByteArray rest = step.mid(match.capturedEnd());
