@@ -117,23 +117,6 @@ private slots:
         }
         QCOMPARE(MavApplication::instance(), standard);
     }
-
-    void handlersAreReplacedNotAdded()
-    {
-        DigitalReport report(3.0, 4.0);
-        report.m_button_number = 9;
-        report.flush(); // nobody there
-        QStringList calls;
-        DigitalReport::registerHandle([&](const DigitalReport&) { calls << "first"; });
-        DigitalReport::registerHandle([&](const DigitalReport& got) { calls << textOf(got); });
-        report.flush();
-        DigitalReport::registerHandle(
-            [](const DigitalReport&) { throw std::runtime_error("host"); });
-        QVERIFY_EXCEPTION_THROWN(report.flush(), std::runtime_error);
-        DigitalReport::unregisterHandle();
-        report.flush();
-        QCOMPARE(calls, QStringList("3 4 9"));
-    }
 };
 
 namespace {

@@ -2,9 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/FieldDecoding.h"
 #include "ReferenceHost/Serial/LineMonitor.h"
-#include "ReferenceHost/Serial/PseudoTerminal.h"
 #include "support/DescribedTemplate.h"
-#include "support/DigitizerProcess.h"
 #include "support/TextRows.h"
 
 #include <QRegularExpression>
@@ -39,8 +37,6 @@ private slots:
     void bytesAreListedWithTheirRoles_data() { addTextRows("monitor.txt", 3); }
     void bytesAreListedWithTheirRoles();
     void theSummaryCounts();
-    void aLineIsShownUntilItEnds_data();
-    void aLineIsShownUntilItEnds();
 };
 
 void MonitorTest::bytesAreListedWithTheirRoles()
@@ -72,36 +68,6 @@ void MonitorTest::theSummaryCounts()
     QCOMPARE(listing.summary(),
              QString("26 bytes, 3 reports (2.0 a second), 8 bytes passed over; largest x 0.9000 "
                      "cm, largest y 0.3500 cm\n"));
-}
-
-void MonitorTest::aLineIsShownUntilItEnds_data()
-{
-    QTest::addColumn<bool>("cablePulled");
-    QTest::newRow("stopped") << false;
-    QTest::newRow("cable pulled") << true;
-}
-
-void MonitorTest::aLineIsShownUntilItEnds()
-{
-    QFETCH(bool, cablePulled);
-    const TestHost host;
-    PseudoTerminal terminal;
-    DigitizerProcess process(
-        host, "digitizer",
-        {"monitor", "--device", terminal.path(), "--driver", "Genius NewSketch MM (500 LPI)"});
-    process.write("\n"); // once the port is open, the summary shows it
-    QVERIFY2(process.prints("0 bytes"), qPrintable(process.errors()));
-    QVERIFY(terminal.write("?,\n1234,0567,2\r\n12"));
-    QVERIFY2(process.prints("2 stray bytes"), qPrintable(process.output())); // after a pause
-    QVERIFY2(process.output().contains("button 2 at 6.2679, 2.8800 cm"),
-             qPrintable(process.output()));
-    if (cablePulled)
-        terminal.hangUp();
-    else
-        process.terminate();
-    QCOMPARE(process.end(), cablePulled ? 1 : 0);
-    QVERIFY2(process.output().contains("18 bytes, 1 report, 5 bytes passed over"),
-             qPrintable(process.output()));
 }
 
 QTEST_GUILESS_MAIN(MonitorTest)

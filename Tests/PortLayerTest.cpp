@@ -100,37 +100,6 @@ private slots:
 
     void cleanup() { m_port.reset(); }
 
-    void settingsReachTheInnerPort()
-    {
-        QextSerialPort port;
-        const auto& inner = *port.findChild<QSerialPort*>();
-        const auto check = [](auto set, auto get, const QList<int>& values) {
-            for (int value = 0; value < values.size(); ++value) {
-                set(value);
-                QCOMPARE(int(get()), values.at(value));
-            }
-        };
-        check([&](int value) { port.setBaudRate(BaudRateType(value)); },
-              [&] { return inner.baudRate(); },
-              {50,   75,   110,   134,   150,   200,   300,   600,   1200,   1800,   2400,
-               4800, 9600, 14400, 19200, 38400, 56000, 57600, 76800, 115200, 128000, 256000});
-        check([&](int value) { port.setDataBits(DataBitsType(value)); },
-              [&] { return inner.dataBits(); }, {5, 6, 7, 8});
-        check([&](int value) { port.setParity(ParityType(value)); }, [&] { return inner.parity(); },
-              {QSerialPort::NoParity, QSerialPort::OddParity, QSerialPort::EvenParity,
-               QSerialPort::MarkParity, QSerialPort::SpaceParity});
-        check([&](int value) { port.setStopBits(StopBitsType(value)); },
-              [&] { return inner.stopBits(); },
-              {QSerialPort::OneStop, QSerialPort::OneAndHalfStop, QSerialPort::TwoStop});
-        check([&](int value) { port.setFlowControl(FlowType(value)); },
-              [&] { return inner.flowControl(); },
-              {QSerialPort::NoFlowControl, QSerialPort::HardwareControl,
-               QSerialPort::SoftwareControl});
-        port.setPortName("/dev/a");
-        QCOMPARE(inner.portName(), "a");
-        QCOMPARE(port.portName(), "/dev/a");
-    }
-
     void errorsHaveTheirTexts_data() { addRows(openRows); }
 
     void errorsHaveTheirTexts()
@@ -207,18 +176,6 @@ private slots:
         QCoreApplication::processEvents();
         QCoreApplication::processEvents();
         QCOMPARE(announced.size(), 1);
-    }
-
-    void aReceiverMayDeleteThePort()
-    {
-        int calls = 0;
-        connect(m_port.get(), &QIODevice::readyRead, this, [&] {
-            ++calls;
-            m_port.reset();
-        });
-        QVERIFY(m_tablet->write("abc"));
-        QTRY_COMPARE(calls, 1);
-        QVERIFY(!m_port);
     }
 
     void writingAfterAHangUpFailsSilently()

@@ -161,7 +161,7 @@ A tablet that is not there, and one that goes away.
   digitizer: /dev/null is not a serial port ('digitizer ports' lists the ports)
   [1]
   $ tablet --driver "$uiof" --script points --hangup-after 2
-  $ capture --no-reconnect
+  $ capture --no-reconnect --picture gone.svg --record gone.log
   number     x (cm)     y (cm)  button  kind
        1     0.0000     0.0000       1  corner
        2     2.5397     1.2698       2  curve
@@ -169,6 +169,54 @@ A tablet that is not there, and one that goes away.
   digitizer: ready: "Summagraphics UIOF (Microgrid, Summagrid IV, 16 buttons)" at DIR/tablet; press Ctrl-C to stop
   digitizer: DIR/tablet is gone; the tablet or its adapter was unplugged
   [1]
+  $ grep -o '[^>]*(unfinished)' gone.svg
+  1 (unfinished)
+
+It is waited for. What it had sent in part when it went does not count.
+
+  $ for record in '' '--record back.log'; do
+  >     printf '# digitizer session 1\n0 "00000,00000,2\\r\\n0400"\n' >session
+  >     tablet --replay session
+  >     start capture digitizer capture --device "$PWD/tablet" --driver "$uiof" --buttons 1=corner,3=end --picture back.svg $record
+  >     await grep 'gone; waiting' capture.errors
+  >     printf '%s\n' '5 5 1' '9 9 3' '5 5 1' >points
+  >     tablet --driver "$uiof" --script points --hangup-after 3
+  >     await sh -c '[ $(grep -c "gone; waiting" capture.errors) = 2 ]'
+  >     kill -INT $capture; ended capture; echo "[$?]"
+  >     grep -o '<path \|[^>]*(unfinished)' back.svg
+  > done
+  number     x (cm)     y (cm)  button  kind
+       1     0.0000     0.0000       1  corner
+       2     5.0006     5.0006       1  corner
+       3     9.0006     9.0006       3  end
+       4     5.0006     5.0006       1  corner
+       5          -          -      14  closing
+  digitizer: ready: "Summagraphics UIOF (Microgrid, Summagrid IV, 16 buttons)" at DIR/tablet; press Ctrl-C to stop
+  digitizer: passed over "0400", which is not a report; if a point is missing, press the button again; 'digitizer monitor' shows what arrives
+  digitizer: DIR/tablet is gone; waiting for it to come back (press Ctrl-C to stop)
+  digitizer: DIR/tablet is back
+  digitizer: DIR/tablet is gone; waiting for it to come back (press Ctrl-C to stop)
+  digitizer: DIR/tablet did not come back
+  [1]
+  <path 
+  <path 
+  2 (unfinished)
+  number     x (cm)     y (cm)  button  kind
+       1     0.0000     0.0000       1  corner
+       2     5.0006     5.0006       1  corner
+       3     9.0006     9.0006       3  end
+       4     5.0006     5.0006       1  corner
+       5          -          -      14  closing
+  digitizer: ready: "Summagraphics UIOF (Microgrid, Summagrid IV, 16 buttons)" at DIR/tablet; press Ctrl-C to stop
+  digitizer: passed over "0400", which is not a report; if a point is missing, press the button again; 'digitizer monitor' shows what arrives
+  digitizer: DIR/tablet is gone; waiting for it to come back (press Ctrl-C to stop)
+  digitizer: DIR/tablet is back
+  digitizer: DIR/tablet is gone; waiting for it to come back (press Ctrl-C to stop)
+  digitizer: DIR/tablet did not come back
+  [1]
+  <path 
+  <path 
+  2 (unfinished)
 
 Wrong arguments.
 
