@@ -140,27 +140,7 @@ private slots:
         QFile::remove(receivedData());
         s_got.clear();
         m_deed.clear();
-
-        void listen()
-        {
-            const QByteArray padding(1000, 'p');
-            DigitalReport::registerHandle([this, padding](const DigitalReport& report) {
-                s_got << textOf(report);
-                for (const QString& step : std::exchange(m_deed, {}).split('+'))
-
-                    void takeStep(const QString& step)
-                    {
-                        const auto known = m_steps.find(step.section(' ', 0, 0));
-                        QVERIFY2(known != m_steps.end(), qPrintable(step));
-                        QString rest = step.section(' ', 1);
-                        known->second(rest.replace('$', '\r').replace('@', QChar(0)));
-                    }
-
-                // What the running handler has captured must outlive its replacement.
-                if (padding != QByteArray(1000, 'p'))
-                    s_got << "the handler is gone";
-            });
-        }
+        listen();
     }
 
     void cleanup()
@@ -332,7 +312,13 @@ private:
         QVERIFY(all);
     }
 
-    void takeStep(const QString& step);
+    void takeStep(const QString& step)
+    {
+        const auto known = m_steps.find(step.section(' ', 0, 0));
+        QVERIFY2(known != m_steps.end(), qPrintable(step));
+        QString rest = step.section(' ', 1);
+        known->second(rest.replace('$', '\r').replace('@', QChar(0)));
+    }
 
     void takeLog()
     {
@@ -341,7 +327,18 @@ private:
         s_got << "logged:" + lines.replace('\n', '|');
     }
 
-    void listen();
+    void listen()
+    {
+        const QByteArray padding(1000, 'p');
+        DigitalReport::registerHandle([this, padding](const DigitalReport& report) {
+            s_got << textOf(report);
+            for (const QString& step : std::exchange(m_deed, {}).split('+'))
+                takeStep(step);
+            // What the running handler has captured must outlive its replacement.
+            if (padding != QByteArray(1000, 'p'))
+                s_got << "the handler is gone";
+        });
+    }
 
     bool openDriver(const QString& driver)
     {
