@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/PortRights.h"
+#include "ReferenceHost/CommandLine/PrivateNames.h"
 #include "ReferenceHost/Host/PenDirectory.h"
 #include "ReferenceHost/Serial/PortHolders.h"
-#include "ReferenceHost/Texts/PrivateNames.h"
 #include "support/TestHost.h"
 #include "support/TextRows.h"
 

@@ -5,9 +5,9 @@
 #include "DigitizerGeneric/Digitizer/SettingKeys.h"
 #include "DigitizerGeneric/DigitizerGenericVersion.h"
 #include "ReferenceHost/CommandLine/Console.h"
+#include "ReferenceHost/CommandLine/PrivateNames.h"
 #include "ReferenceHost/Lint/LintFiles.h"
 #include "ReferenceHost/Serial/PortList.h"
-#include "ReferenceHost/Texts/PrivateNames.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -7,9 +7,9 @@
 #include "DigitizerGeneric/File_Digital/PenFilePaths.h"
 #include "ReferenceHost/CommandLine/Command.h"
 #include "ReferenceHost/CommandLine/Console.h"
+#include "ReferenceHost/CommandLine/Counted.h"
 #include "ReferenceHost/CommandLine/StopSignals.h"
 #include "ReferenceHost/Host/ImportHost.h"
-#include "ReferenceHost/Texts/Counted.h"
 
 #include <QEventLoop>
 #include <QFileInfo>

@@ -3,8 +3,8 @@
 #include "digitizer/PassedOverNotice.h"
 
 #include "ReferenceHost/CommandLine/Console.h"
+#include "ReferenceHost/CommandLine/Counted.h"
 #include "ReferenceHost/Serial/RecordedSession.h"
-#include "ReferenceHost/Texts/Counted.h"
 
 #include <utility>
 

@@ -3,10 +3,10 @@
 #include "digitizer/PressDialog.h"
 
 #include "ReferenceHost/CommandLine/Command.h"
+#include "ReferenceHost/CommandLine/Counted.h"
 #include "ReferenceHost/CommandLine/InputLines.h"
 #include "ReferenceHost/CommandLine/StopSignals.h"
 #include "ReferenceHost/Describe/PressProtocol.h"
-#include "ReferenceHost/Texts/Counted.h"
 
 #include <cstdio>
 

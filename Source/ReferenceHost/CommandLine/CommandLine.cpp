@@ -4,7 +4,7 @@
 
 #include "ReferenceHost/CommandLine/Console.h"
 #include "ReferenceHost/CommandLine/HelpPage.h"
-#include "ReferenceHost/Texts/NearestNames.h"
+#include "ReferenceHost/CommandLine/NearestNames.h"
 
 namespace ReferenceHost {
 

@@ -3,7 +3,7 @@
 #include "ReferenceHost/CommandLine/OptionValues.h"
 
 #include "ReferenceHost/CommandLine/Command.h"
-#include "ReferenceHost/Texts/NearestNames.h"
+#include "ReferenceHost/CommandLine/NearestNames.h"
 
 namespace ReferenceHost {
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Describe/PressProtocol.h"
 
-#include "ReferenceHost/Texts/Counted.h"
+#include "ReferenceHost/CommandLine/Counted.h"
 
 #include <algorithm>
 

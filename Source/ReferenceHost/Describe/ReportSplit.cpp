@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Describe/ReportSplit.h"
 
-#include "ReferenceHost/Texts/Counted.h"
+#include "ReferenceHost/CommandLine/Counted.h"
 
 #include <algorithm>
 #include <numeric>

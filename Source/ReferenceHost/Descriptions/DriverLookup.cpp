@@ -3,7 +3,7 @@
 #include "ReferenceHost/Descriptions/DriverLookup.h"
 
 #include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
-#include "ReferenceHost/Texts/NearestNames.h"
+#include "ReferenceHost/CommandLine/NearestNames.h"
 
 #include <QStringList>
 

@@ -4,7 +4,7 @@
 
 #include "DigitizerGeneric/Digitizer/DescriptionParsing.h"
 #include "DigitizerGeneric/Digitizer/ReportLayout.h"
-#include "ReferenceHost/Texts/Counted.h"
+#include "ReferenceHost/CommandLine/Counted.h"
 
 #include <QMap>
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Lint/StructureLint.h"
 
+#include "ReferenceHost/CommandLine/NearestNames.h"
 #include "ReferenceHost/Lint/DescriptionKeys.h"
-#include "ReferenceHost/Texts/NearestNames.h"
 
 namespace ReferenceHost {
 

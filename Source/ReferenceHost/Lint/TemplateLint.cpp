@@ -4,7 +4,7 @@
 
 #include "DigitizerGeneric/Digitizer/ReportLayout.h"
 #include "DigitizerGeneric/Digitizer/TemplateLetters.h"
-#include "ReferenceHost/Texts/Counted.h"
+#include "ReferenceHost/CommandLine/Counted.h"
 
 #include <algorithm>
 

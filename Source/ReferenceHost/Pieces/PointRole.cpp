@@ -5,7 +5,7 @@
 #include "DigitizerGeneric/Digitizer/DescribedDriver.h"
 #include "DigitizerGeneric/Digitizer/DigitalReport.h"
 #include "DigitizerGeneric/Digitizer/LectraE92.h"
-#include "ReferenceHost/Texts/NearestNames.h"
+#include "ReferenceHost/CommandLine/NearestNames.h"
 
 #include <algorithm>
 #include <iterator>

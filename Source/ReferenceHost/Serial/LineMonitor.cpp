@@ -3,8 +3,8 @@
 #include "ReferenceHost/Serial/LineMonitor.h"
 
 #include "DigitizerGeneric/Digitizer/PrintableCharacter.h"
+#include "ReferenceHost/CommandLine/Counted.h"
 #include "ReferenceHost/Descriptions/DescriptionTexts.h"
-#include "ReferenceHost/Texts/Counted.h"
 
 #include <algorithm>
 #include <cmath>

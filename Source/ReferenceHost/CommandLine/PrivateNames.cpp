@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
-#include "ReferenceHost/Texts/PrivateNames.h"
+#include "ReferenceHost/CommandLine/PrivateNames.h"
 
 #include <QDir>
 #include <QRegularExpression>

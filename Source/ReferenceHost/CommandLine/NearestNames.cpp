@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
-#include "ReferenceHost/Texts/NearestNames.h"
+#include "ReferenceHost/CommandLine/NearestNames.h"
 
 #include <algorithm>
 #include <numeric>

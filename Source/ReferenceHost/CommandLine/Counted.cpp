@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
-#include "ReferenceHost/Texts/Counted.h"
+#include "ReferenceHost/CommandLine/Counted.h"
 
 namespace ReferenceHost {
 
