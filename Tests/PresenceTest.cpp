@@ -17,7 +17,6 @@ using namespace MavSystem;
 using namespace ReferenceHost;
 
 namespace {
-
 struct Installation
 {
     const char* name;
@@ -89,146 +88,143 @@ class PresenceTest : public QObject
 
 private slots:
     void theAnswerNamesWhatIsMissing_data() { addTextRows("presence.txt", 5); }
-    void theAnswerNamesWhatIsMissing();
-    void aFolderIsTakenWithoutItsFilters();
+
+    void theAnswerNamesWhatIsMissing()
+    {
+        QFETCH(TextRow, row);
+        TestHost host;
+        const PseudoTerminal tablet;
+        writeFiles(host, row.text(0));
+        Digitizer::instance()->selectDevice(row.text(1),
+                                            row.text(2).replace("PORT", tablet.path()));
+        QCOMPARE(Digitizer::deviceExist(), row.text(3));
+        QCOMPARE(Digitizer::deviceExist(), row.text(3)); // nothing stays open, nothing changes
+        QCOMPARE(QDir(host.path("data/generated")).entryList(QDir::Files).size(),
+                 row.fields.at(4).toInt());
+        QVERIFY(host.warnings.isEmpty() && host.errors.isEmpty() && host.questions.isEmpty());
+    }
+
+    void aFolderIsTakenWithoutItsFilters()
+    {
+        FilteringHost host;
+        writeFiles(host, "data/generated/ P/a.xml:A");
+        Digitizer::instance()->selectDevice("A", "File:");
+        QCOMPARE(Digitizer::deviceExist(), QString("No Error has occurred"));
+    }
+
     void anInstallationHasWholeFilesOnly_data() { addRows(installations); }
-    void anInstallationHasWholeFilesOnly();
-    void theProbeLeavesAnOpenDeviceAlone();
-    void theProbeLeavesWaitingInputAlone();
+
+    void anInstallationHasWholeFilesOnly()
+    {
+        const Installation& row = currentRow(installations);
+        const bool readOnly = row.kilobytes == 0;
+        TestHost host;
+        const QByteArray shipped = DescriptionBuilder().xml() + QByteArray(row.size, ' ');
+        for (int number = 0; number < 20; ++number)
+            host.write(QString("plugins/digitizer/generated/%1").arg(number), shipped);
+        std::unique_ptr<SmallDisk> disk;
+        if (!readOnly) {
+            disk = std::make_unique<SmallDisk>(host.path("data"), row.kilobytes);
+            if (!disk->problem().isEmpty())
+                QSKIP(qPrintable(disk->problem()));
+        }
+        const QDir folder(host.path("data/generated"));
+        QVERIFY(folder.mkpath("."));
+        Digitizer::instance()->selectDevice("A", "File:");
+        {
+            QVERIFY(QFile::setPermissions(host.path({}), QFile::Permissions(0x7755)));
+            QVERIFY(QFile::setPermissions(folder.path(),
+                                          QFile::Permissions(readOnly ? 0x5555 : 0x7755)));
+            const Unprivileged user(readOnly);
+            const RecordedMessages messages(true);
+            const QString answer =
+                row.atStart ? DescriptionFolder::prepare() : Digitizer::deviceExist();
+            const char* const expected = row.atStart ? "cannot write the description "
+                                         : readOnly  ? "Digitizer Not Present..."
+                                                     : "No Error has occurred";
+            QVERIFY2(answer.startsWith(expected), qPrintable(answer));
+            QCOMPARE(RecordedMessages::texts().filter("not installed").size(),
+                     row.atStart ? 0 : 20 - folder.entryList(QDir::Files).size());
+        }
+        QVERIFY(QFile::setPermissions(folder.path(), QFile::Permissions(0x7755))); // to be removed
+        const QStringList files = folder.entryList(QDir::Files | QDir::Hidden);
+        QVERIFY2(files.isEmpty() == readOnly && files.size() < 20, qPrintable(files.join(' ')));
+        for (const QString& name : files) {
+            QFile file(folder.filePath(name));
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            QVERIFY2(file.readAll() == shipped, qPrintable(name));
+        }
+    }
+
+    void theProbeLeavesAnOpenDeviceAlone()
+    {
+        const Desk desk;
+        QVERIFY(desk.digitizer->open());
+        QCOMPARE(Digitizer::deviceExist(), QString("Device is already locked"));
+        QVERIFY(desk.digitizer->active());
+        QVERIFY(desk.digitizer->close());
+    }
+
+    void theProbeLeavesWaitingInputAlone()
+    {
+        Desk desk; // which keeps the port open, as another program does
+        QVERIFY(desk.tablet.write("123456782"));
+        QTRY_VERIFY(!desk.tablet.drained());
+        QCOMPARE(Digitizer::deviceExist(), QString("No Error has occurred"));
+        QVERIFY(!desk.tablet.drained());
+        QVERIFY(desk.digitizer->open());
+        QVERIFY(desk.tablet.drained());
+    }
+
     void theBeepTravelsToTheTablet_data() { addTextRows("beeps.txt", 3); }
-    void theBeepTravelsToTheTablet();
-    void withoutAPortNothingBeeps();
-};
 
-void PresenceTest::theAnswerNamesWhatIsMissing()
-{
-    QFETCH(TextRow, row);
-    TestHost host;
-    const PseudoTerminal tablet;
-    writeFiles(host, row.text(0));
-    Digitizer::instance()->selectDevice(row.text(1), row.text(2).replace("PORT", tablet.path()));
-    QCOMPARE(Digitizer::deviceExist(), row.text(3));
-    QCOMPARE(Digitizer::deviceExist(), row.text(3)); // nothing stays open, nothing changes
-    QCOMPARE(QDir(host.path("data/generated")).entryList(QDir::Files).size(),
-             row.fields.at(4).toInt());
-    QVERIFY(host.warnings.isEmpty() && host.errors.isEmpty() && host.questions.isEmpty());
-}
-
-void PresenceTest::aFolderIsTakenWithoutItsFilters()
-{
-    FilteringHost host;
-    writeFiles(host, "data/generated/ P/a.xml:A");
-    Digitizer::instance()->selectDevice("A", "File:");
-    QCOMPARE(Digitizer::deviceExist(), QString("No Error has occurred"));
-}
-
-void PresenceTest::anInstallationHasWholeFilesOnly()
-{
-    const Installation& row = currentRow(installations);
-    const bool readOnly = row.kilobytes == 0;
-    TestHost host;
-    const QByteArray shipped = DescriptionBuilder().xml() + QByteArray(row.size, ' ');
-    for (int number = 0; number < 20; ++number)
-        host.write(QString("plugins/digitizer/generated/%1").arg(number), shipped);
-    std::unique_ptr<SmallDisk> disk;
-    if (!readOnly) {
-        disk = std::make_unique<SmallDisk>(host.path("data"), row.kilobytes);
-        if (!disk->problem().isEmpty())
-            QSKIP(qPrintable(disk->problem()));
-    }
-    const QDir folder(host.path("data/generated"));
-    QVERIFY(folder.mkpath("."));
-    Digitizer::instance()->selectDevice("A", "File:");
+    void theBeepTravelsToTheTablet()
     {
-        QVERIFY(QFile::setPermissions(host.path({}), QFile::Permissions(0x7755)));
-        QVERIFY(
-            QFile::setPermissions(folder.path(), QFile::Permissions(readOnly ? 0x5555 : 0x7755)));
-        const Unprivileged user(readOnly);
-        const RecordedMessages messages(true);
-        const QString answer =
-            row.atStart ? DescriptionFolder::prepare() : Digitizer::deviceExist();
-        const char* const expected = row.atStart ? "cannot write the description "
-                                     : readOnly  ? "Digitizer Not Present..."
-                                                 : "No Error has occurred";
-        QVERIFY2(answer.startsWith(expected), qPrintable(answer));
-        QCOMPARE(RecordedMessages::texts().filter("not installed").size(),
-                 row.atStart ? 0 : 20 - folder.entryList(QDir::Files).size());
+        QFETCH(TextRow, row);
+        Desk desk(DescriptionBuilder().beep(row.fields.at(0)));
+        desk.host.writeDescription("end", DescriptionBuilder("end").beep(oneBeep).xml());
+        QVERIFY(desk.digitizer->open());
+        {
+            const RecordedMessages messages;
+            desk.digitizer->digitBeep();
+            QCOMPARE(RecordedMessages::texts().join('|'),
+                     row.text(2).replace("LEAD", "Test for digitizer beep string: "));
+            // A second command marks where the first one ends.
+            desk.digitizer->selectDevice("end", desk.tablet.path());
+            desk.digitizer->digitBeep();
+        }
+        QByteArray arrived;
+        while (!arrived.endsWith('.')) {
+            const QByteArray chunk = desk.tablet.read(5000);
+            QVERIFY2(!chunk.isEmpty(), arrived.toHex());
+            arrived += chunk;
+        }
+        QCOMPARE(arrived, row.fields.at(1) + ".");
     }
-    QVERIFY(QFile::setPermissions(folder.path(), QFile::Permissions(0x7755))); // to be removed
-    const QStringList files = folder.entryList(QDir::Files | QDir::Hidden);
-    QVERIFY2(files.isEmpty() == readOnly && files.size() < 20, qPrintable(files.join(' ')));
-    for (const QString& name : files) {
-        QFile file(folder.filePath(name));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QVERIFY2(file.readAll() == shipped, qPrintable(name));
-    }
-}
 
-void PresenceTest::theProbeLeavesAnOpenDeviceAlone()
-{
-    const Desk desk;
-    QVERIFY(desk.digitizer->open());
-    QCOMPARE(Digitizer::deviceExist(), QString("Device is already locked"));
-    QVERIFY(desk.digitizer->active());
-    QVERIFY(desk.digitizer->close());
-}
-
-void PresenceTest::theProbeLeavesWaitingInputAlone()
-{
-    Desk desk; // which keeps the port open, as another program does
-    QVERIFY(desk.tablet.write("123456782"));
-    QTRY_VERIFY(!desk.tablet.drained());
-    QCOMPARE(Digitizer::deviceExist(), QString("No Error has occurred"));
-    QVERIFY(!desk.tablet.drained());
-    QVERIFY(desk.digitizer->open());
-    QVERIFY(desk.tablet.drained());
-}
-
-void PresenceTest::theBeepTravelsToTheTablet()
-{
-    QFETCH(TextRow, row);
-    Desk desk(DescriptionBuilder().beep(row.fields.at(0)));
-    desk.host.writeDescription("end", DescriptionBuilder("end").beep(oneBeep).xml());
-    QVERIFY(desk.digitizer->open());
+    void withoutAPortNothingBeeps()
     {
+        Desk desk(DescriptionBuilder().beep(oneBeep));
+        Digitizer& digitizer = *desk.digitizer;
+        const QString port = desk.tablet.path();
         const RecordedMessages messages;
-        desk.digitizer->digitBeep();
+        digitizer.digitBeep();
+        QVERIFY(QMetaObject::invokeMethod(&digitizer, "handleRead"));
+        QVERIFY(digitizer.open());
+        digitizer.selectDevice("B", port);
+        digitizer.digitBeep(); // no such description
+        digitizer.selectDevice("A", port);
+        QVERIFY(digitizer.close());
+        digitizer.digitBeep();
+        QCOMPARE(desk.tablet.read(), QByteArray());
+        QCOMPARE(RecordedMessages::texts(), QStringList());
+        digitizer.selectDevice("A", "/nowhere/port");
+        QVERIFY(!digitizer.open());
+        digitizer.digitBeep();
         QCOMPARE(RecordedMessages::texts().join('|'),
-                 row.text(2).replace("LEAD", "Test for digitizer beep string: "));
-        // A second command marks where the first one ends.
-        desk.digitizer->selectDevice("end", desk.tablet.path());
-        desk.digitizer->digitBeep();
+                 QString("Test for digitizer beep string: \".\""));
     }
-    QByteArray arrived;
-    while (!arrived.endsWith('.')) {
-        const QByteArray chunk = desk.tablet.read(5000);
-        QVERIFY2(!chunk.isEmpty(), arrived.toHex());
-        arrived += chunk;
-    }
-    QCOMPARE(arrived, row.fields.at(1) + ".");
-}
-
-void PresenceTest::withoutAPortNothingBeeps()
-{
-    Desk desk(DescriptionBuilder().beep(oneBeep));
-    Digitizer& digitizer = *desk.digitizer;
-    const QString port = desk.tablet.path();
-    const RecordedMessages messages;
-    digitizer.digitBeep();
-    QVERIFY(QMetaObject::invokeMethod(&digitizer, "handleRead"));
-    QVERIFY(digitizer.open());
-    digitizer.selectDevice("B", port);
-    digitizer.digitBeep(); // no such description
-    digitizer.selectDevice("A", port);
-    QVERIFY(digitizer.close());
-    digitizer.digitBeep();
-    QCOMPARE(desk.tablet.read(), QByteArray());
-    QCOMPARE(RecordedMessages::texts(), QStringList());
-    digitizer.selectDevice("A", "/nowhere/port");
-    QVERIFY(!digitizer.open());
-    digitizer.digitBeep();
-    QCOMPARE(RecordedMessages::texts().join('|'), QString("Test for digitizer beep string: \".\""));
-}
+};
 
 QTEST_GUILESS_MAIN(PresenceTest)
 #include "PresenceTest.moc"

@@ -14,20 +14,7 @@
 using namespace MavSystem;
 using namespace ReferenceHost;
 
-/// Every recorded session Replay/*.log, chunk by chunk through a real pseudo-terminal and the
-/// driver. Beside it, *.expected has a line "time x y button" for each report: the time of the
-/// chunk that completes it, and the point in centimetres to nine decimals.
-class ReplayTest : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void sessionsGiveTheExpectedReports_data();
-    void sessionsGiveTheExpectedReports();
-};
-
 namespace {
-
 const QDir sessions(SOURCE_DIRECTORY "/Tests/Replay");
 
 QByteArray contentOf(const QString& path)
@@ -66,48 +53,58 @@ QStringList expectedUntil(const QByteArray& expected, qint64 milliseconds)
 
 } // namespace
 
-void ReplayTest::sessionsGiveTheExpectedReports_data()
+/// Every recorded session Replay/*.log, chunk by chunk through a real pseudo-terminal and the
+/// driver. Beside it, *.expected has a line "time x y button" for each report: the time of the
+/// chunk that completes it, and the point in centimetres to nine decimals.
+class ReplayTest : public QObject
 {
-    QTest::addColumn<QString>("log");
-    const QStringList logs = sessions.entryList({"*.log"});
-    QVERIFY(!logs.isEmpty());
-    for (const QString& log : logs)
-        QTest::newRow(qPrintable(log)) << sessions.filePath(log);
-}
+    Q_OBJECT
 
-void ReplayTest::sessionsGiveTheExpectedReports()
-{
-    QFETCH(QString, log);
-    const auto session = readSession(contentOf(log));
-    QVERIFY2(session, qPrintable(session ? QString() : session.error()));
-    QVERIFY(!session->chunks.isEmpty());
-    const QByteArray expected = contentOf(log.replace(".log", ".expected"));
-    QVERIFY2(!expected.isEmpty(), "there is no expectation beside the log");
-
-    TestHost host;
-    installDescriptions(host);
-    const RecordedMessages messages(true);
-    PseudoTerminal tablet;
-    QStringList reports;
-    DigitalReport::registerHandle([&](const DigitalReport& report) { reports << textOf(report); });
-    const auto digitizer = Digitizer::instance();
-    const auto atEnd = qScopeGuard([&] {
-        DigitalReport::unregisterHandle();
-        digitizer->close();
-        // The "Lectra E92" keeps a log of its own beside the program.
-        QFile::remove(QCoreApplication::applicationDirPath() + "/received_data.txt");
-    });
-    digitizer->selectDevice(session->driver, tablet.path());
-    QVERIFY(digitizer->open());
-    digitizer->readReport();
-    for (const RecordedSession::Chunk& chunk : session->chunks) {
-        const int before = RecordedMessages::texts().size();
-        QVERIFY(tablet.write(chunk.bytes));
-        QTRY_VERIFY(RecordedMessages::texts().size() > before); // the driver has looked at it
-        QCOMPARE(reports, expectedUntil(expected, chunk.milliseconds));
+private slots:
+    void sessionsGiveTheExpectedReports_data()
+    {
+        QTest::addColumn<QString>("log");
+        const QStringList logs = sessions.entryList({"*.log"});
+        QVERIFY(!logs.isEmpty());
+        for (const QString& log : logs)
+            QTest::newRow(qPrintable(log)) << sessions.filePath(log);
     }
-    QCOMPARE(reports, expectedUntil(expected, std::numeric_limits<qint64>::max()));
-}
+
+    void sessionsGiveTheExpectedReports()
+    {
+        QFETCH(QString, log);
+        const auto session = readSession(contentOf(log));
+        QVERIFY2(session, qPrintable(session ? QString() : session.error()));
+        QVERIFY(!session->chunks.isEmpty());
+        const QByteArray expected = contentOf(log.replace(".log", ".expected"));
+        QVERIFY2(!expected.isEmpty(), "there is no expectation beside the log");
+
+        TestHost host;
+        installDescriptions(host);
+        const RecordedMessages messages(true);
+        PseudoTerminal tablet;
+        QStringList reports;
+        DigitalReport::registerHandle(
+            [&](const DigitalReport& report) { reports << textOf(report); });
+        const auto digitizer = Digitizer::instance();
+        const auto atEnd = qScopeGuard([&] {
+            DigitalReport::unregisterHandle();
+            digitizer->close();
+            // The "Lectra E92" keeps a log of its own beside the program.
+            QFile::remove(QCoreApplication::applicationDirPath() + "/received_data.txt");
+        });
+        digitizer->selectDevice(session->driver, tablet.path());
+        QVERIFY(digitizer->open());
+        digitizer->readReport();
+        for (const RecordedSession::Chunk& chunk : session->chunks) {
+            const int before = RecordedMessages::texts().size();
+            QVERIFY(tablet.write(chunk.bytes));
+            QTRY_VERIFY(RecordedMessages::texts().size() > before); // the driver has looked at it
+            QCOMPARE(reports, expectedUntil(expected, chunk.milliseconds));
+        }
+        QCOMPARE(reports, expectedUntil(expected, std::numeric_limits<qint64>::max()));
+    }
+};
 
 QTEST_GUILESS_MAIN(ReplayTest)
 #include "ReplayTest.moc"

@@ -26,7 +26,6 @@ using namespace ReferenceHost;
 using namespace TabletSimulation;
 
 namespace {
-
 QString fileOf(const QString& name)
 {
     return SOURCE_DIRECTORY +
@@ -71,276 +70,275 @@ class SimulationTest : public QObject
     Q_OBJECT
 
 private slots:
-    void everyShippedDescriptionIsExpected();
-    void descriptionsDecodeAndEncode_data() { addTextRows("tablets.txt", 7); }
-    void descriptionsDecodeAndEncode();
-    void reportsFollowTheTemplate_data() { addTextRows("simulated-reports.txt", 6); }
-    void reportsFollowTheTemplate();
-    void theLectraLayoutComesBack_data() { addTextRows("lectra-points.txt", 2); }
-    void theLectraLayoutComesBack();
-    void scriptsAreReadOrRefused_data() { addTextRows("scripts.txt", 2); }
-    void scriptsAreReadOrRefused();
-    void sessionsComeBackAsTheyWereWritten();
-    void sessionsAreReadOrRefused_data() { addTextRows("sessions.txt", 2); }
-    void sessionsAreReadOrRefused();
-    void faultsChangeTheWrites_data() { addTextRows("simulated-faults.txt", 4); }
-    void faultsChangeTheWrites();
-    void theNextReportWaitsForTheHost();
-    void theLastReportWaitsForTheHost();
-    void aFloodArrivesWhole();
-    void aFloodIsDiscarded();
-};
-
-void SimulationTest::everyShippedDescriptionIsExpected()
-{
-    QStringList files = QFileInfo(fileOf({})).dir().entryList(QDir::Files);
-    for (const TextRow& row : textRows("tablets.txt", 7))
-        files.removeAll(row.name + ".xml");
-    QVERIFY2(files.isEmpty(), qPrintable(files.join(' ')));
-}
-
-void SimulationTest::descriptionsDecodeAndEncode()
-{
-    QFETCH(TextRow, row);
-    const QByteArray written = row.fields.at(0);
-    const DigitizerArgument description = DriverLookup::inFile(fileOf(row.name))->description;
-    const DigitalReport byHand = decode(description, written);
-    QCOMPARE(quint64(written.size()), quint64(description.m_reportLength));
-    QVERIFY(std::abs(byHand.coordinate().x() - row.fields.at(1).toDouble()) < 1e-9);
-    QVERIFY(std::abs(byHand.coordinate().y() - row.fields.at(2).toDouble()) < 1e-9);
-    QCOMPARE(byHand.m_button_number, row.fields.at(3).toInt());
-
-    for (const Press& press : bodiceFront(standardButtonRoles({{}, {}, {}, description})))
-        QVERIFY(encodeReport(description, press));
-
-    const QByteArrayList lines = row.fields.at(4).split(' ');
-    const double step = (lines.at(1) == "inch" ? 2.5396825396825 : 1.0) / lines.at(0).toDouble();
-    const double largest = (std::pow(10.0, row.fields.at(5).toInt()) - 1) * step;
-    const unsigned seed = 20260301;
-    std::mt19937 random(seed);
-    std::uniform_real_distribution<double> centimetres(
-        row.fields.at(6) == "signed" ? -largest : 0.0, largest);
-    double farthest = 0.0;
-    for (int count = 0; count < 1000; ++count) {
-        const Press press = {{centimetres(random), centimetres(random)},
-                             description.m_fourButtons ? 1 + count % 4 : count % 16};
-        const auto report = encodeReport(description, press);
-        QVERIFY2(report, qPrintable(outcomeOf(report)));
-        const DigitalReport delivered = decode(description, *report);
-        QCOMPARE(delivered.m_button_number, press.button);
-        for (const double difference : {delivered.coordinate().x() - press.point.x(),
-                                        delivered.coordinate().y() - press.point.y()})
-            farthest = std::max(farthest, std::abs(difference) / step);
+    void everyShippedDescriptionIsExpected()
+    {
+        QStringList files = QFileInfo(fileOf({})).dir().entryList(QDir::Files);
+        for (const TextRow& row : textRows("tablets.txt", 7))
+            files.removeAll(row.name + ".xml");
+        QVERIFY2(files.isEmpty(), qPrintable(files.join(' ')));
     }
-    qInfo("seed %u: largest difference %.6f steps", seed, farthest);
-    QVERIFY(farthest <= 0.5 + 1e-6);
-}
 
-void SimulationTest::reportsFollowTheTemplate()
-{
-    QFETCH(TextRow, row);
-    const QByteArrayList resolution = row.fields.at(1).split(' ');
-    const QByteArrayList codes =
-        row.fields.at(2).isEmpty() ? QByteArrayList() : row.fields.at(2).split(' ');
-    const Press press = pressOf(row.fields.at(4));
-    TestHost host;
-    const QByteArray content =
-        DescriptionBuilder()
-            .resolution(resolution.at(0).toInt(), resolution.at(1))
-            .report(row.fields.at(0))
-            .buttons(QByteArray::number(codes.size()), row.fields.at(3).toInt(), codes)
-            .xml();
-    const DigitizerArgument description =
-        DriverLookup::inFile(host.write("a.xml", content))->description;
-    const auto report = encodeReport(description, press);
-    QCOMPARE(outcomeOf(report), row.text(5));
-    if (report)
-        QCOMPARE(decode(description, *report).m_button_number, press.button);
-}
+    void descriptionsDecodeAndEncode_data() { addTextRows("tablets.txt", 7); }
 
-void SimulationTest::theLectraLayoutComesBack()
-{
-    QFETCH(TextRow, row);
-    const Press press = pressOf(row.fields.at(0));
-    const auto report = encodeLectraE92Report(press);
-    QCOMPARE(outcomeOf(report), row.text(1));
-    if (!report)
-        return;
-    const DigitalReport delivered = LectraE92::reportOf(report->constData());
-    QCOMPARE(delivered.m_button_number, press.button);
-    QVERIFY(std::abs(delivered.coordinate().x() - press.point.x()) <= 0.005 + 1e-9);
-    QVERIFY(std::abs(delivered.coordinate().y() - press.point.y()) <= 0.005 + 1e-9);
-}
+    void descriptionsDecodeAndEncode()
+    {
+        QFETCH(TextRow, row);
+        const QByteArray written = row.fields.at(0);
+        const DigitizerArgument description = DriverLookup::inFile(fileOf(row.name))->description;
+        const DigitalReport byHand = decode(description, written);
+        QCOMPARE(quint64(written.size()), quint64(description.m_reportLength));
+        QVERIFY(std::abs(byHand.coordinate().x() - row.fields.at(1).toDouble()) < 1e-9);
+        QVERIFY(std::abs(byHand.coordinate().y() - row.fields.at(2).toDouble()) < 1e-9);
+        QCOMPARE(byHand.m_button_number, row.fields.at(3).toInt());
 
-void SimulationTest::scriptsAreReadOrRefused()
-{
-    QFETCH(TextRow, row);
-    const auto presses = readScript(row.fields.at(0));
-    QStringList outcome;
-    for (const Press& press : presses.value_or(QVector<Press>()))
-        outcome << QString("%1 %2 %3,").arg(press.point.x()).arg(press.point.y()).arg(press.button);
-    const QString line = "line 1: '" + row.text(0) +
-                         "' must be x and y in centimetres and a button number, such as 12.5 30 1";
-    QCOMPARE(presses ? outcome.join(' ') : presses.error(), row.text(1).replace("LINE", line));
-}
+        for (const Press& press : bodiceFront(standardButtonRoles({{}, {}, {}, description})))
+            QVERIFY(encodeReport(description, press));
 
-void SimulationTest::sessionsComeBackAsTheyWereWritten()
-{
-    const TestHost host;
-    RecordedSession session;
-    session.tablet = QString::fromUtf8("Täbli \"7\"\nsecond: line");
-    session.driver = "Bit Pad: (CR)";
-    session.date = QDateTime(QDate(2026, 3, 1), QTime(14, 2, 11), Qt::UTC);
-    QByteArray everyByte(256, '\0');
-    std::iota(everyByte.begin(), everyByte.end(), '\0');
-    session.chunks.append({0, everyByte});
-    SessionWriter writer(host.path("a.log"), session);
-    QVERIFY2(writer.append({17, "0512,1034,1\r"}), qPrintable(writer.errorString()));
+        const QByteArrayList lines = row.fields.at(4).split(' ');
+        const double step =
+            (lines.at(1) == "inch" ? 2.5396825396825 : 1.0) / lines.at(0).toDouble();
+        const double largest = (std::pow(10.0, row.fields.at(5).toInt()) - 1) * step;
+        const unsigned seed = 20260301;
+        std::mt19937 random(seed);
+        std::uniform_real_distribution<double> centimetres(
+            row.fields.at(6) == "signed" ? -largest : 0.0, largest);
+        double farthest = 0.0;
+        for (int count = 0; count < 1000; ++count) {
+            const Press press = {{centimetres(random), centimetres(random)},
+                                 description.m_fourButtons ? 1 + count % 4 : count % 16};
+            const auto report = encodeReport(description, press);
+            QVERIFY2(report, qPrintable(outcomeOf(report)));
+            const DigitalReport delivered = decode(description, *report);
+            QCOMPARE(delivered.m_button_number, press.button);
+            for (const double difference : {delivered.coordinate().x() - press.point.x(),
+                                            delivered.coordinate().y() - press.point.y()})
+                farthest = std::max(farthest, std::abs(difference) / step);
+        }
+        qInfo("seed %u: largest difference %.6f steps", seed, farthest);
+        QVERIFY(farthest <= 0.5 + 1e-6);
+    }
 
-    // While the writer is still there: nothing may wait in a buffer.
-    QFile file(host.path("a.log"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const auto read = readSession(file.readAll());
-    QVERIFY2(read, qPrintable(read ? QString() : read.error()));
-    QCOMPARE(read->tablet, session.tablet.simplified());
-    QCOMPARE(read->driver, session.driver);
-    QCOMPARE(read->settings, QString());
-    QCOMPARE(read->date, session.date);
-    QCOMPARE(read->chunks.size(), 2);
-    QCOMPARE(read->chunks.at(0).bytes, everyByte);
-    QCOMPARE(read->chunks.at(1).milliseconds, 17);
-    QCOMPARE(read->chunks.at(1).bytes, QByteArray("0512,1034,1\r"));
-    QVERIFY(!SessionWriter(host.path("a.log"), session).errorString().isEmpty()); // never over it
-}
+    void reportsFollowTheTemplate_data() { addTextRows("simulated-reports.txt", 6); }
 
-void SimulationTest::sessionsAreReadOrRefused()
-{
-    QFETCH(TextRow, row);
-    const auto read = readSession("# digitizer session 1\n" + row.fields.at(0));
-    const QString chunk =
-        "line 2: '" + row.text(0) +
-        "' is not a time in milliseconds, a blank and bytes in double quotes, such "
-        "as 120 \"0512\\r\"";
-    QCOMPARE(read ? QString() : read.error(), row.text(1).replace("CHUNK", chunk));
-    QCOMPARE(readSession(row.fields.at(0)).error(),
-             QString("line 1: a recorded session must begin with \"# digitizer session 1\""));
-}
+    void reportsFollowTheTemplate()
+    {
+        QFETCH(TextRow, row);
+        const QByteArrayList resolution = row.fields.at(1).split(' ');
+        const QByteArrayList codes =
+            row.fields.at(2).isEmpty() ? QByteArrayList() : row.fields.at(2).split(' ');
+        const Press press = pressOf(row.fields.at(4));
+        TestHost host;
+        const QByteArray content =
+            DescriptionBuilder()
+                .resolution(resolution.at(0).toInt(), resolution.at(1))
+                .report(row.fields.at(0))
+                .buttons(QByteArray::number(codes.size()), row.fields.at(3).toInt(), codes)
+                .xml();
+        const DigitizerArgument description =
+            DriverLookup::inFile(host.write("a.xml", content))->description;
+        const auto report = encodeReport(description, press);
+        QCOMPARE(outcomeOf(report), row.text(5));
+        if (report)
+            QCOMPARE(decode(description, *report).m_button_number, press.button);
+    }
 
-void SimulationTest::faultsChangeTheWrites()
-{
-    QFETCH(TextRow, row);
-    LineFaults faults;
-    faults.mergedReports = row.fields.at(0).toInt();
-    faults.splitOffset = row.fields.at(1).toInt();
-    faults.hangUpAfter = row.fields.at(2).toInt();
-    const auto writes = [&](bool garbage, unsigned seed) {
-        faults.garbage = garbage;
-        faults.seed = seed;
-        QStringList texts;
-        for (const Transmission& write :
-             withFaults({{10, "abc"}, {20, "def"}, {30, "ghi"}}, faults))
-            texts << QString::number(write.pauseMicroseconds) << QString::fromLatin1(write.bytes);
-        return texts.join(' ');
-    };
-    QCOMPARE(writes(false, 1), row.text(3));
-    QCOMPARE(writes(true, 1), writes(true, 1));
-    QCOMPARE(writes(true, 1) == writes(true, 2), faults.hangUpAfter == 0);
-}
+    void theLectraLayoutComesBack_data() { addTextRows("lectra-points.txt", 2); }
 
-// A slow host: a look whether the port is there, then the real opening, which discards. The pauses
-// lie on both sides of the simulator's delay of 300 ms.
-void SimulationTest::theNextReportWaitsForTheHost()
-{
-    const TestHost host;
-    const QString link = host.path("tablet");
-    DigitizerProcess process(host, "tablet-simulator",
-                             {"--driver", "Lectra E92", "--link", link, "--fast", "--stay"});
-    QVERIFY2(process.prints(link), qPrintable(process.errors()));
-    QSerialPort port(link);
-    QVERIFY(port.open(QIODevice::ReadWrite));
-    port.close();
-    QTest::qWait(400);
-    QVERIFY(port.open(QIODevice::ReadWrite));
-    QTest::qWait(50);
-    port.clear(QSerialPort::Input);
-    // Without the event loop, in which the port object would take what arrives.
-    for (const QByteArray& report : lectraPiece()) {
+    void theLectraLayoutComesBack()
+    {
+        QFETCH(TextRow, row);
+        const Press press = pressOf(row.fields.at(0));
+        const auto report = encodeLectraE92Report(press);
+        QCOMPARE(outcomeOf(report), row.text(1));
+        if (!report)
+            return;
+        const DigitalReport delivered = LectraE92::reportOf(report->constData());
+        QCOMPARE(delivered.m_button_number, press.button);
+        QVERIFY(std::abs(delivered.coordinate().x() - press.point.x()) <= 0.005 + 1e-9);
+        QVERIFY(std::abs(delivered.coordinate().y() - press.point.y()) <= 0.005 + 1e-9);
+    }
+
+    void scriptsAreReadOrRefused_data() { addTextRows("scripts.txt", 2); }
+
+    void scriptsAreReadOrRefused()
+    {
+        QFETCH(TextRow, row);
+        const auto presses = readScript(row.fields.at(0));
+        QStringList outcome;
+        for (const Press& press : presses.value_or(QVector<Press>()))
+            outcome
+                << QString("%1 %2 %3,").arg(press.point.x()).arg(press.point.y()).arg(press.button);
+        const QString line =
+            "line 1: '" + row.text(0) +
+            "' must be x and y in centimetres and a button number, such as 12.5 30 1";
+        QCOMPARE(presses ? outcome.join(' ') : presses.error(), row.text(1).replace("LINE", line));
+    }
+
+    void sessionsComeBackAsTheyWereWritten()
+    {
+        const TestHost host;
+        RecordedSession session;
+        session.tablet = QString::fromUtf8("Täbli \"7\"\nsecond: line");
+        session.driver = "Bit Pad: (CR)";
+        session.date = QDateTime(QDate(2026, 3, 1), QTime(14, 2, 11), Qt::UTC);
+        QByteArray everyByte(256, '\0');
+        std::iota(everyByte.begin(), everyByte.end(), '\0');
+        session.chunks.append({0, everyByte});
+        SessionWriter writer(host.path("a.log"), session);
+        QVERIFY2(writer.append({17, "0512,1034,1\r"}), qPrintable(writer.errorString()));
+
+        // While the writer is still there: nothing may wait in a buffer.
+        QFile file(host.path("a.log"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const auto read = readSession(file.readAll());
+        QVERIFY2(read, qPrintable(read ? QString() : read.error()));
+        QCOMPARE(read->tablet, session.tablet.simplified());
+        QCOMPARE(read->driver, session.driver);
+        QCOMPARE(read->settings, QString());
+        QCOMPARE(read->date, session.date);
+        QCOMPARE(read->chunks.size(), 2);
+        QCOMPARE(read->chunks.at(0).bytes, everyByte);
+        QCOMPARE(read->chunks.at(1).milliseconds, 17);
+        QCOMPARE(read->chunks.at(1).bytes, QByteArray("0512,1034,1\r"));
+        QVERIFY(
+            !SessionWriter(host.path("a.log"), session).errorString().isEmpty()); // never over it
+    }
+
+    void sessionsAreReadOrRefused_data() { addTextRows("sessions.txt", 2); }
+
+    void sessionsAreReadOrRefused()
+    {
+        QFETCH(TextRow, row);
+        const auto read = readSession("# digitizer session 1\n" + row.fields.at(0));
+        const QString chunk =
+            "line 2: '" + row.text(0) +
+            "' is not a time in milliseconds, a blank and bytes in double quotes, such "
+            "as 120 \"0512\\r\"";
+        QCOMPARE(read ? QString() : read.error(), row.text(1).replace("CHUNK", chunk));
+        QCOMPARE(readSession(row.fields.at(0)).error(),
+                 QString("line 1: a recorded session must begin with \"# digitizer session 1\""));
+    }
+
+    void faultsChangeTheWrites_data() { addTextRows("simulated-faults.txt", 4); }
+
+    void faultsChangeTheWrites()
+    {
+        QFETCH(TextRow, row);
+        LineFaults faults;
+        faults.mergedReports = row.fields.at(0).toInt();
+        faults.splitOffset = row.fields.at(1).toInt();
+        faults.hangUpAfter = row.fields.at(2).toInt();
+        const auto writes = [&](bool garbage, unsigned seed) {
+            faults.garbage = garbage;
+            faults.seed = seed;
+            QStringList texts;
+            for (const Transmission& write :
+                 withFaults({{10, "abc"}, {20, "def"}, {30, "ghi"}}, faults))
+                texts << QString::number(write.pauseMicroseconds)
+                      << QString::fromLatin1(write.bytes);
+            return texts.join(' ');
+        };
+        QCOMPARE(writes(false, 1), row.text(3));
+        QCOMPARE(writes(true, 1), writes(true, 1));
+        QCOMPARE(writes(true, 1) == writes(true, 2), faults.hangUpAfter == 0);
+    }
+
+    // A slow host: a look whether the port is there, then the real opening, which discards. The
+    // pauses lie on both sides of the simulator's delay of 300 ms.
+    void theNextReportWaitsForTheHost()
+    {
+        const TestHost host;
+        const QString link = host.path("tablet");
+        DigitizerProcess process(host, "tablet-simulator",
+                                 {"--driver", "Lectra E92", "--link", link, "--fast", "--stay"});
+        QVERIFY2(process.prints(link), qPrintable(process.errors()));
+        QSerialPort port(link);
+        QVERIFY(port.open(QIODevice::ReadWrite));
+        port.close();
+        QTest::qWait(400);
+        QVERIFY(port.open(QIODevice::ReadWrite));
+        QTest::qWait(50);
+        port.clear(QSerialPort::Input);
+        // Without the event loop, in which the port object would take what arrives.
+        for (const QByteArray& report : lectraPiece()) {
+            pollfd state = {port.handle(), POLLIN, 0};
+            QVERIFY(poll(&state, 1, 5000) > 0);
+            QThread::msleep(5); // no second report may follow while this one waits
+            char bytes[4096];
+            const ssize_t size = read(port.handle(), bytes, sizeof bytes);
+            QCOMPARE(QByteArray(bytes, int(size)), report);
+        }
+        port.write("\x1b  beep");
+        QVERIFY2(process.prints("received \"\\x1b  beep\"\n"), qPrintable(process.errors()));
+        process.terminate();
+        QCOMPARE(process.end(), 0);
+        QVERIFY(!QFileInfo(link).isSymLink());
+    }
+
+    // The port is hung up when the host has read everything, however long it was busy.
+    void theLastReportWaitsForTheHost()
+    {
+        const TestHost host;
+        const QString link = host.path("tablet");
+        DigitizerProcess process(host, "tablet-simulator",
+                                 {"--driver", "Lectra E92", "--link", link, "--hangup-after", "1"});
+        QVERIFY2(process.prints(link), qPrintable(process.errors()));
+        QSerialPort port(link);
+        QVERIFY(port.open(QIODevice::ReadWrite));
         pollfd state = {port.handle(), POLLIN, 0};
         QVERIFY(poll(&state, 1, 5000) > 0);
-        QThread::msleep(5); // no second report may follow while this one waits
+        QVERIFY(!process.waitForFinished(1000));
         char bytes[4096];
         const ssize_t size = read(port.handle(), bytes, sizeof bytes);
-        QCOMPARE(QByteArray(bytes, int(size)), report);
+        QCOMPARE(QByteArray(bytes, int(size)), lectraPiece().constFirst());
+        QCOMPARE(process.end(), 0);
     }
-    port.write("\x1b  beep");
-    QVERIFY2(process.prints("received \"\\x1b  beep\"\n"), qPrintable(process.errors()));
-    process.terminate();
-    QCOMPARE(process.end(), 0);
-    QVERIFY(!QFileInfo(link).isSymLink());
-}
 
-// The port is hung up when the host has read everything, however long it was busy.
-void SimulationTest::theLastReportWaitsForTheHost()
-{
-    const TestHost host;
-    const QString link = host.path("tablet");
-    DigitizerProcess process(host, "tablet-simulator",
-                             {"--driver", "Lectra E92", "--link", link, "--hangup-after", "1"});
-    QVERIFY2(process.prints(link), qPrintable(process.errors()));
-    QSerialPort port(link);
-    QVERIFY(port.open(QIODevice::ReadWrite));
-    pollfd state = {port.handle(), POLLIN, 0};
-    QVERIFY(poll(&state, 1, 5000) > 0);
-    QVERIFY(!process.waitForFinished(1000));
-    char bytes[4096];
-    const ssize_t size = read(port.handle(), bytes, sizeof bytes);
-    QCOMPARE(QByteArray(bytes, int(size)), lectraPiece().constFirst());
-    QCOMPARE(process.end(), 0);
-}
+    void aFloodArrivesWhole()
+    {
+        constexpr int rounds =
+            400; // far more than the system keeps for a program that does not read
+        const TestHost host;
+        const QString link = host.path("tablet");
+        DigitizerProcess process(host, "tablet-simulator",
+                                 {"--driver", "Lectra E92", "--link", link, "--flood", "--repeat",
+                                  QString::number(rounds)});
+        QVERIFY2(process.prints(link), qPrintable(process.errors()));
+        QSerialPort port(link);
+        port.setReadBufferSize(1); // the rest stays at the system
+        QVERIFY(port.open(QIODevice::ReadWrite));
+        const auto waiting = [&] {
+            int bytes = 0;
+            return ioctl(port.handle(), FIONREAD, &bytes) == 0 ? bytes : -1;
+        };
+        QTRY_VERIFY2(waiting() > 4000, qPrintable(QString::number(waiting())));
+        port.setReadBufferSize(0);
+        const QByteArray sent = lectraPiece().join().repeated(rounds);
+        QByteArray arrived;
+        QTRY_VERIFY2_WITH_TIMEOUT((arrived += port.readAll()).size() >= sent.size(),
+                                  qPrintable(QString::number(arrived.size())), 20000);
+        QVERIFY(arrived == sent);
+        QCOMPARE(process.end(), 0);
+    }
 
-// Room comes without a read, too.
-void SimulationTest::aFloodIsDiscarded()
-{
-    const TestHost host;
-    const QString link = host.path("tablet");
-    DigitizerProcess process(
-        host, "tablet-simulator",
-        {"--driver", "Lectra E92", "--link", link, "--flood", "--repeat", "1000"});
-    QVERIFY2(process.prints(link), qPrintable(process.errors()));
-    QSerialPort port(link);
-    port.setReadBufferSize(1);
-    QVERIFY(port.open(QIODevice::ReadWrite));
-    QTRY_VERIFY2_WITH_TIMEOUT(
-        (tcflush(port.handle(), TCIFLUSH), process.state() == QProcess::NotRunning),
-        "the simulator waits for ever", 20000);
-    QCOMPARE(process.exitCode(), 0);
-}
-
-void SimulationTest::aFloodArrivesWhole()
-{
-    constexpr int rounds = 400; // far more than the system keeps for a program that does not read
-    const TestHost host;
-    const QString link = host.path("tablet");
-    DigitizerProcess process(
-        host, "tablet-simulator",
-        {"--driver", "Lectra E92", "--link", link, "--flood", "--repeat", QString::number(rounds)});
-    QVERIFY2(process.prints(link), qPrintable(process.errors()));
-    QSerialPort port(link);
-    port.setReadBufferSize(1); // the rest stays at the system
-    QVERIFY(port.open(QIODevice::ReadWrite));
-    const auto waiting = [&] {
-        int bytes = 0;
-        return ioctl(port.handle(), FIONREAD, &bytes) == 0 ? bytes : -1;
-    };
-    QTRY_VERIFY2(waiting() > 4000, qPrintable(QString::number(waiting())));
-    port.setReadBufferSize(0);
-    const QByteArray sent = lectraPiece().join().repeated(rounds);
-    QByteArray arrived;
-    QTRY_VERIFY2_WITH_TIMEOUT((arrived += port.readAll()).size() >= sent.size(),
-                              qPrintable(QString::number(arrived.size())), 20000);
-    QVERIFY(arrived == sent);
-    QCOMPARE(process.end(), 0);
-}
+    // Room comes without a read, too.
+    void aFloodIsDiscarded()
+    {
+        const TestHost host;
+        const QString link = host.path("tablet");
+        DigitizerProcess process(
+            host, "tablet-simulator",
+            {"--driver", "Lectra E92", "--link", link, "--flood", "--repeat", "1000"});
+        QVERIFY2(process.prints(link), qPrintable(process.errors()));
+        QSerialPort port(link);
+        port.setReadBufferSize(1);
+        QVERIFY(port.open(QIODevice::ReadWrite));
+        QTRY_VERIFY2_WITH_TIMEOUT(
+            (tcflush(port.handle(), TCIFLUSH), process.state() == QProcess::NotRunning),
+            "the simulator waits for ever", 20000);
+        QCOMPARE(process.exitCode(), 0);
+    }
+};
 
 QTEST_GUILESS_MAIN(SimulationTest)
 #include "SimulationTest.moc"
