@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "DigitizerGeneric/Digitizer/DescriptionFiles.h"
+#include "DigitizerGeneric/Digitizer/DescriptionParsing.h"
+#include "DigitizerGeneric/Digitizer/FieldDecoding.h"
+#include "ReferenceHost/Lint/DescriptionLint.h"
+
+#include <QtTest>
+
+/// The descriptions of this repository, and what the driver and the checker make of any.
+namespace Descriptions {
+
+inline QFileInfoList shipped()
+{
+    return QDir(QStringLiteral(SOURCE_DIRECTORY "/Plugins/digitizer/generated"))
+        .entryInfoList(QDir::Files);
+}
+
+/// Returns the content of a file of the repository, which ends the program if it cannot be read.
+inline QByteArray contentOf(const QString& path)
+{
+    QFile file(QDir(QStringLiteral(SOURCE_DIRECTORY)).filePath(path));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", qPrintable(file.fileName()));
+    return file.readAll();
+}
+
+inline MavSystem::DigitizerArgument parse(const QByteArray& content)
+{
+    const auto file = MavSystem::DescriptionFiles::parse({QString(), content, QString()});
+    return MavSystem::parseDescription(file.document.documentElement()).description;
+}
+
+inline MavSystem::DigitalReport decode(const MavSystem::DigitizerArgument& description,
+                                       const QByteArray& report)
+{
+    using namespace MavSystem;
+    return FieldDecoding::reportOf(description, ReportLayout(description), report.constData(),
+                                   FieldDecoding::decodeButton | FieldDecoding::decodeCoordinate);
+}
+
+inline QString textOf(const MavSystem::DigitalReport& report)
+{
+    return QStringLiteral("%1 %2 %3")
+        .arg(report.coordinate().x(), 0, 'f', 9)
+        .arg(report.coordinate().y(), 0, 'f', 9)
+        .arg(report.m_button_number);
+}
+
+/// Returns what lint says of the file "x" with \a content, one finding a line.
+inline QString lintOf(const QByteArray& content)
+{
+    QStringList lines;
+    for (const ReferenceHost::LintFinding& finding : ReferenceHost::lintDescription(content))
+        lines << ReferenceHost::textOf(QStringLiteral("x"), finding);
+    return lines.join(QLatin1Char('\n'));
+}
+
+} // namespace Descriptions
