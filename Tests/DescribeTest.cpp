@@ -87,10 +87,8 @@ private slots:
     void layoutsAreFoundAgain_data()
     {
         QTest::addColumn<QByteArray>("description");
-        for (const QFileInfo& file : Descriptions::shipped())
-            QTest::newRow(qPrintable(file.fileName())) << Descriptions::contentOf(file.filePath());
-        QTest::newRow("annotated.xml")
-            << Descriptions::contentOf("Examples/descriptions/annotated.xml");
+        for (const auto& [name, content] : Descriptions::files())
+            QTest::newRow(qPrintable(name)) << content;
         for (const TextRow& row : textRows("described-layouts.txt", 2))
             QTest::newRow(row.name) << DescriptionBuilder()
                                            .resolution(row.fields.at(0).toInt(), row.fields.at(1))

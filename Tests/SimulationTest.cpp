@@ -1,45 +1,25 @@
 // SPDX-FileCopyrightText: 2026 The DigitizerGeneric developers
 // SPDX-License-Identifier: MIT
-#include "DigitizerGeneric/Digitizer/FieldDecoding.h"
+#include "DigitizerGeneric/Digitizer/DescribedDriver.h"
 #include "DigitizerGeneric/Digitizer/LectraE92.h"
-#include "ReferenceHost/Descriptions/DriverLookup.h"
 #include "ReferenceHost/Serial/RecordedSession.h"
 #include "support/DescriptionBuilder.h"
-#include "support/DigitizerProcess.h"
+#include "support/Descriptions.h"
+#include "support/TestHost.h"
 #include "support/TextRows.h"
 #include "tablet-simulator/PieceScript.h"
+#include "tablet-simulator/ReportEncoder.h"
 #include "tablet-simulator/Transmission.h"
-
-#include <QSerialPort>
 
 #include <cmath>
 #include <numeric>
 #include <random>
-
-#include <poll.h>
-#include <sys/ioctl.h>
-#include <termios.h>
-#include <unistd.h>
 
 using namespace MavSystem;
 using namespace ReferenceHost;
 using namespace TabletSimulation;
 
 namespace {
-QString fileOf(const QString& name)
-{
-    return SOURCE_DIRECTORY +
-           QString(name == "annotated" ? "/Examples/descriptions/"
-                                       : "/Plugins/digitizer/generated/") +
-           name + ".xml";
-}
-
-DigitalReport decode(const DigitizerArgument& description, const QByteArray& report)
-{
-    return FieldDecoding::reportOf(description, ReportLayout(description), report.constData(),
-                                   FieldDecoding::decodeButton | FieldDecoding::decodeCoordinate);
-}
-
 // "x y button"
 Press pressOf(const QByteArray& text)
 {
@@ -52,63 +32,54 @@ QString outcomeOf(const tl::expected<QByteArray, QString>& report)
     return report ? QString(quotedBytes(*report)) : report.error();
 }
 
-// The bytes of the built-in piece from the "Lectra E92".
-QByteArrayList lectraPiece()
-{
-    QByteArrayList reports;
-    for (const Press& press : bodiceFront(standardButtonRoles({"Lectra E92", {}, {}, {}})))
-        reports << *encodeLectraE92Report(press);
-    return reports;
-}
-
 } // namespace
 
-/// The simulated tablet: the reports it makes of points, for every shipped description; the files
-/// that it takes; and the program.
+/// The simulated tablet: the reports it makes of points, for every shipped description, and the
+/// files that it takes. The program is in its transcript.
 class SimulationTest : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void everyShippedDescriptionIsExpected()
+    void everyDescriptionIsExpected()
     {
-        QStringList files = QFileInfo(fileOf({})).dir().entryList(QDir::Files);
-        for (const TextRow& row : textRows("tablets.txt", 7))
-            files.removeAll(row.name + ".xml");
-        QVERIFY2(files.isEmpty(), qPrintable(files.join(' ')));
+        QByteArrayList files;
+        for (const auto& [name, content] : Descriptions::files())
+            files << name.chopped(4).toUtf8();
+        for (const TextRow& row : textRows("tablets.txt", 5))
+            files.removeAll(row.name);
+        QCOMPARE(files.join(' '), QByteArray());
     }
 
-    void descriptionsDecodeAndEncode_data() { addTextRows("tablets.txt", 7); }
+    void descriptionsDecodeAndEncode_data() { addTextRows("tablets.txt", 5); }
 
     void descriptionsDecodeAndEncode()
     {
         QFETCH(TextRow, row);
         const QByteArray written = row.fields.at(0);
-        const DigitizerArgument description = DriverLookup::inFile(fileOf(row.name))->description;
-        const DigitalReport byHand = decode(description, written);
+        const DigitizerArgument description =
+            Descriptions::parse(Descriptions::files().at(row.name + ".xml"));
         QCOMPARE(quint64(written.size()), quint64(description.m_reportLength));
-        QVERIFY(std::abs(byHand.coordinate().x() - row.fields.at(1).toDouble()) < 1e-9);
-        QVERIFY(std::abs(byHand.coordinate().y() - row.fields.at(2).toDouble()) < 1e-9);
-        QCOMPARE(byHand.m_button_number, row.fields.at(3).toInt());
+        QCOMPARE(Descriptions::textOf(Descriptions::decode(description, written)), row.text(1));
 
         for (const Press& press : bodiceFront(standardButtonRoles({{}, {}, {}, description})))
             QVERIFY(encodeReport(description, press));
 
-        const QByteArrayList lines = row.fields.at(4).split(' ');
+        const QByteArrayList lines = row.fields.at(2).split(' ');
         const double step =
             (lines.at(1) == "inch" ? 2.5396825396825 : 1.0) / lines.at(0).toDouble();
-        const double largest = (std::pow(10.0, row.fields.at(5).toInt()) - 1) * step;
+        const double largest = (std::pow(10.0, row.fields.at(3).toInt()) - 1) * step;
         const unsigned seed = 20260301;
         std::mt19937 random(seed);
         std::uniform_real_distribution<double> centimetres(
-            row.fields.at(6) == "signed" ? -largest : 0.0, largest);
+            row.fields.at(4) == "signed" ? -largest : 0.0, largest);
         double farthest = 0.0;
         for (int count = 0; count < 1000; ++count) {
             const Press press = {{centimetres(random), centimetres(random)},
                                  description.m_fourButtons ? 1 + count % 4 : count % 16};
             const auto report = encodeReport(description, press);
             QVERIFY2(report, qPrintable(outcomeOf(report)));
-            const DigitalReport delivered = decode(description, *report);
+            const DigitalReport delivered = Descriptions::decode(description, *report);
             QCOMPARE(delivered.m_button_number, press.button);
             for (const double difference : {delivered.coordinate().x() - press.point.x(),
                                             delivered.coordinate().y() - press.point.y()})
@@ -127,19 +98,16 @@ private slots:
         const QByteArrayList codes =
             row.fields.at(2).isEmpty() ? QByteArrayList() : row.fields.at(2).split(' ');
         const Press press = pressOf(row.fields.at(4));
-        TestHost host;
-        const QByteArray content =
+        const DigitizerArgument description = Descriptions::parse(
             DescriptionBuilder()
                 .resolution(resolution.at(0).toInt(), resolution.at(1))
                 .report(row.fields.at(0))
                 .buttons(QByteArray::number(codes.size()), row.fields.at(3).toInt(), codes)
-                .xml();
-        const DigitizerArgument description =
-            DriverLookup::inFile(host.write("a.xml", content))->description;
+                .xml());
         const auto report = encodeReport(description, press);
         QCOMPARE(outcomeOf(report), row.text(5));
         if (report)
-            QCOMPARE(decode(description, *report).m_button_number, press.button);
+            QCOMPARE(Descriptions::decode(description, *report).m_button_number, press.button);
     }
 
     void theLectraLayoutComesBack_data() { addTextRows("lectra-points.txt", 2); }
@@ -188,9 +156,7 @@ private slots:
         QVERIFY2(writer.append({17, "0512,1034,1\r"}), qPrintable(writer.errorString()));
 
         // While the writer is still there: nothing may wait in a buffer.
-        QFile file(host.path("a.log"));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const auto read = readSession(file.readAll());
+        const auto read = readSession(Descriptions::contentOf(host.path("a.log")));
         QVERIFY2(read, qPrintable(read ? QString() : read.error()));
         QCOMPARE(read->tablet, session.tablet.simplified());
         QCOMPARE(read->driver, session.driver);
@@ -241,102 +207,6 @@ private slots:
         QCOMPARE(writes(false, 1), row.text(3));
         QCOMPARE(writes(true, 1), writes(true, 1));
         QCOMPARE(writes(true, 1) == writes(true, 2), faults.hangUpAfter == 0);
-    }
-
-    // A slow host: a look whether the port is there, then the real opening, which discards. The
-    // pauses lie on both sides of the simulator's delay of 300 ms.
-    void theNextReportWaitsForTheHost()
-    {
-        const TestHost host;
-        const QString link = host.path("tablet");
-        DigitizerProcess process(host, "tablet-simulator",
-                                 {"--driver", "Lectra E92", "--link", link, "--fast", "--stay"});
-        QVERIFY2(process.prints(link), qPrintable(process.errors()));
-        QSerialPort port(link);
-        QVERIFY(port.open(QIODevice::ReadWrite));
-        port.close();
-        QTest::qWait(400);
-        QVERIFY(port.open(QIODevice::ReadWrite));
-        QTest::qWait(50);
-        port.clear(QSerialPort::Input);
-        // Without the event loop, in which the port object would take what arrives.
-        for (const QByteArray& report : lectraPiece()) {
-            pollfd state = {port.handle(), POLLIN, 0};
-            QVERIFY(poll(&state, 1, 5000) > 0);
-            QThread::msleep(5); // no second report may follow while this one waits
-            char bytes[4096];
-            const ssize_t size = read(port.handle(), bytes, sizeof bytes);
-            QCOMPARE(QByteArray(bytes, int(size)), report);
-        }
-        port.write("\x1b  beep");
-        QVERIFY2(process.prints("received \"\\x1b  beep\"\n"), qPrintable(process.errors()));
-        process.terminate();
-        QCOMPARE(process.end(), 0);
-        QVERIFY(!QFileInfo(link).isSymLink());
-    }
-
-    // The port is hung up when the host has read everything, however long it was busy.
-    void theLastReportWaitsForTheHost()
-    {
-        const TestHost host;
-        const QString link = host.path("tablet");
-        DigitizerProcess process(host, "tablet-simulator",
-                                 {"--driver", "Lectra E92", "--link", link, "--hangup-after", "1"});
-        QVERIFY2(process.prints(link), qPrintable(process.errors()));
-        QSerialPort port(link);
-        QVERIFY(port.open(QIODevice::ReadWrite));
-        pollfd state = {port.handle(), POLLIN, 0};
-        QVERIFY(poll(&state, 1, 5000) > 0);
-        QVERIFY(!process.waitForFinished(1000));
-        char bytes[4096];
-        const ssize_t size = read(port.handle(), bytes, sizeof bytes);
-        QCOMPARE(QByteArray(bytes, int(size)), lectraPiece().constFirst());
-        QCOMPARE(process.end(), 0);
-    }
-
-    void aFloodArrivesWhole()
-    {
-        constexpr int rounds =
-            400; // far more than the system keeps for a program that does not read
-        const TestHost host;
-        const QString link = host.path("tablet");
-        DigitizerProcess process(host, "tablet-simulator",
-                                 {"--driver", "Lectra E92", "--link", link, "--flood", "--repeat",
-                                  QString::number(rounds)});
-        QVERIFY2(process.prints(link), qPrintable(process.errors()));
-        QSerialPort port(link);
-        port.setReadBufferSize(1); // the rest stays at the system
-        QVERIFY(port.open(QIODevice::ReadWrite));
-        const auto waiting = [&] {
-            int bytes = 0;
-            return ioctl(port.handle(), FIONREAD, &bytes) == 0 ? bytes : -1;
-        };
-        QTRY_VERIFY2(waiting() > 4000, qPrintable(QString::number(waiting())));
-        port.setReadBufferSize(0);
-        const QByteArray sent = lectraPiece().join().repeated(rounds);
-        QByteArray arrived;
-        QTRY_VERIFY2_WITH_TIMEOUT((arrived += port.readAll()).size() >= sent.size(),
-                                  qPrintable(QString::number(arrived.size())), 20000);
-        QVERIFY(arrived == sent);
-        QCOMPARE(process.end(), 0);
-    }
-
-    // Room comes without a read, too.
-    void aFloodIsDiscarded()
-    {
-        const TestHost host;
-        const QString link = host.path("tablet");
-        DigitizerProcess process(
-            host, "tablet-simulator",
-            {"--driver", "Lectra E92", "--link", link, "--flood", "--repeat", "1000"});
-        QVERIFY2(process.prints(link), qPrintable(process.errors()));
-        QSerialPort port(link);
-        port.setReadBufferSize(1);
-        QVERIFY(port.open(QIODevice::ReadWrite));
-        QTRY_VERIFY2_WITH_TIMEOUT(
-            (tcflush(port.handle(), TCIFLUSH), process.state() == QProcess::NotRunning),
-            "the simulator waits for ever", 20000);
-        QCOMPARE(process.exitCode(), 0);
     }
 };
 

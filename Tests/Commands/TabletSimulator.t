@@ -113,6 +113,58 @@ A session is sent with its own times, and faster with --rate.
   ab
   ab
 
+Each report waits until the host has taken the one before it: after a look whether the port is there, and after an
+opening that discards what has arrived.
+
+  $ report() { dd bs=4096 count=1 status=none <&4 | tr '\r\n' '<>'; echo; }
+  $ printf '%s\n' '4 3.5 2' '4 36.2 2' '6.1 36.4 3' >places
+  $ tablet --driver 'Lectra E92' --script places --fast --stay --delay 1000
+  $ exec 4<>tablet 4<&-
+  $ sleep 1.2
+  $ exec 4<>tablet
+  $ python3 -c 'import termios; termios.tcflush(4, termios.TCIFLUSH)'
+  $ for i in 1 2 3; do report; done
+  00000031 0   400    350<>
+  00000031 0   400   3620<>
+  00000032 0   610   3640<>
+  $ printf '\033  beep' >&4
+  $ await grep beep simulator.errors
+  $ stop simulator
+  DIR/tablet
+  received "\x1b  beep"
+  $ exec 4<&-
+  $ ls -d tablet
+  ls: cannot access 'tablet': No such file or directory
+  [2]
+
+The port is hung up when the host has read everything, however long it was busy.
+
+  $ tablet --driver 'Lectra E92' --script places --hangup-after 1
+  $ exec 4<>tablet
+  $ sleep 1.5
+  $ report
+  00000031 0   400    350<>
+  $ exec 4<&-
+  $ ended simulator
+  DIR/tablet
+
+A flood, which is far more than the system keeps, waits for room and arrives whole. Discarding makes room, too.
+
+  $ tablet --driver 'Lectra E92' --script places --flood --repeat 3000
+  $ exec 4<>tablet
+  $ dd bs=1 status=none <&4 >arrived 2>/dev/null
+  [1]
+  $ ended simulator
+  DIR/tablet
+  $ paste -d '|' - - - <arrived | tr '\r' '<' | uniq -c
+     3000 00000031 0   400    350<|00000031 0   400   3620<|00000032 0   610   3640<
+  $ tablet --driver 'Lectra E92' --script places --flood --repeat 7000
+  $ exec 4<>tablet
+  $ timeout 20 python3 -c 'import os, termios
+  > while os.path.islink("tablet"): termios.tcflush(4, termios.TCIFLUSH)'
+  $ ended simulator
+  DIR/tablet
+
 It ends with status 1 when it is stopped too early, and takes its link away.
 
   $ tablet --driver "$generic"

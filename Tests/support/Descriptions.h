@@ -9,14 +9,10 @@
 
 #include <QtTest>
 
+#include <map>
+
 /// The descriptions of this repository, and what the driver and the checker make of any.
 namespace Descriptions {
-
-inline QFileInfoList shipped()
-{
-    return QDir(QStringLiteral(SOURCE_DIRECTORY "/Plugins/digitizer/generated"))
-        .entryInfoList(QDir::Files);
-}
 
 /// Returns the content of a file of the repository, which ends the program if it cannot be read.
 inline QByteArray contentOf(const QString& path)
@@ -25,6 +21,23 @@ inline QByteArray contentOf(const QString& path)
     if (!file.open(QIODevice::ReadOnly))
         qFatal("cannot read %s", qPrintable(file.fileName()));
     return file.readAll();
+}
+
+inline std::map<QString, QByteArray> filesIn(const QString& folder)
+{
+    std::map<QString, QByteArray> files;
+    for (const QFileInfo& file :
+         QDir(QStringLiteral(SOURCE_DIRECTORY "/") + folder).entryInfoList(QDir::Files))
+        files[file.fileName()] = contentOf(file.filePath());
+    return files;
+}
+
+/// Returns the shipped descriptions and the annotated example, by their file names.
+inline std::map<QString, QByteArray> files()
+{
+    auto files = filesIn(QStringLiteral("Plugins/digitizer/generated"));
+    files.merge(filesIn(QStringLiteral("Examples/descriptions")));
+    return files;
 }
 
 inline MavSystem::DigitizerArgument parse(const QByteArray& content)
