@@ -225,6 +225,7 @@ bool Digitizer::close()
     if (m_port->isOpen())
         m_port->readAll();
     m_port->close();
+    disconnect(m_port.get(), &QextSerialPort::readyRead, nullptr, nullptr);
     m_port.reset();
     m_port_open = false;
 
