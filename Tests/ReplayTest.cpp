@@ -4,10 +4,9 @@
 #include "ReferenceHost/Serial/PseudoTerminal.h"
 #include "ReferenceHost/Serial/RecordedSession.h"
 #include "support/DescriptionBuilder.h"
+#include "support/Descriptions.h"
 #include "support/RecordedMessages.h"
 #include "support/TestHost.h"
-
-#include <QtTest>
 
 #include <limits>
 
@@ -15,30 +14,6 @@ using namespace MavSystem;
 using namespace ReferenceHost;
 
 namespace {
-const QDir sessions(SOURCE_DIRECTORY "/Tests/Replay");
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void installDescriptions(TestHost& host)
-{
-    const QDir shipped(SOURCE_DIRECTORY "/Plugins/digitizer/generated");
-    for (const QString& name : shipped.entryList(QDir::Files))
-        host.writeDescription(name, contentOf(shipped.filePath(name)));
-    host.writeDescription("lectra.xml", DescriptionBuilder("Lectra E92").xml());
-}
-
-QString textOf(const DigitalReport& report)
-{
-    return QString("%1 %2 %3")
-        .arg(report.coordinate().x(), 0, 'f', 9)
-        .arg(report.coordinate().y(), 0, 'f', 9)
-        .arg(report.m_button_number);
-}
-
 // The reports that are there after the chunk of \a milliseconds.
 QStringList expectedUntil(const QByteArray& expected, qint64 milliseconds)
 {
@@ -63,29 +38,34 @@ class ReplayTest : public QObject
 private slots:
     void sessionsGiveTheExpectedReports_data()
     {
-        QTest::addColumn<QString>("log");
-        const QStringList logs = sessions.entryList({"*.log"});
-        QVERIFY(!logs.isEmpty());
-        for (const QString& log : logs)
-            QTest::newRow(qPrintable(log)) << sessions.filePath(log);
+        QTest::addColumn<QByteArray>("log");
+        QTest::addColumn<QByteArray>("expected");
+        auto files = Descriptions::filesIn("Tests/Replay");
+        for (const auto& [name, content] : files) {
+            if (name.endsWith(".log"))
+                QTest::newRow(qPrintable(name))
+                    << content << files[QString(name).replace(".log", ".expected")];
+        }
     }
 
     void sessionsGiveTheExpectedReports()
     {
-        QFETCH(QString, log);
-        const auto session = readSession(contentOf(log));
+        QFETCH(QByteArray, log);
+        QFETCH(QByteArray, expected);
+        const auto session = readSession(log);
         QVERIFY2(session, qPrintable(session ? QString() : session.error()));
         QVERIFY(!session->chunks.isEmpty());
-        const QByteArray expected = contentOf(log.replace(".log", ".expected"));
         QVERIFY2(!expected.isEmpty(), "there is no expectation beside the log");
 
         TestHost host;
-        installDescriptions(host);
+        for (const auto& [name, content] : Descriptions::files())
+            host.writeDescription(name, content);
+        host.writeDescription("lectra.xml", DescriptionBuilder("Lectra E92").xml());
         const RecordedMessages messages(true);
         PseudoTerminal tablet;
         QStringList reports;
         DigitalReport::registerHandle(
-            [&](const DigitalReport& report) { reports << textOf(report); });
+            [&](const DigitalReport& report) { reports << Descriptions::textOf(report); });
         const auto digitizer = Digitizer::instance();
         const auto atEnd = qScopeGuard([&] {
             DigitalReport::unregisterHandle();

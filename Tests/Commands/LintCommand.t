@@ -15,6 +15,16 @@ The shipped descriptions and the examples have no faults.
 
   $ digitizer lint "$sources"/Plugins/digitizer/generated/* "$sources"/Examples/*/*.xml
 
+The "Lectra E92" has a layout of its own, in any letter case; it needs no report in its file.
+
+  $ (cd "$folder" && description 'lectra e92' | sed '1s/$/<\/device>/;1q' >own.xml && sed 's/lectra //' own.xml >others.xml)
+  $ digitizer lint "$folder/own.xml"
+  $ digitizer lint "$folder/others.xml"
+  DIR/others.xml:1:1: error: element "resolution" is missing, found none, accepted <resolution>
+  DIR/others.xml:1:1: error: element "reportFormat" is missing, found none, accepted <reportFormat>
+  DIR/others.xml:1:1: error: element "buttons" is missing, found none, accepted <buttons>
+  [1]
+
 The status is that of the errors.
 
   $ digitizer lint unit-unknown.xml
