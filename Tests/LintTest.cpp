@@ -12,6 +12,7 @@
 #include <QElapsedTimer>
 #include <QTextCodec>
 
+#include <sys/inotify.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -112,12 +113,14 @@ private slots:
             QCOMPARE(found.has_value(), expected == "taken");
     }
 
-    // Whoever waited for the pipe would be ended by the signal, and the test with it.
-    // test.
-    void nobodyWaitsForAPipe()
+    // Opening a device can act on it. Whoever waited for the pipe would be ended by the signal.
+    void nobodyOpensAPipe()
     {
         TestHost host;
-        QVERIFY(mkfifo(QFile::encodeName(host.path("pipe")), 0666) == 0);
+        const QByteArray pipe = QFile::encodeName(host.path("pipe"));
+        QVERIFY(mkfifo(pipe, 0666) == 0);
+        const int opened = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+        QVERIFY(inotify_add_watch(opened, pipe, IN_OPEN) >= 0);
         const auto linkIn = [&](const QString& folder) {
             return QDir().mkpath(host.path(folder)) &&
                    QFile::link(host.path("pipe"), host.path(folder + "/file"));
@@ -130,6 +133,9 @@ private slots:
         QVERIFY(linkIn("data/generated"));
         DescriptionFolder::drivers();
         alarm(0);
+        char event[1024];
+        QVERIFY(read(opened, event, sizeof event) < 0);
+        close(opened);
     }
 };
 

@@ -23,12 +23,16 @@ PointRole roleOf(char letter)
     return PointRole(letters.indexOf(letter));
 }
 
-Piece pieceOf(const QByteArray& roles, const QVector<QPointF>& points, bool finished = true)
+// Of points "x,y x,y".
+Piece pieceOf(const QByteArray& roles, const QByteArray& points = "0,0 10,0 10,10 0,10")
 {
     Piece piece;
-    piece.finished = finished;
-    for (int index = 0; index < points.size(); ++index)
-        piece.outline.append({points.at(index), roleOf(roles.at(index))});
+    piece.finished = true;
+    for (const QByteArray& point : points.split(' ')) {
+        const QByteArrayList place = point.split(',');
+        piece.outline.append({{place.at(0).toDouble(), place.at(1).toDouble()},
+                              roleOf(roles.at(piece.outline.size()))});
+    }
     return piece;
 }
 
@@ -39,17 +43,6 @@ QByteArray shapeOf(const QPainterPath& path)
     for (int index = 0; index < path.elementCount(); ++index)
         shape += "MLC-"[path.elementAt(index).type];
     return shape.replace("-", "");
-}
-
-const QVector<QPointF> square = {{0, 0}, {10, 0}, {10, 10}, {0, 10}};
-
-// "x,y x,y"
-QVector<QPointF> pointsOf(const QByteArray& text)
-{
-    QVector<QPointF> points;
-    for (const QByteArray& point : text.split(' '))
-        points.append({point.split(',').at(0).toDouble(), point.split(',').at(1).toDouble()});
-    return points;
 }
 
 } // namespace
@@ -87,8 +80,9 @@ private slots:
     void outlinesAreDrawnAsByHand()
     {
         QFETCH(TextRow, row);
-        const QPainterPath path = outlineOf(
-            pieceOf(row.fields.at(0), pointsOf(row.fields.at(1)), row.fields.at(2) == "finished"));
+        Piece piece = pieceOf(row.fields.at(0), row.fields.at(1));
+        piece.finished = row.fields.at(2) == "finished";
+        const QPainterPath path = outlineOf(piece);
         QCOMPARE(shapeOf(path), row.fields.at(3));
         for (int index = 0; index < path.elementCount(); ++index) {
             const QPointF point = path.elementAt(index);
@@ -98,12 +92,10 @@ private slots:
 
     void curvesAreSmoothAndRound()
     {
-        // Uneven steps, as a hand makes them.
-        QVector<QPointF> circle;
-        for (const double degrees : {0., 20., 65., 90., 140., 165., 200., 250., 300., 330.})
-            circle.append({10 * std::cos(qDegreesToRadians(degrees)),
-                           10 * std::sin(qDegreesToRadians(degrees))});
-        const QPainterPath path = outlineOf(pieceOf(QByteArray(circle.size(), 'U'), circle));
+        // Uneven steps, as a hand makes them, of a radius of 10.
+        const QPainterPath path = outlineOf(pieceOf(
+            "UUUUUUUUUU", "10,0 9.397,3.42 4.226,9.063 0,10 -7.66,6.428 -9.659,2.588 -9.397,-3.42 "
+                          "-3.42,-9.397 5,-8.66 8.66,-5"));
         for (double at = 0.0; at < 1.0; at += 0.001) {
             const double radius =
                 std::hypot(path.pointAtPercent(at).x(), path.pointAtPercent(at).y());
@@ -123,8 +115,7 @@ private slots:
     void notchesPointInwards()
     {
         QFETCH(TextRow, row);
-        const QVector<QLineF> found =
-            notchesOf(pieceOf(row.fields.at(0), pointsOf(row.fields.at(1))), 0.5);
+        const QVector<QLineF> found = notchesOf(pieceOf(row.fields.at(0), row.fields.at(1)), 0.5);
         QCOMPARE(found.size(), 1);
         QCOMPARE(found.at(0).p1(), QPointF(10, 5));
         QVERIFY(QLineF(found.at(0).p2(), QPointF(9.5, 5)).length() < 1e-9);
@@ -132,20 +123,19 @@ private slots:
 
     void labelsLieInsideOfThePiece()
     {
-        const QVector<QPointF> dart = {{0, 0}, {4, 0}, {5, 9}, {6, 0}, {10, 0}, {10, 10}, {0, 10}};
-        const Piece piece = pieceOf("CCCCCCC", dart);
-        const QPointF label = labelPlaceOf(piece);
-        QVERIFY(outlineOf(piece).contains(QRectF(label - QPointF(1, 1), QSizeF(2, 2))));
+        const Piece dart = pieceOf("CCCCCCC", "0,0 4,0 5,9 6,0 10,0 10,10 0,10");
+        const QPointF label = labelPlaceOf(dart);
+        QVERIFY(outlineOf(dart).contains(QRectF(label - QPointF(1, 1), QSizeF(2, 2))));
     }
 
     // Traced at one place, they are moved; traced beside each other, they stay.
     void overlappingPiecesLieSideBySide()
     {
-        const Piece piece = pieceOf("CCCC", square);
+        const Piece piece = pieceOf("CCCC");
         const QSizeF one = PieceDrawing({piece}).size();
-        for (const auto& [distance, added] : {std::pair(0.0, 12.0), std::pair(15.0, 15.0)}) {
-            const QVector<QPointF> moved = QPolygonF(square).translated(distance, 0);
-            const QSizeF two = PieceDrawing({piece, pieceOf("CCCC", moved)}).size();
+        for (const auto& [points, added] :
+             {std::pair("0,0 10,0 10,10 0,10", 12.0), std::pair("15,0 25,0 25,10 15,10", 15.0)}) {
+            const QSizeF two = PieceDrawing({piece, pieceOf("CCCC", points)}).size();
             QCOMPARE(two.height(), one.height());
             QVERIFY2(std::abs(two.width() - one.width() - added) < 0.7,
                      qPrintable(QString::number(two.width() - one.width())));
@@ -156,7 +146,7 @@ private slots:
     {
         const QTemporaryDir directory;
         const QString path = directory.filePath("picture.png");
-        QCOMPARE(PieceDrawing({pieceOf("CCCC", square)}).save(path), QString());
+        QCOMPARE(PieceDrawing({pieceOf("CCCC")}).save(path), QString());
         const QImage image(path);
         QVERIFY(!image.isNull());
         QCOMPARE(image.pixelColor(0, 0), QColor(Qt::white));
@@ -173,7 +163,7 @@ private slots:
         if (!disk.problem().isEmpty())
             QSKIP(qPrintable(disk.problem()));
         const QDir folder(directory.filePath("disk"));
-        const QVector<Piece> pieces(10, pieceOf("CCCC", square));
+        const QVector<Piece> pieces(10, pieceOf("CCCC"));
         for (const char* name : {"picture.svg", "picture.png"}) {
             const QString problem = PieceDrawing(pieces).save(folder.filePath(name));
             QVERIFY2(problem.startsWith("cannot write "), qPrintable(problem));

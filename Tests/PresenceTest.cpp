@@ -4,9 +4,9 @@
 #include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "ReferenceHost/Serial/PseudoTerminal.h"
 #include "support/DescriptionBuilder.h"
+#include "support/Descriptions.h"
 #include "support/RecordedMessages.h"
 #include "support/SmallDisk.h"
-#include "support/StructRows.h"
 #include "support/TestHost.h"
 #include "support/TextRows.h"
 #include "support/Unprivileged.h"
@@ -17,22 +17,6 @@ using namespace MavSystem;
 using namespace ReferenceHost;
 
 namespace {
-struct Installation
-{
-    const char* name;
-    bool atStart;  // by the host when it starts, else by the presence check
-    int kilobytes; // of the disk; 0: the folder cannot be written
-    int size;      // of a file; small ones are written when they are closed
-};
-const Installation installations[] = {
-    {"the disk becomes full", false, 64, 20000},
-    {"the disk becomes full of small files", false, 64, 5000},
-    {"the disk of a host becomes full", true, 64, 20000},
-    {"the disk of a host becomes full of small files", true, 64, 5000},
-    {"the folder cannot be written", false, 0, 5000},
-    {"the folder of a host cannot be written", true, 0, 5000},
-};
-
 /// A host with the description "A" in a file, and a port.
 struct Desk
 {
@@ -46,20 +30,6 @@ struct Desk
     TestHost host;
     PseudoTerminal tablet;
     boost::shared_ptr<Digitizer> digitizer = Digitizer::instance();
-};
-
-/// Whose folders have filters that hide all files.
-class FilteringHost : public TestHost
-{
-public:
-    QDir pluginsDir() const override { return filtered("plugins"); }
-    QDir appDataLocation() const override { return filtered("data"); }
-
-private:
-    QDir filtered(const QString& folder) const
-    {
-        return QDir(path(folder), "*.none", QDir::Name, QDir::Dirs);
-    }
 };
 
 // Writes the files of a row of presence.txt.
@@ -104,27 +74,22 @@ private slots:
         QVERIFY(host.warnings.isEmpty() && host.errors.isEmpty() && host.questions.isEmpty());
     }
 
-    void aFolderIsTakenWithoutItsFilters()
-    {
-        FilteringHost host;
-        writeFiles(host, "data/generated/ P/a.xml:A");
-        Digitizer::instance()->selectDevice("A", "File:");
-        QCOMPARE(Digitizer::deviceExist(), QString("No Error has occurred"));
-    }
-
-    void anInstallationHasWholeFilesOnly_data() { addRows(installations); }
+    void anInstallationHasWholeFilesOnly_data() { addTextRows("installations.txt", 4); }
 
     void anInstallationHasWholeFilesOnly()
     {
-        const Installation& row = currentRow(installations);
-        const bool readOnly = row.kilobytes == 0;
+        QFETCH(TextRow, row);
+        const bool isHost = row.text(0) == "host";
+        const int kilobytes = row.fields.at(1).toInt();
+        const bool readOnly = kilobytes == 0;
         TestHost host;
-        const QByteArray shipped = DescriptionBuilder().xml() + QByteArray(row.size, ' ');
+        const QByteArray shipped =
+            DescriptionBuilder().xml() + QByteArray(row.fields.at(2).toInt(), ' ');
         for (int number = 0; number < 20; ++number)
             host.write(QString("plugins/digitizer/generated/%1").arg(number), shipped);
         std::unique_ptr<SmallDisk> disk;
         if (!readOnly) {
-            disk = std::make_unique<SmallDisk>(host.path("data"), row.kilobytes);
+            disk = std::make_unique<SmallDisk>(host.path("data"), kilobytes);
             if (!disk->problem().isEmpty())
                 QSKIP(qPrintable(disk->problem()));
         }
@@ -137,22 +102,16 @@ private slots:
                                           QFile::Permissions(readOnly ? 0x5555 : 0x7755)));
             const Unprivileged user(readOnly);
             const RecordedMessages messages(true);
-            const QString answer =
-                row.atStart ? DescriptionFolder::prepare() : Digitizer::deviceExist();
-            const char* const expected = row.atStart ? "cannot write the description "
-                                         : readOnly  ? "Digitizer Not Present..."
-                                                     : "No Error has occurred";
-            QVERIFY2(answer.startsWith(expected), qPrintable(answer));
+            const QString answer = isHost ? DescriptionFolder::prepare() : Digitizer::deviceExist();
+            QVERIFY2(answer.startsWith(row.text(3)), qPrintable(answer));
             QCOMPARE(RecordedMessages::texts().filter("not installed").size(),
-                     row.atStart ? 0 : 20 - folder.entryList(QDir::Files).size());
+                     isHost ? 0 : 20 - folder.entryList(QDir::Files).size());
         }
         QVERIFY(QFile::setPermissions(folder.path(), QFile::Permissions(0x7755))); // to be removed
         const QStringList files = folder.entryList(QDir::Files | QDir::Hidden);
         QVERIFY2(files.isEmpty() == readOnly && files.size() < 20, qPrintable(files.join(' ')));
         for (const QString& name : files) {
-            QFile file(folder.filePath(name));
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            QVERIFY2(file.readAll() == shipped, qPrintable(name));
+            QVERIFY2(Descriptions::contentOf(folder.filePath(name)) == shipped, qPrintable(name));
         }
     }
 

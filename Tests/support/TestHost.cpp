@@ -7,6 +7,15 @@
 #include <QFileInfo>
 #include <QSettings>
 
+namespace {
+// A host's folders may have filters, which the driver must not apply: these hide all files.
+QDir filtered(const QString& path)
+{
+    return QDir(path, QStringLiteral("*.none"), QDir::Name, QDir::Dirs);
+}
+
+} // namespace
+
 TestHost::TestHost()
 {
     QCoreApplication::setOrganizationName(QStringLiteral("DigitizerTests"));
@@ -26,12 +35,12 @@ TestHost::~TestHost()
 
 QDir TestHost::pluginsDir() const
 {
-    return QDir(path(QStringLiteral("plugins")));
+    return filtered(path(QStringLiteral("plugins")));
 }
 
 QDir TestHost::appDataLocation() const
 {
-    return QDir(path(QStringLiteral("data")));
+    return filtered(path(QStringLiteral("data")));
 }
 
 void TestHost::displayWarning(const QString& text, const QString& details,
