@@ -8,9 +8,9 @@
 #include "DigitizerGeneric/File_Digital/DigipenStringAnalyzer.h"
 #include "DigitizerGeneric/File_Digital/FatalError.h"
 #include "DigitizerGeneric/File_Digital/PenLineReader.h"
-#include "support/PenModel.h"
 #include "support/RecordedMessages.h"
 #include "support/TestHost.h"
+#include "support/TextRows.h"
 
 #include <QtTest>
 
@@ -84,6 +84,31 @@ QString readable(const std::string& commands)
     return text.trimmed();
 }
 
+constexpr int position = -1; // as an event, at (5, -7); others are buttons
+
+QString outcome(const QString& written, const QString& state, bool curve)
+{
+    return written + " to " + state + (curve ? " on a curve" : " on a line");
+}
+
+// As the row of the state says it.
+QString outcomeOf(const TextRow& row, int event, bool internal, bool curve)
+{
+    const int column = event == position ? (internal ? 6 : 4) : 2; // that of the codes
+    QStringList written;
+    const QString codes = row.text(column).remove('-');
+    for (const QChar code : codes)
+        written << code + QLatin1String(event == position ? "5,-7" : "0,0");
+    if (event == position && (row.name == "Line4" || row.name == "Curve4"))
+        curve = row.name == "Curve4";
+    QString next = "=";
+    if (event == position)
+        next = row.text(column + 1).section('/', curve ? -1 : 0, curve ? -1 : 0);
+    else if (event >= 1 && event <= 4)
+        next = row.text(3).split(' ').at(event - 1);
+    return outcome(written.join(' '), next == "=" ? row.name : next, curve);
+}
+
 // "1=5 2=0": position and digit of each entry.
 QString readable(const QMap<int, char>& field)
 {
@@ -148,43 +173,35 @@ private slots:
 
     void everyStateTakesEveryEvent_data()
     {
-        QTest::addColumn<QString>("state");
-        for (const QString& state : PenModel::states().keys())
-            QTest::newRow(qPrintable(state)) << state;
-        QCOMPARE(PenModel::states().keys(), singles.keys());
+        addTextRows("pen-states.txt", 8);
+        QCOMPARE(textRows("pen-states.txt", 8).size(), singles.size());
     }
 
     void everyStateTakesEveryEvent()
     {
-        QFETCH(QString, state);
-        const int position = -1;
+        QFETCH(TextRow, row);
         for (int choice = 0; choice < 8 * 4 * 2; ++choice) {
             const int event = QVector<int>{position, 0, 1, 2, 3, 4, 5, 9}.at(choice % 8);
             const int hostMode = QVector<int>{49, 50, 59, 60}.at(choice / 8 % 4);
-            PenModel model(state);
-            model.curve = t_DigipenState_4ex::m_curve = choice / 32 == 1;
-            model.internal = hostMode == 50 || hostMode == 59;
+            const bool internal = hostMode == 50 || hostMode == 59;
+            const bool curve = choice / 32 == 1;
+            t_DigipenState_4ex::m_curve = curve;
             Digitizer::instance()->m_host_mode = hostMode;
-            t_DigipenState::m_internal_mode = !model.internal; // is not asked by states
-            t_DigipenDataConverter converter(singles[state]());
+            t_DigipenState::m_internal_mode = !internal; // is not asked by states
+            t_DigipenDataConverter converter(singles[row.name]());
             converter.m_state->enter();
-            QCOMPARE(QString::fromStdString(converter.m_state->commandCode()), model.code());
+            QCOMPARE(QString::fromStdString(converter.m_state->commandCode()),
+                     row.text(0).remove('-'));
             QCOMPARE(converter.m_state->terminateButton(), 4);
-            QCOMPARE(converter.m_state->is4ex(), model.isExtended());
-            if (event == position) {
+            QCOMPARE(converter.m_state->is4ex(), row.fields.at(1) == "extended");
+            if (event == position)
                 converter.coordinate(5, -7);
-                model.position(5, -7);
-            } else {
+            else
                 converter.button(event);
-                model.button(event);
-            }
-            const QByteArray what =
-                QStringLiteral("event %1, mode %2").arg(event).arg(hostMode).toUtf8();
-            QVERIFY2(converter.m_commands == model.written,
-                     what + ": " + converter.m_commands.c_str());
-            QVERIFY2(nameOf(converter.m_state) == model.state,
-                     what + ": " + nameOf(converter.m_state).toUtf8());
-            QCOMPARE(t_DigipenState_4ex::m_curve, model.curve);
+            const QString what = QStringLiteral("event %1, mode %2: ").arg(event).arg(hostMode);
+            QCOMPARE(what + outcome(readable(converter.m_commands), nameOf(converter.m_state),
+                                    t_DigipenState_4ex::m_curve),
+                     what + outcomeOf(row, event, internal, curve));
         }
     }
 
