@@ -8,7 +8,6 @@
 #include "support/RecordedMessages.h"
 #include "support/SmallDisk.h"
 #include "support/TextRows.h"
-#include "support/Unprivileged.h"
 
 #include <QSocketNotifier>
 #include <QTranslator>
@@ -82,39 +81,6 @@ class PenImportTest : public QObject
 
 private slots:
     void init() { QDir::setCurrent(QDir::rootPath()); }
-    void waitingFilesAreImported_data() { addTextRows("pen-imports.txt", 4); }
-
-    void waitingFilesAreImported()
-    {
-        QFETCH(TextRow, row);
-        const auto has = [&](const char* option) { return row.fields.at(1).contains(option); };
-        PenInput pen;
-        pen.put(expanded(row.fields.at(0)));
-        pen.digitizer->setExtended4Buttons(has("extended"));
-        pen.digitizer->m_host_mode = has("internal") ? 50 : 0;
-        pen.host.answer = has("delete") ? 1 : has("cancel") ? 2 : has("dismissed") ? -1 : 0;
-        if (has("throw"))
-            PenSteps::run(pen, has("other") ? "report 1: throw"
-                                            : "report 1: throw Gr\xc3\xb6\xc3\x9f"
-                                              "e");
-
-        const bool imported = pen.host.answer == 0;
-        QCOMPARE(pen.digitizer->open(), imported);
-        QCOMPARE(pen.digitizer->active(), imported);
-        QCOMPARE(pen.delivered(), row.fields.at(2));
-        QCOMPARE(pen.names(), row.fields.at(3));
-        QCOMPARE(pen.host.questions.join('/'),
-                 QLatin1String(has("unasked") ? ""
-                                              : "Digitizer files are ready to be imported."
-                                                "|Import|Import|Delete|Cancel"));
-        QCOMPARE(pen.host.errors.join('/'), !has("throw")  ? QString()
-                                            : has("other") ? QStringLiteral("Unexpected Error")
-                                                           : QStringLiteral("Gr\u00f6\u00dfe"));
-        QVERIFY(!pen.digitizer->close());
-        QVERIFY(!pen.digitizer->active());
-        QCOMPARE(pen.delivered(), row.fields.at(2));
-    }
-
     void sampleFilesGiveTheReportsBesideThem_data()
     {
         QTest::addColumn<QString>("file"); // without its extension
@@ -147,25 +113,29 @@ private slots:
 
     void scenarios_data()
     {
-        QTest::addColumn<QByteArrayList>("steps");
-        const QByteArray text =
-            contentOf(QStringLiteral(SOURCE_DIRECTORY "/Tests/Rows/pen-scenarios.txt")).trimmed();
-        QList<QByteArray> steps;
-        for (const QByteArray& line : (text + "\n").split('\n')) {
+        QTest::addColumn<QByteArray>("steps");
+        for (const TextRow& row : textRows("pen-imports.txt", 4))
+            QTest::newRow(row.name)
+                << "put " + row.fields.at(0) + " & " + row.fields.at(1) +
+                       (row.fields.at(1).contains("errors") ? "" : " & errors") +
+                       " & close & reports " + row.fields.at(2) + " & names " + row.fields.at(3);
+        const QByteArray text = contentOf(SOURCE_DIRECTORY "/Tests/Rows/pen-scenarios.txt");
+        QByteArrayList steps;
+        for (const QByteArray& line : text.split('\n')) {
             if (line.isEmpty() && !steps.isEmpty())
-                QTest::newRow(steps.first()) << QByteArrayList(steps.mid(1));
+                QTest::newRow(steps.takeFirst()) << unescaped(steps.join(" & "));
             if (line.isEmpty())
                 steps.clear();
             else if (!line.startsWith('#'))
-                steps << unescaped(line);
+                steps << line;
         }
     }
 
     void scenarios()
     {
-        QFETCH(QByteArrayList, steps);
+        QFETCH(QByteArray, steps);
         PenInput pen;
-        PenSteps::run(pen, steps);
+        PenSteps::runAll(pen, steps);
     }
 
     void aHostMayDoAnythingInItsHandler_data()
@@ -185,8 +155,8 @@ private slots:
         QFETCH(QByteArray, starter);
         PenInput pen;
         pen.digitizer->setPenFileSettleTime(starter == "the timer" ? 50 : 0);
-        for (const QString& step : row.text(0).split(", "))
-            PenSteps::run(pen, "report 1: " + step.toLatin1());
+        PenSteps::runAll(pen, "report 1: " +
+                                  QByteArray(row.fields.at(0)).replace(" & ", " & report 1: "));
         const bool byOpen = starter == "open()";
         QVERIFY(byOpen || pen.digitizer->open());
         // Both before the first notification.
@@ -209,17 +179,17 @@ private slots:
         // What comes later is delivered, once.
         pen.reports.clear();
         pen.hooks.clear();
-        PenSteps::run(pen, {"select A File:", "put later.dat=A- 4\nX:6:6\n",
-                            "names a.txt b.txt later.txt", "reports 4:6,6"});
+        PenSteps::runAll(pen, "select A File: & put later.dat=A- 4\nX:6:6\n & "
+                              "names a.txt b.txt later.txt & reports 4:6,6");
     }
 
     void faults_data()
     {
         QTest::addColumn<TextRow>("row");
         QTest::addColumn<bool>("settle");
-        for (const TextRow& row : textRows("pen-faults.txt", 7)) {
+        for (const TextRow& row : textRows("pen-faults.txt", 5)) {
             for (const bool settle : {false, true}) {
-                if (!row.fields.at(1).contains(settle ? "plain" : "settling"))
+                if (!row.fields.at(0).contains(settle ? "plain" : "settling"))
                     QTest::addRow("%s%s", row.name.constData(), settle ? ", settling" : "")
                         << row << settle;
             }
@@ -230,36 +200,21 @@ private slots:
     {
         QFETCH(TextRow, row);
         QFETCH(bool, settle);
-        const auto has = [&](const char* option) { return row.fields.at(1).contains(option); };
-        if (has("root") && geteuid() != 0)
+        if (row.fields.at(0) == "root" && geteuid() != 0)
             QSKIP("only root can leave somebody else a file");
         PenInput pen;
-        boost::scoped_ptr<SmallDisk> disk(has("disk") ? new SmallDisk(pen.folder, 64) : nullptr);
+        boost::scoped_ptr<SmallDisk> disk;
+        if (row.fields.at(0) == "disk")
+            disk.reset(new SmallDisk(pen.folder, 64));
         if (disk && !disk->problem().isEmpty())
             QSKIP(qPrintable(disk->problem()));
-        if (!has("watched"))
-            pen.put(row.fields.at(0));
-        PenSteps::run(pen, row.fields.at(2).split('&'));
-        PenSteps::run(pen, "report 1: " + row.fields.at(3));
-        pen.digitizer->setPenFileSettleTime(settle ? 50 : 0);
-        pen.host.answer = has("delete") ? 1 : 0;
+        const auto same = qScopeGuard([] { QCOMPARE(::seteuid(::getuid()), 0); });
         const RecordedMessages messages(true);
-        const Unprivileged user(has("user"));
-        QCOMPARE(pen.digitizer->open(), !has("closed"));
-        QCOMPARE(pen.digitizer->active(), !has("closed"));
-        if (has("watched")) {
-            QCOMPARE(seteuid(0), 0);
-            pen.put(row.fields.at(0));
-            QCOMPARE(seteuid(65534), 0);
-        }
-        PenSteps::run(pen, "reports " + row.fields.at(4));
+        pen.digitizer->setPenFileSettleTime(settle ? 50 : 0);
+        PenSteps::runAll(pen, row.fields.at(1));
         // An import must not be what starts the next one.
-        PenSteps::run(pen, "quiet");
-        QCOMPARE(pen.digitizer->unsettledPenFiles(), 0);
-        QCOMPARE(pen.names(), row.fields.at(5));
-        ::unlink(pen.encodedPathOf("\xff.dat")); // Qt cannot remove it
-        QVERIFY2(row.fields.at(6).isEmpty() || RecordedMessages::hold(row.fields.at(6)),
-                 qPrintable(RecordedMessages::texts().join('\n')));
+        PenSteps::runAll(pen, "reports " + row.fields.at(2) + " & quiet & waiting 0 & names " +
+                                  row.fields.at(3) + " & " + row.fields.at(4));
     }
 
     void textsAreTranslatedInTheirContexts()
@@ -312,7 +267,7 @@ private slots:
         bool boxEnded = !box;
         pen.host.duringDialog = [&] {
             // The file at hand goes, so that its renaming announces nothing after the box.
-            PenSteps::run(pen, "remove a.dat");
+            PenSteps::run(pen, "sh rm pen/a.dat");
             putMany();
             QTRY_VERIFY(RecordedMessages::hold("waits for its end"));
             QCOMPARE(pen.reports.size(), 1);

@@ -3,9 +3,11 @@
 #pragma once
 
 #include "support/PenInput.h"
+#include "support/RecordedMessages.h"
+#include "support/TextRows.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
+#include <cstdlib>
+
 #include <unistd.h>
 
 /// The steps of Rows/pen-*.txt, by their first words.
@@ -34,14 +36,16 @@ inline const QMap<QByteArray, Value> values = {
 inline void open(PenInput& pen, const QByteArray& expected)
 {
     const bool opened = pen.digitizer->open();
-    QVERIFY2(expected.isEmpty() || expected == yesOrNo(opened), "opened: " + yesOrNo(opened));
+    if (expected.isEmpty())
+        return;
+    QCOMPARE(yesOrNo(opened), expected);
+    QVERIFY(pen.digitizer->active() || !opened);
 }
 
-inline void setDirectory(PenInput& pen, const QByteArray& path)
+inline void close(PenInput& pen, const QByteArray& /*argument*/)
 {
-    pen.setDirectory(QString::fromUtf8(path));
-    if (path.startsWith("absent"))
-        QSettings().remove("digitizer_file_directory");
+    QVERIFY(!pen.digitizer->close());
+    QVERIFY(!pen.digitizer->active());
 }
 
 /// A watcher of the test's own tells when the system has announced the change.
@@ -51,13 +55,6 @@ inline void putAndWait(PenInput& pen, const QByteArray& entries)
     QSignalSpy announced(&watcher, &QFileSystemWatcher::directoryChanged);
     pen.put(entries);
     QVERIFY(announced.wait());
-}
-
-inline void append(PenInput& pen, const QByteArray& entry)
-{
-    const int end = entry.indexOf('=');
-    QFile file(pen.pathOf(QString::fromUtf8(entry.left(end))));
-    QVERIFY(file.open(QIODevice::Append) && file.write(entry.mid(end + 1)) > 0);
 }
 
 /// Nothing may come; a change would take far less.
@@ -75,106 +72,52 @@ inline void raise(PenInput& /*pen*/, const QByteArray& text)
     throw std::runtime_error(text.toStdString());
 }
 
-/// Lets everybody reach the pen directory and read the settings, and gives the directory rights.
-inline void setRights(PenInput& pen, const QByteArray& octal)
+/// In the folder that the pen directory is in.
+inline void runInShell(PenInput& pen, const QByteArray& command)
 {
-    QSettings settings;
-    settings.sync();
-    for (const QString& path : {pen.host.path(QString()), settings.fileName(),
-                                QFileInfo(settings.fileName()).path(), pen.host.path("settings")})
-        QCOMPARE(::chmod(QFile::encodeName(path).constData(), 0755), 0);
-    QCOMPARE(::chmod(pen.encodedPathOf("."), mode_t(octal.toUInt(nullptr, 8))), 0);
+    const QByteArray folder = QFile::encodeName(pen.host.path(""));
+    QCOMPARE(std::system(("cd '" + folder + "' && " + command).constData()), 0);
 }
 
-inline void fillDisk(PenInput& pen, const QByteArray& /*argument*/)
-{
-    QFile filler(pen.pathOf("filler"));
-    QVERIFY(filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
-    while (filler.write(QByteArray(512, ' ')) > 0) {
-    }
-}
-
-inline void makeUndecodable(PenInput& pen, const QByteArray& /*argument*/)
-{
-    QVERIFY(::close(::open(pen.encodedPathOf("\xff.dat"), O_CREAT | O_WRONLY, 0644)) == 0);
-}
-
-inline void reachThroughLink(PenInput& pen, const QByteArray& /*argument*/)
-{
-    QVERIFY(QDir().mkpath(pen.host.path("other/deep")));
-    QVERIFY(QDir().rename(pen.folder, pen.host.path("other/pens")));
-    QVERIFY(QFile::link("other/deep", pen.host.path("link")));
-    QVERIFY(QDir().mkpath(pen.host.path("pens")));
-    pen.setDirectory(pen.host.path("link/../pens"));
-    pen.folder = pen.host.path("other/pens");
-}
-
-/// Gives the directory the name \a setting, and reaches it from the folder that it is in.
-inline void reachRelatively(PenInput& pen, const QByteArray& setting)
-{
-    const QString path = pen.host.path(QString()) + '/' + QString::fromUtf8(setting);
-    QVERIFY(path.endsWith("/pen/") || QDir().rename(pen.folder, path));
-    pen.folder = path;
-    QDir::setCurrent(pen.host.path(QString()));
-    pen.setDirectory(QString::fromUtf8(setting));
-}
-
-/// Puts another file in the place of a.dat that differs in nothing but its content.
-inline void replaceByTwin(PenInput& pen, const QByteArray& content)
-{
-    const QByteArray path = pen.encodedPathOf("a.dat");
-    struct stat status = {};
-    QCOMPARE(::stat(path, &status), 0);
-    const QByteArray twin =
-        QFile::encodeName(pen.host.write("twin", content.leftJustified(int(status.st_size), '\n')));
-    const timespec times[] = {status.st_atim, status.st_mtim};
-    QCOMPARE(::utimensat(AT_FDCWD, twin, times, 0), 0);
-    QCOMPARE(std::rename(twin, path), 0);
-}
-
-/// What somebody does.
+/// What somebody does. Relative paths are those of the folder that the pen directory is in.
 inline const QMap<QByteArray, Action> actions = {
     {"", [](PenInput&, const QByteArray&) {}},
     {"announced", putAndWait},
     {"answer", [](PenInput& pen, const QByteArray& n) { pen.host.answer = n.toInt(); }},
-    {"append", append},
-    {"close", [](PenInput& pen, const QByteArray&) { QVERIFY(!pen.digitizer->close()); }},
-    {"directory", setDirectory},
-    {"fill", fillDisk},
-    {"forbid",
-     [](PenInput& pen, const QByteArray& name) {
-         QVERIFY(::chmod(pen.encodedPathOf(name), 0200) == 0);
-     }},
-    {"link", reachThroughLink},
+    {"close", close},
+    {"directory",
+     [](PenInput& pen, const QByteArray& path) { pen.setDirectory(pen.host.path(path)); }},
+    {"extended",
+     [](PenInput& pen, const QByteArray&) { pen.digitizer->setExtended4Buttons(true); }},
+    {"folder",
+     [](PenInput& pen, const QByteArray& path) { pen.folder = pen.host.path("") + '/' + path; }},
     {"loop", [](PenInput&, const QByteArray& milliseconds) { QTest::qWait(milliseconds.toInt()); }},
-    {"make", [](PenInput& pen, const QByteArray&) { QVERIFY(QDir().mkpath(pen.folder)); }},
+    {"mode",
+     [](PenInput& pen, const QByteArray& mode) { pen.digitizer->m_host_mode = mode.toInt(); }},
     {"open", open},
-    {"pipe", [](PenInput& pen,
-                const QByteArray& name) { QVERIFY(::mkfifo(pen.encodedPathOf(name), 0666) == 0); }},
-    {"put", [](PenInput& pen, const QByteArray& entries) { pen.put(entries); }},
+    {"put", [](PenInput& pen, const QByteArray& entries) { pen.put(expanded(entries)); }},
     {"quiet", beQuiet},
-    {"relatively", reachRelatively},
-    {"remove", [](PenInput& pen,
-                  const QByteArray& name) { QVERIFY(::unlink(pen.encodedPathOf(name)) == 0); }},
-    {"rename",
-     [](PenInput& pen, const QByteArray& name) {
-         QVERIFY(QDir().rename(pen.folder, pen.host.path(QString::fromUtf8(name))));
+    {"relatively",
+     [](PenInput& pen, const QByteArray& path) {
+         QDir::setCurrent(pen.host.path(""));
+         pen.setDirectory(path);
      }},
-    {"rights", setRights},
     {"select",
      [](PenInput& pen, const QByteArray& driverAndDevice) {
-         pen.digitizer->selectDevice(QString::fromUtf8(driverAndDevice.left(1)),
-                                     QString::fromUtf8(driverAndDevice.mid(2)));
+         pen.digitizer->selectDevice(driverAndDevice.left(1), driverAndDevice.mid(2));
      }},
     {"settle", [](PenInput& pen,
                   const QByteArray& time) { pen.digitizer->setPenFileSettleTime(time.toInt()); }},
+    {"sh", runInShell},
     {"throw", raise},
-    {"truncate",
-     [](PenInput& pen, const QByteArray& name) { ::truncate(pen.encodedPathOf(name), 0); }},
-    {"twin", replaceByTwin},
-    {"undecodable", makeUndecodable},
+    {"told",
+     [](PenInput&, const QByteArray& part) {
+         QVERIFY2(RecordedMessages::hold(part), qPrintable(RecordedMessages::texts().join('\n')));
+     }},
     {"unregister",
      [](PenInput&, const QByteArray&) { MavSystem::DigitalReport::unregisterHandle(); }},
+    {"unset", [](PenInput&, const QByteArray&) { QSettings().remove("digitizer_file_directory"); }},
+    {"user", [](PenInput&, const QByteArray& id) { QCOMPARE(::seteuid(id.toUInt()), 0); }},
 };
 
 /// Does one step, or keeps it for its event: "report 2: STEP".
@@ -187,9 +130,8 @@ inline void run(PenInput& pen, const QByteArray& step)
         pen.hooks[match.captured(1).toLatin1()] << [&pen, rest] { run(pen, rest); };
         return;
     }
-    const int blank = step.indexOf(' ');
     const QByteArray word = step.split(' ').first();
-    const QByteArray argument = blank < 0 ? QByteArray() : step.mid(blank + 1);
+    const QByteArray argument = step.mid(word.size() + 1);
     QVERIFY2(values.contains(word) || actions.contains(word), "no such step: " + step);
     if (actions.contains(word))
         return actions[word](pen, argument);
@@ -198,10 +140,10 @@ inline void run(PenInput& pen, const QByteArray& step)
     QVERIFY2(became, step + "\nbut: " + value.left(200));
 }
 
-/// Does \a steps until one fails.
-inline void run(PenInput& pen, const QByteArrayList& steps)
+/// Does \a steps, separated by " & ", until one fails.
+inline void runAll(PenInput& pen, QByteArray steps)
 {
-    for (const QByteArray& step : steps) {
+    for (const QByteArray& step : steps.replace(" & ", "\xff").split('\xff')) {
         if (!QTest::currentTestFailed())
             run(pen, step);
     }
