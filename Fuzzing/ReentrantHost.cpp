@@ -2,28 +2,17 @@
 // SPDX-License-Identifier: MIT
 #include "Fuzzing/ReentrantHost.h"
 
-#include "DigitizerGeneric/Digitizer/Digitizer.h"
 #include "DigitizerGeneric/Digitizer/InputEvents.h"
-#include "DigitizerGeneric/File_Digital/FatalError.h"
 #include "ReferenceHost/Serial/PseudoTerminal.h"
-#include "support/DescriptionBuilder.h"
-#include "support/TestHost.h"
+#include "support/PenInput.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QEventLoop>
-#include <QFile>
 #include <QRandomGenerator>
 #include <QScopeGuard>
-#include <QSettings>
-#include <QTimer>
-#include <QVector>
 
-#include <cmath>
 #include <memory>
 
 using namespace MavSystem;
-using namespace ReferenceHost;
 
 namespace {
 
@@ -34,7 +23,7 @@ constexpr int addedPoint = 9;   // y of what a file grows by; a tablet's are gre
 struct PenFile
 {
     QString name;
-    QVector<int> points;  // delivered, in order
+    QString points = {};  // delivered, in order
     bool owed = true;     // not removed, and the handler was there all the time
     bool repeats = false; // it may be imported several times
     bool stays = false;   // its new name is taken
@@ -46,21 +35,20 @@ public:
     explicit Session(const QByteArray& decisions) : m_decisions(decisions)
     {
         for (const char* name : {"A", "B"})
-            m_host.writeDescription(QString::fromLatin1(name),
+            m_host.writeDescription(name,
                                     DescriptionBuilder(name)
                                         .resolution(1, "LPMM")
                                         .buttons(*name == 'A' ? "4" : "16", 1, {"1", "2", "3", "4"})
                                         .beep("<beepString><character>7</character></beepString>")
                                         .xml());
-        QDir().mkpath(m_host.path(QStringLiteral("pen")));
-        QSettings().setValue(QStringLiteral("digitizer_file_directory"),
-                             m_host.path(QStringLiteral("pen")));
         m_host.duringDialog = [this] { reactToBox(); };
-        m_digitizer->selectDevice(QStringLiteral("A"), QStringLiteral("File:"));
-        m_digitizer->setExtended4Buttons(false);
+        m_digitizer->selectDevice("A", "File:");
         m_digitizer->setCheckedReading(false);
-        m_digitizer->m_host_mode = 0;
-        listen();
+        const InputEvents* const events = m_digitizer->inputEvents();
+        const auto react = [this] { actWithoutThrowing(); };
+        QObject::connect(events, &InputEvents::bytesPassedOver, react);
+        QObject::connect(events, &InputEvents::inputUnread, react);
+        QObject::connect(events, &InputEvents::portLost, react);
         registerHandler();
     }
 
@@ -68,22 +56,24 @@ public:
     {
         DigitalReport::unregisterHandle();
         m_digitizer->inputEvents()->disconnect();
-        for (int closed = 0; closed < 2; ++closed) // the pen input, then a port
-            m_digitizer->close();
+        m_digitizer->close(); // the pen input
+        m_digitizer->close(); // a port
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
     QStringList run()
     {
         // Objects that are deleted later go at different moments below and beside an event loop.
+        QEventLoop loop;
+        const auto actAll = [&] {
+            while (m_next < m_decisions.size())
+                actWithoutThrowing();
+            loop.quit();
+        };
         if (decide(2) == 0) {
             actAll();
         } else {
-            QEventLoop loop;
-            QTimer::singleShot(0, &loop, [&] {
-                actAll();
-                loop.quit();
-            });
+            QTimer::singleShot(0, &loop, actAll);
             loop.exec();
         }
         m_decisions.clear();
@@ -94,14 +84,6 @@ public:
 private:
     void fail(const QString& text) { m_failures << text; }
 
-    void listen()
-    {
-        const InputEvents* const events = m_digitizer->inputEvents();
-        QObject::connect(events, &InputEvents::bytesPassedOver, [this] { actWithoutThrowing(); });
-        QObject::connect(events, &InputEvents::inputUnread, [this] { actWithoutThrowing(); });
-        QObject::connect(events, &InputEvents::portLost, [this] { actWithoutThrowing(); });
-    }
-
     int decide(int choices)
     {
         return m_next < m_decisions.size() ? uchar(m_decisions.at(m_next++) - '0') % choices : 0;
@@ -110,22 +92,24 @@ private:
     void act()
     {
         using Action = void (Session::*)();
-        static constexpr Action actions[] = {
-            &Session::open,         &Session::close,       &Session::select,
-            &Session::set,          &Session::put,         &Session::rename,
-            &Session::remove,       &Session::grow,        &Session::processEvents,
-            &Session::runEventLoop, &Session::raise,       &Session::unregister,
-            &Session::send,         &Session::callTheRest, &Session::registerHandler,
-            &Session::switchOn};
-        // What changes much is done more often. Letters are appended only: kept inputs count on
-        // them.
-        static constexpr char choices[] = "ABCDEFGHIJKLMNOOAAAEEEIJJKP";
+        // What changes much is done more often. Rows are appended only, and their weights stay:
+        // kept inputs count on them.
+        static constexpr std::pair<Action, int> weights[] = {
+            {&Session::open, 4},         {&Session::close, 1},       {&Session::select, 1},
+            {&Session::set, 1},          {&Session::put, 4},         {&Session::rename, 1},
+            {&Session::remove, 1},       {&Session::grow, 1},        {&Session::processEvents, 2},
+            {&Session::runEventLoop, 3}, {&Session::raise, 2},       {&Session::unregister, 1},
+            {&Session::send, 1},         {&Session::callTheRest, 1}, {&Session::registerHandler, 2},
+            {&Session::switchOn, 1}};
+        QVector<Action> actions;
+        for (const auto& [action, weight] : weights)
+            actions += QVector<Action>(weight, action);
         if (m_depth == maximumDepth)
             return;
         ++m_depth;
         const auto leave = qScopeGuard([this] { --m_depth; });
         for (int count = decide(4); count > 0; --count)
-            (this->*actions[choices[decide(int(std::size(choices)) - 1)] - 'A'])();
+            (this->*actions.at(decide(actions.size())))();
     }
 
     // For what an event loop brings, through which nothing may be thrown, and where nobody catches
@@ -138,15 +122,9 @@ private:
         }
     }
 
-    void actAll()
-    {
-        while (m_next < m_decisions.size())
-            actWithoutThrowing();
-    }
-
     void open()
     {
-        const bool pen = m_digitizer->device() == QLatin1String("File:");
+        const bool pen = m_digitizer->device() == "File:";
         const int opens = ++m_opens;
         const bool opened = m_digitizer->open();
         if (!pen && opened)
@@ -161,24 +139,22 @@ private:
         const int closings = m_closings;
         const bool registered = m_registered;
         if (m_digitizer->close() && registered && m_closings == closings)
-            fail(QStringLiteral("close() was true without a closing report"));
+            fail("close() was true without a closing report");
     }
 
     void select()
     {
-        static constexpr const char* drivers[] = {"A", "A", "A", "B", "B", "Nobody"};
-        const char* const driver = drivers[decide(6)];
+        const QByteArray driver = QByteArrayList{"A", "A", "A", "B", "B", "Nobody"}.at(decide(6));
         const int choice = decide(8);
-        QString device =
-            choice == 2 ? QStringLiteral("/dev/does-not-exist") : QStringLiteral("File:");
+        QString device = choice == 2 ? "/dev/does-not-exist" : "File:";
         if (choice == 1) {
             if (!m_tablet)
-                m_tablet = std::make_unique<PseudoTerminal>();
+                m_tablet = std::make_unique<ReferenceHost::PseudoTerminal>();
             device = m_tablet->path();
         }
-        m_scaled = *driver != 'N';
+        m_scaled = driver != "Nobody";
         excuseWaitingFiles();
-        m_digitizer->selectDevice(QLatin1String(driver), device);
+        m_digitizer->selectDevice(driver, device);
     }
 
     void set()
@@ -197,18 +173,15 @@ private:
 
     void put()
     {
-        PenFile file;
-        file.name = QString::number(++m_names);
-        file.stays = file.repeats = decide(8) == 7;
-        if (file.stays)
-            m_host.write(QStringLiteral("pen/%1.txt").arg(file.name), "taken");
-        m_files << file;
+        const bool taken = decide(8) == 7;
+        m_files.append({QString::number(++m_names), {}, true, taken, taken});
+        const PenFile& file = m_files.constLast();
+        if (taken)
+            m_host.write("pen/" + file.name + ".txt", "taken");
         // With the extended buttons, 3 and 1 are one button.
         QByteArray lines = "A- 1|X:N:1|X:N:2|A- 3|A- 1|X:N:3|A- 4|X:N:4|";
         lines.replace('N', QByteArray::number(m_files.size())).replace('|', '\n');
-        const QString outside = m_host.write(QStringLiteral("outside"), lines);
-        if (!QFile::rename(outside, pathOf(file)))
-            qFatal("cannot put %s", qPrintable(file.name));
+        m_pen.putFile(file.name + ".dat", lines);
         excuseWaitingFiles();
     }
 
@@ -221,8 +194,7 @@ private:
         file->name = QString::number(++m_names);
         file->stays = false;
         file->repeats = true; // it may be the one that is being read
-        if (!QFile::rename(before, pathOf(*file)))
-            qFatal("cannot rename %s", qPrintable(before));
+        QFile::rename(before, pathOf(*file));
     }
 
     void remove()
@@ -254,14 +226,9 @@ private:
 
     void raise()
     {
-        const int kind = decide(4);
-        if (kind == 0)
+        if (decide(4) < 2)
             throw std::runtime_error("raised");
-        if (kind == 1)
-            throw FatalError(QStringLiteral("raised"));
-        if (kind == 2)
-            throw 1;
-        throw "raised";
+        throw 1;
     }
 
     void unregister()
@@ -279,10 +246,10 @@ private:
 
     void send()
     {
-        static const QByteArray reports[] = {"000150001", "00025", "000350001000450001", "\r"};
-        const QByteArray& report = reports[decide(4)];
+        const QByteArrayList reports = {"000150001", "00025", "000350001000450001", "\r"};
+        const int choice = decide(4);
         if (m_tablet)
-            m_tablet->write(report);
+            m_tablet->write(reports.at(choice));
     }
 
     void callTheRest()
@@ -309,26 +276,18 @@ private:
 
     void takeReport(const DigitalReport& report)
     {
-        const GeoPoint2D point = report.coordinate();
-        const bool known = std::isfinite(point.x()) && std::isfinite(point.y());
-        const int x = known ? qRound(point.x() * 10) : 0;
-        const int y = known ? qRound(point.y() * 10) : 0;
-        const bool closing = known && x == 0 && y == 0 && point.x() > 0;
+        const bool closing = report.isClosing();
+        // At one line per millimetre.
+        const double file = report.coordinate().x() * 10;
+        const double point = report.coordinate().y() * 10;
         m_closings += closing ? 1 : 0;
-        if (closing || (x > 0 && y > 0 && y <= addedPoint)) {
-            takePoint(x, y);
-            act();
-            return;
-        }
-        actWithoutThrowing(); // a tablet's
-    }
-
-    void takePoint(int file, int point)
-    {
-        if (file > m_files.size())
+        if (!closing && !(file > 0.5 && point > 0.5 && point < addedPoint + 0.5))
+            return actWithoutThrowing(); // a tablet's
+        if (file > m_files.size() + 0.5)
             fail(QStringLiteral("a point that nobody gave: %1 %2").arg(file).arg(point));
-        else if (file > 0 && point <= pointsOfFile)
-            m_files[file - 1].points << point;
+        else if (!closing && point < pointsOfFile + 0.5)
+            m_files[qRound(file) - 1].points += QString::number(qRound(point));
+        act();
     }
 
     // What is imported from now on may be lost on this host.
@@ -346,25 +305,21 @@ private:
         return QFile::exists(pathOf(file)) ? &file : nullptr;
     }
 
-    QString pathOf(const PenFile& file) const
-    {
-        return m_host.path(QStringLiteral("pen/%1.dat").arg(file.name));
-    }
+    QString pathOf(const PenFile& file) const { return m_pen.pathOf(file.name + ".dat"); }
 
     void finish()
     {
         QCoreApplication::processEvents();
         m_scaled = true;
         m_digitizer->setPenFileSettleTime(0);
-        m_digitizer->selectDevice(QStringLiteral("A"), QStringLiteral("File:"));
+        m_digitizer->selectDevice("A", "File:");
         registerHandler();
         m_digitizer->close();
         if (!m_digitizer->open() || !m_digitizer->active())
-            fail(QStringLiteral("it does not open any more"));
+            fail("it does not open any more");
         put();
-        QDeadlineTimer deadline(5000);
-        while (QFile::exists(pathOf(m_files.constLast())) && !deadline.hasExpired())
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        if (!QTest::qWaitFor([this] { return !QFile::exists(pathOf(m_files.constLast())); }))
+            fail("the last file stays");
         for (const PenFile& file : qAsConst(m_files))
             checkFile(file);
     }
@@ -372,24 +327,21 @@ private:
     void checkFile(const PenFile& file)
     {
         const bool waits = QFile::exists(pathOf(file));
-        QString points;
-        for (const int point : file.points)
-            points += QString::number(point);
-        // The pairs of the internal mode.
-        const QString read = QString(points).replace(QLatin1String("33"), QLatin1String("3"));
-        const QString once = QStringLiteral("1234");
+        const QString read = QString(file.points).replace("33", "3"); // pairs of the internal mode
+        const QString once = "1234";
         const bool whole = read == once || (file.repeats && !read.isEmpty() &&
                                             read == once.repeated(read.size() / once.size()));
         if (file.owed && !(whole && waits == file.stays))
             fail(QStringLiteral("file %1, %2 in the directory, gave: %3")
-                     .arg(file.name, QLatin1String(waits ? "still" : "no longer"), points));
+                     .arg(file.name, waits ? "still" : "no longer", file.points));
     }
 
     QByteArray m_decisions;
     int m_next = 0;
-    TestHost m_host;
-    boost::shared_ptr<Digitizer> m_digitizer = Digitizer::instance();
-    std::unique_ptr<PseudoTerminal> m_tablet;
+    PenInput m_pen;
+    TestHost& m_host = m_pen.host;
+    const boost::shared_ptr<Digitizer> m_digitizer = m_pen.digitizer;
+    std::unique_ptr<ReferenceHost::PseudoTerminal> m_tablet;
     QVector<PenFile> m_files; // a file's number, the x of its points, is its place, from 1
     bool m_registered = false;
     bool m_scaled = true; // the selected driver's points are the pen's own
