@@ -116,13 +116,14 @@ A session is sent with its own times, and faster with --rate.
 Each report waits until the host has taken the one before it: after a look whether the port is there, and after an
 opening that discards what has arrived.
 
-  $ report() { dd bs=4096 count=1 status=none <&4 | tr '\r\n' '<>'; echo; }
+  $ report() { sleep 0.05; timeout 10 dd bs=4096 count=1 status=none <&4 | tr '\r\n' '<>'; echo; }
   $ printf '%s\n' '4 3.5 2' '4 36.2 2' '6.1 36.4 3' >places
   $ tablet --driver 'Lectra E92' --script places --fast --stay --delay 1000
   $ exec 4<>tablet 4<&-
   $ sleep 1.2
   $ exec 4<>tablet
   $ python3 -c 'import termios; termios.tcflush(4, termios.TCIFLUSH)'
+  $ sleep 1
   $ for i in 1 2 3; do report; done
   00000031 0   400    350<>
   00000031 0   400   3620<>
@@ -152,7 +153,7 @@ A flood, which is far more than the system keeps, waits for room and arrives who
 
   $ tablet --driver 'Lectra E92' --script places --flood --repeat 3000
   $ exec 4<>tablet
-  $ dd bs=1 status=none <&4 >arrived 2>/dev/null
+  $ timeout 20 dd bs=1 status=none <&4 >arrived 2>/dev/null
   [1]
   $ ended simulator
   DIR/tablet
