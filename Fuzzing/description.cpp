@@ -35,18 +35,18 @@ bool mustBeTaken(const QByteArray& content)
 void requireFound(const QString& name, bool byLoader, bool byPresence)
 {
     Digitizer& digitizer = *Digitizer::instance();
-    digitizer.selectDevice(name, QStringLiteral("File:"));
+    digitizer.selectDevice(name, "File:");
     digitizer.digitBeep();
     require(DescriptionFiles::find(name, BrokenFile::Skipped).has_value() == byLoader,
             "the loader");
-    require((Digitizer::deviceExist() == QLatin1String("No Error has occurred")) == byPresence,
+    require((Digitizer::deviceExist() == "No Error has occurred") == byPresence,
             "the presence check");
 }
 
 bool hasErrors(const QVector<LintFinding>& findings)
 {
     return std::any_of(findings.begin(), findings.end(), [](const LintFinding& finding) {
-        require(!textOf(QStringLiteral("d"), finding).contains(QLatin1Char('\n')), "one line");
+        require(!textOf("d", finding).contains('\n'), "one line");
         return finding.severity == LintFinding::Error;
     });
 }
@@ -62,15 +62,15 @@ QString templateOf(const DigitizerArgument& description)
 // What the lint finds right is what the loader gives.
 void requireAsWritten(const XmlElement& root, const DigitizerArgument& description)
 {
-    const XmlElement* const report = root.child(QStringLiteral("reportFormat"));
-    const XmlElement* const buttons = root.child(QStringLiteral("buttons"));
-    const XmlElement* const resolution = root.child(QStringLiteral("resolution"));
+    const XmlElement* const report = root.child("reportFormat");
+    const XmlElement* const buttons = root.child("buttons");
+    const XmlElement* const resolution = root.child("resolution");
     require(!report || templateOf(description) == report->text, "the template");
     require(!resolution || (description.m_resolution == resolution->text.toInt() &&
                             description.m_resolution >= 1),
             "the resolution");
-    require(!buttons || int(description.m_buttons.size()) ==
-                            buttons->childrenNamed(QStringLiteral("button")).size(),
+    require(!buttons ||
+                int(description.m_buttons.size()) == buttons->childrenNamed("button").size(),
             "the buttons");
 }
 
@@ -80,20 +80,20 @@ void requireAsWritten(const XmlElement& root, const DigitizerArgument& descripti
 void fuzz(const QByteArray& input)
 {
     static TestHost host;
-    host.writeDescription(QStringLiteral("d"), input);
+    host.writeDescription("d", input);
     const XmlOutline outline = xmlOutline(input);
     const bool lintedWithErrors = hasErrors(lintDescription(input));
     require(outline.root || !mustBeTaken(input), "well-formed");
     require(outline.root || lintedWithErrors, "not well-formed, and the lint says nothing");
     if (!outline.root) {
         requireFound(QString(), false, true);
-        requireFound(QStringLiteral("A"), false, false);
+        requireFound("A", false, false);
         return;
     }
-    const XmlAttribute* const name = outline.root->attribute(QStringLiteral("name"));
+    const XmlAttribute* const name = outline.root->attribute("name");
     const QString driver = name ? name->value : QString();
     requireFound(driver, true, true);
-    requireFound(driver + QLatin1Char('A'), false, false);
+    requireFound(driver + 'A', false, false);
     const std::unique_ptr<DigitizerArgument> description(
         DigitizerArgument::digitizerArgument(driver));
     const ReportLayout layout(*description);

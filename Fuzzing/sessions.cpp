@@ -14,7 +14,7 @@ namespace {
 RecordedSession writtenAndRead(const RecordedSession& session)
 {
     static const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("session"));
+    const QString path = folder.filePath("session");
     QFile file(path);
     file.remove();
     require(SessionWriter(path, session).errorString().isEmpty(), "written");
@@ -40,7 +40,7 @@ void requireEqual(const RecordedSession& one, const RecordedSession& other)
 
 void requireLine(const QString& error, int lines)
 {
-    const auto match = QRegularExpression(QStringLiteral("^line ([1-9][0-9]*): .")).match(error);
+    const auto match = QRegularExpression("^line ([1-9][0-9]*): .").match(error);
     require(match.hasMatch() && match.captured(1).toInt() <= lines, qPrintable(error));
 }
 

@@ -51,12 +51,6 @@ QByteArray load(const QString& name)
     return textOf(*std::unique_ptr<DigitizerArgument>(DigitizerArgument::digitizerArgument(name)));
 }
 
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 // As on a full disk, for root too.
 void limitFileSize(rlim_t bytes)
 {
@@ -191,8 +185,8 @@ private slots:
         const QStringList files = shipped.entryList(QDir::Files);
         QCOMPARE(DescriptionFolder::drivers().size(), files.size());
         for (const QString& file : files)
-            QCOMPARE(contentOf(DescriptionFolder::path() + '/' + file),
-                     contentOf(shipped.filePath(file)));
+            QCOMPARE(bytesOf(DescriptionFolder::path() + '/' + file),
+                     bytesOf(shipped.filePath(file)));
         const auto driver = DescriptionFolder::find("Generic 5-5-1 (ASCII)");
         QVERIFY(driver && driver->takesReports());
         QCOMPARE(driver->file, host.path("data/generated/generic-5-5-1.xml"));
@@ -216,7 +210,7 @@ private slots:
             host.write(installedFile, row.installed);
         host.write(shippedFile, "new");
         QCOMPARE(DescriptionFolder::prepare(), QString());
-        QCOMPARE(contentOf(host.path(installedFile)), row.afterwards);
+        QCOMPARE(bytesOf(host.path(installedFile)), row.afterwards);
         const QStringList files = QDir(host.path("data")).entryList(QDir::Files) +
                                   QDir(DescriptionFolder::path()).entryList(QDir::Files);
         QCOMPARE(files, QStringList({"shipped-descriptions.ini", "a.xml", "own.xml"}));
@@ -234,9 +228,9 @@ private slots:
         const QString problem = DescriptionFolder::prepare();
         limitFileSize(RLIM_INFINITY);
         QVERIFY2(problem.startsWith("cannot write the description"), qPrintable(problem));
-        QCOMPARE(contentOf(host.path(installedFile)), QByteArray("old"));
+        QCOMPARE(bytesOf(host.path(installedFile)), QByteArray("old"));
         QCOMPARE(DescriptionFolder::prepare(), QString());
-        QCOMPARE(contentOf(host.path(installedFile)), large);
+        QCOMPARE(bytesOf(host.path(installedFile)), large);
     }
 
     void aRecordThatCannotBeKeptIsTold()
@@ -289,7 +283,7 @@ private slots:
         if (!expected.isEmpty())
             return;
         QCOMPARE(result.driver.file, host.path("data/generated/" + row.text(0)));
-        QCOMPARE(contentOf(result.driver.file), content);
+        QCOMPARE(bytesOf(result.driver.file), content);
         QVERIFY(DescriptionFolder::find(result.driver.name));
     }
 

@@ -27,12 +27,6 @@
 using namespace MavSystem;
 
 namespace {
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("not there");
-}
-
 // The process then has a kernel, or a file system, that answers \a error.
 void forbidExclusiveRename(int error)
 {
@@ -81,10 +75,11 @@ class PenImportTest : public QObject
 
 private slots:
     void init() { QDir::setCurrent(QDir::rootPath()); }
+
     void sampleFilesGiveTheReportsBesideThem_data()
     {
         QTest::addColumn<QString>("file"); // without its extension
-        QDirIterator files(QStringLiteral(SOURCE_DIRECTORY "/Examples/pen"), {"*.dat"}, QDir::Files,
+        QDirIterator files(SOURCE_DIRECTORY "/Examples/pen", {"*.dat"}, QDir::Files,
                            QDirIterator::Subdirectories);
         while (files.hasNext())
             QTest::newRow(qPrintable(QFileInfo(files.next()).baseName()))
@@ -95,10 +90,9 @@ private slots:
     {
         QFETCH(QString, file);
         PenInput pen;
-        pen.host.writeDescription(
-            QStringLiteral("pen.xml"),
-            contentOf(QStringLiteral(SOURCE_DIRECTORY "/Examples/pen/example-pen.xml")));
-        pen.host.write("pen/a.dat", contentOf(file + QStringLiteral(".dat")));
+        pen.host.writeDescription("pen.xml",
+                                  bytesOf(SOURCE_DIRECTORY "/Examples/pen/example-pen.xml"));
+        pen.host.write("pen/a.dat", bytesOf(file + ".dat"));
         pen.digitizer->selectDevice("Example Pen", "File:");
         pen.digitizer->setExtended4Buttons(file.contains("/extended/"));
         QByteArray reports;
@@ -108,7 +102,7 @@ private slots:
                        QByteArray::number(report.m_button_number) + '\n';
         });
         QVERIFY(pen.digitizer->open());
-        QCOMPARE(reports, contentOf(file + QStringLiteral(".reports")));
+        QCOMPARE(reports, bytesOf(file + ".reports"));
     }
 
     void scenarios_data()
@@ -119,7 +113,7 @@ private slots:
                 << "put " + row.fields.at(0) + " & " + row.fields.at(1) +
                        (row.fields.at(1).contains("errors") ? "" : " & errors") +
                        " & close & reports " + row.fields.at(2) + " & names " + row.fields.at(3);
-        const QByteArray text = contentOf(SOURCE_DIRECTORY "/Tests/Rows/pen-scenarios.txt");
+        const QByteArray text = bytesOf(SOURCE_DIRECTORY "/Tests/Rows/pen-scenarios.txt");
         QByteArrayList steps;
         for (const QByteArray& line : text.split('\n')) {
             if (line.isEmpty() && !steps.isEmpty())
@@ -203,9 +197,8 @@ private slots:
         if (row.fields.at(0) == "root" && geteuid() != 0)
             QSKIP("only root can leave somebody else a file");
         PenInput pen;
-        boost::scoped_ptr<SmallDisk> disk;
-        if (row.fields.at(0) == "disk")
-            disk.reset(new SmallDisk(pen.folder, 64));
+        const bool small = row.fields.at(0) == "disk";
+        boost::scoped_ptr<SmallDisk> disk(small ? new SmallDisk(pen.folder, 64) : nullptr);
         if (disk && !disk->problem().isEmpty())
             QSKIP(qPrintable(disk->problem()));
         const auto same = qScopeGuard([] { QCOMPARE(::seteuid(::getuid()), 0); });
@@ -230,61 +223,49 @@ private slots:
         } translator;
         QCoreApplication::installTranslator(&translator);
         PenInput pen;
-        pen.put("a.dat=X:1:1");
-        PenSteps::run(pen, "report 1: throw");
-        QVERIFY(pen.digitizer->open());
+        PenSteps::runAll(pen, "put a.dat=X:1:1 & report 1: throw & open yes & "
+                              "errors MavApplication/Unexpected Error");
         QCOMPARE(pen.host.questions.value(0),
                  "DigipenFileDigitalization/Digitizer files are ready to be imported.|"
                  "DigipenFileDigitalization/Import|DigipenFileDigitalization/Import|"
                  "DigipenFileDigitalization/Delete|DigipenFileDigitalization/Cancel");
-        QCOMPARE(pen.host.errors, QStringList("MavApplication/Unexpected Error"));
     }
 
     void filesThatArriveDuringAnErrorBox_data()
     {
-        QTest::addColumn<bool>("box");
-        QTest::addColumn<bool>("closes"); // the host, in the box
-        QTest::newRow("wait for the end") << true << false;
-        QTest::newRow("are not imported if the host closes") << true << true;
-        QTest::newRow("without a box are imported at once") << false << false;
+        QTest::addColumn<QByteArray>("steps"); // with MANY files, before another one
+        QTest::addColumn<QByteArray>("error");
+        QTest::addColumn<bool>("imported");
+        // The file at hand goes, so that its renaming announces nothing after the box.
+        const QByteArray box =
+            "report 1: throw thrown & error 1: sh rm pen/a.dat & error 1: MANY & "
+            "error 1: told waits for its end & error 1: reports 4:1,1";
+        QTest::newRow("wait for the end") << box << QByteArray("thrown") << true;
+        QTest::newRow("are not imported if the host closes")
+            << box + " & error 1: close" << QByteArray("thrown") << false;
+        QTest::newRow("without a box are imported at once")
+            << QByteArray("MANY") << QByteArray() << true;
     }
 
     void filesThatArriveDuringAnErrorBox()
     {
-        QFETCH(bool, box);
-        QFETCH(bool, closes);
+        QFETCH(QByteArray, steps);
+        QFETCH(QByteArray, error);
+        QFETCH(bool, imported);
         const RecordedMessages messages(true);
         PenInput pen;
-        QVERIFY(pen.digitizer->open());
-        // In descending order, so that the import has to sort them.
-        const auto putMany = [&] {
-            for (int number = 1299; number >= 1000; --number)
-                pen.put(QStringLiteral("p%1.dat=A- 4\nX:%1:0").arg(number).toLatin1());
-        };
-        QByteArrayList expected = {"4:1,1", "4:2,2"};
-        for (int number = 1000; number < 1300 && !closes; ++number)
-            expected << "4:" + QByteArray::number(number) + ",0";
-        bool boxEnded = !box;
-        pen.host.duringDialog = [&] {
-            // The file at hand goes, so that its renaming announces nothing after the box.
-            PenSteps::run(pen, "sh rm pen/a.dat");
-            putMany();
-            QTRY_VERIFY(RecordedMessages::hold("waits for its end"));
-            QCOMPARE(pen.reports.size(), 1);
-            if (closes)
-                pen.digitizer->close();
-            boxEnded = true;
-        };
-        if (box)
-            PenSteps::run(pen, "report 1: throw thrown");
-        else
-            putMany();
-        pen.put("a.dat=A- 4\nX:1:1\nA- 4\nX:2:2");
-        QTRY_VERIFY(boxEnded && pen.reports.size() >= expected.size());
-        QCoreApplication::processEvents();
-        QCOMPARE(pen.reports, expected);
-        QCOMPARE(pen.names().count(".dat"), closes ? 300 : 0);
-        QCOMPARE(pen.host.errors.size(), box ? 1 : 0);
+        QByteArray many = "put ";
+        QByteArray reports = "4:1,1 4:2,2";
+        for (int number = 1000; number < 1300; ++number) {
+            const QByteArray text = QByteArray::number(number);
+            // In descending order, so that the import has to sort them.
+            many.insert(4, "p" + text + ".dat=A- 4\nX:" + text + ":0|");
+            reports += imported ? " 4:" + text + ",0" : "";
+        }
+        PenSteps::runAll(pen, "open yes & " + steps.replace("MANY", many) +
+                                  " & put a.dat=A- 4\nX:1:1\nA- 4\nX:2:2 & reports " + reports +
+                                  " & quiet & errors " + error);
+        QCOMPARE(pen.names().count(".dat"), imported ? 0 : 300);
     }
 
     void anImporterInUseIsDeletedAtItsEnd()
@@ -341,9 +322,8 @@ private slots:
             const bool renamed = QByteArray(names) == "to";
             QCOMPARE(renameInChild(pen, kernelError), renamed ? 0 : 1);
             QCOMPARE(pen.names(), QByteArray(names));
-            QFile target(pen.pathOf("to"));
-            if (target.open(QIODevice::ReadOnly))
-                QCOMPARE(target.readAll(), QByteArray(renamed ? "1" : "2"));
+            if (QFileInfo(pen.pathOf("to")).isFile())
+                QCOMPARE(bytesOf(pen.pathOf("to")), QByteArray(renamed ? "1" : "2"));
         }
     }
 

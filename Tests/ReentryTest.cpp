@@ -3,6 +3,7 @@
 #include "Fuzzing/ReentrantHost.h"
 #include "ReferenceHost/Serial/PseudoTerminal.h"
 #include "support/PenInput.h"
+#include "support/TextRows.h"
 
 #include <QtTest>
 
@@ -39,7 +40,7 @@ private slots:
     void keptHosts_data()
     {
         QTest::addColumn<QString>("path");
-        const QDir corpus(QStringLiteral(SOURCE_DIRECTORY "/Fuzzing/corpus/reentry"));
+        const QDir corpus(SOURCE_DIRECTORY "/Fuzzing/corpus/reentry");
         for (const QFileInfo& file : corpus.entryInfoList(QDir::Files))
             QTest::newRow(qPrintable(file.fileName())) << file.filePath();
     }
@@ -47,9 +48,7 @@ private slots:
     void keptHosts()
     {
         QFETCH(QString, path);
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QVERIFY(runAlone(file.readAll()));
+        QVERIFY(runAlone(bytesOf(path)));
     }
 
     void randomHosts()
@@ -60,7 +59,7 @@ private slots:
             if (!runAlone(ReentrantHost::randomDecisions(quint32(seed))))
                 failed << QString::number(seed);
         }
-        QVERIFY2(failed.isEmpty(), qPrintable(QStringLiteral("seeds ") + failed.join(' ')));
+        QVERIFY2(failed.isEmpty(), qPrintable("seeds " + failed.join(' ')));
     }
 
     void aPortBehindThePenInputClosesAfterIt()

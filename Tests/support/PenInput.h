@@ -28,7 +28,10 @@ struct PenInput
         digitizer->setPenFileSettleTime(0);
         digitizer->m_host_mode = 0;
         host.answer = 0;
-        host.duringDialog = [this] { runHooksOfBox(); };
+        host.duringDialog = [this] {
+            runHooks("question", host.questions.size());
+            runHooks("error", host.errors.size());
+        };
         MavSystem::DigitalReport::registerHandle([this](const MavSystem::DigitalReport& report) {
             const MavSystem::GeoPoint2D point = report.coordinate();
             reports << QByteArray::number(report.m_button_number) + ':' +
@@ -87,20 +90,11 @@ struct PenInput
 
     QByteArray delivered() const { return reports.join(' '); }
 
+    // Once: the next box shows neither the same question nor the same error.
     void runHooks(const char* event, int number)
     {
-        for (const auto& action : hooks.value(event + (' ' + QByteArray::number(number))))
+        for (const auto& action : hooks.take(event + (' ' + QByteArray::number(number))))
             action();
-    }
-
-    void runHooksOfBox()
-    {
-        const int questions = host.questions.size();
-        const int errors = host.errors.size();
-        if (questions > std::exchange(m_questions, questions))
-            runHooks("question", questions);
-        else if (errors > std::exchange(m_errors, errors))
-            runHooks("error", errors);
     }
 
     TestHost host;
@@ -109,8 +103,4 @@ struct PenInput
     QByteArrayList reports; ///< "button:x,y"
     /// What is done inside "report 1", "question 1", "error 1" and so on.
     QHash<QByteArray, QVector<std::function<void()>>> hooks;
-
-private:
-    int m_questions = 0; // of those that have run hooks
-    int m_errors = 0;
 };

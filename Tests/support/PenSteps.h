@@ -112,7 +112,8 @@ inline const QMap<QByteArray, Action> actions = {
     {"throw", raise},
     {"told",
      [](PenInput&, const QByteArray& part) {
-         QVERIFY2(RecordedMessages::hold(part), qPrintable(RecordedMessages::texts().join('\n')));
+         QTRY_VERIFY2(RecordedMessages::hold(part),
+                      qPrintable(RecordedMessages::texts().join('\n')));
      }},
     {"unregister",
      [](PenInput&, const QByteArray&) { MavSystem::DigitalReport::unregisterHandle(); }},

@@ -52,6 +52,13 @@ inline QByteArray expanded(QByteArray text)
     return text;
 }
 
+/// The content of the file, none if it cannot be read.
+inline QByteArray bytesOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 /// The rows of Tests/Rows/\a file. A row is a line with its name and \a count fields, separated by
 /// " ; ", without the blanks around them. Empty lines and lines that begin with "#" are passed
 /// over, and fields are unescaped. A file that is not like that ends the program.
