@@ -55,6 +55,8 @@ private slots:
             resolution.at(0).toInt(), resolution.at(1)));
         QCOMPARE(description->m_reportFormat.size(), std::size_t(roles.size()));
         compare(decoded(*description, expanded(row.fields.at(1))), row.text(3));
+        // More would be written behind a code.
+        QVERIFY(ReportLayout(*description).button.size() <= ButtonValue().m_code.size());
     }
 
     void flagsChooseWhatIsDecoded()
