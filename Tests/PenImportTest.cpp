@@ -346,6 +346,11 @@ private slots:
             QVERIFY(importer.readingDigitizingCommand(button, x, y));
             QDir::setCurrent(QDir::rootPath());
         };
+        // The step that finds the end of the file renames it.
+        pen.hooks["report 2"] << [&] {
+            QVERIFY(!importer.readingDigitizingCommand(button, x, y));
+            QCOMPARE(pen.names(), QByteArray("a.txt"));
+        };
         pen.put("a.dat=X:1:1\nX:23:45\nA- 4\nX:3:3\n");
         QVERIFY(meta.method(meta.methodOffset()).invoke(&importer, Q_ARG(QString, "pen")));
         QCOMPARE(pen.delivered(), QByteArray("1:1,1 4:3,3"));
