@@ -15,7 +15,7 @@ public:
 
 using namespace MavSystem;
 
-// Returns why there will be no points; an empty text when they come.
+// Returns why the device cannot be used, or an empty text.
 QString startDigitizing(Drawing* drawing, const QString& driver, const QString& port)
 {
     MavInit::instance()->runOnce(); // once in the process

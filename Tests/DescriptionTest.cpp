@@ -238,7 +238,7 @@ private slots:
         TestHost host;
         host.write("data/shipped-descriptions.ini/in-the-way", "");
         const QString problem = DescriptionFolder::prepare();
-        QVERIFY2(problem.startsWith("cannot write the record"), qPrintable(problem));
+        QVERIFY2(problem.startsWith("cannot write to "), qPrintable(problem));
         QVERIFY(DescriptionFolder::find("Generic 5-5-1 (ASCII)"));
     }
 

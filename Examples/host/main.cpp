@@ -44,7 +44,7 @@ static void watchInput()
 {
     const InputEvents* const events = Digitizer::instance()->inputEvents();
     QObject::connect(events, &InputEvents::bytesPassedOver, [](const QByteArray& bytes) {
-        QTextStream(stderr) << "no report: " << bytes.toPercentEncoding() << Qt::endl;
+        QTextStream(stderr) << "not a report: " << bytes.toPercentEncoding() << Qt::endl;
     });
     QObject::connect(events, &InputEvents::portLost, [](const QString& reason) {
         QCoreApplication::exit(fail("the port is lost: " + reason));

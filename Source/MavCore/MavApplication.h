@@ -24,8 +24,8 @@ public:
     /// Returns the host's object, or the default one; never null.
     static MavApplication* instance();
 
-    /// Makes \a application the host's object. It is not owned and must outlive its use. Null
-    /// restores the default.
+    /// Makes \a application the host's object. The caller owns it and must keep it until another
+    /// object is set or the process ends. Null restores the default.
     static void setInstance(MavApplication* application);
 
     /// Returns the parent for message boxes. Default: the active window, or null if there is none.
@@ -45,9 +45,9 @@ public:
     /// Shows an error and returns when it has been dismissed.
     virtual void displayError(const QString& text, const QString& details, QWidget* parent) const;
 
-    /// Asks \a text and returns the choice: 0 for \a first, 1 for \a second, 2 for \a third. A
-    /// dismissed dialog returns 2, and so does a process without dialogs: the third choice is
-    /// harmless, and nothing is imported or deleted without being asked for.
+    /// Asks \a text and returns the choice: 0 for \a first, 1 for \a second, 2 for \a third.
+    /// Returns 2 if the dialog is dismissed, or if the process shows no dialogs: the third choice
+    /// is harmless, and nothing is imported or deleted without the user's consent.
     virtual int confirmContinue(const QString& text, const QString& title, const QString& first,
                                 const QString& second, const QString& third, QWidget* parent) const;
 };

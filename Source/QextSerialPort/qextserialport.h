@@ -41,8 +41,8 @@ enum ParityType { PAR_NONE, PAR_ODD, PAR_EVEN, PAR_MARK, PAR_SPACE };
 enum StopBitsType { STOP_1, STOP_1_5, STOP_2 };
 enum FlowType { FLOW_OFF, FLOW_HARDWARE, FLOW_XONXOFF };
 
-/// The serial settings of a port. Timeout_Millisec is in milliseconds; it is kept for hosts and not
-/// used.
+/// The serial settings of a port. Timeout_Millisec is in milliseconds; hosts may set it, but
+/// nothing uses it.
 struct PortSettings
 {
     BaudRateType BaudRate = BAUD50;
@@ -94,7 +94,7 @@ public:
     /// Opens the port with the settings given so far. If it is opened for reading and writing,
     /// input that arrived before is discarded. If it is opened for reading only, that input is kept
     /// for whoever reads it, here or in another program. close() does not discard input that was
-    /// not yet read from the device. \a mode may contain Unbuffered; QIODevice never buffers in any
+    /// not yet read from the device. \a mode may contain Unbuffered; QIODevice buffers in neither
     /// case. Returns false on failure; errorString() then says why.
     bool open(OpenMode mode) override;
     void close() override;

@@ -108,11 +108,12 @@ QList<QCommandLineOption> captureOptions()
         pictureOption(),
         {strictCountOption,
          QStringLiteral(
-             "Read a report when exactly as many bytes are waiting as it has characters, without "
-             "checking them. Use this if 'digitizer monitor' shows good reports as passed over "
+             "Read only when exactly the bytes of one report are waiting, and do not check them. "
+             "Use this if 'digitizer monitor' shows good reports as passed over "
              "because the tablet deviates from the template in places that do not matter. If two "
              "reports arrive together, neither they nor any later ones are read.")},
-        {noReconnectOption, QStringLiteral("Stop when the port is lost; for scripts.")},
+        {noReconnectOption,
+         QStringLiteral("Stop when the port is lost instead of waiting for it.")},
     };
 }
 

@@ -37,8 +37,8 @@ Command checkCommand()
     command.name = QStringLiteral("check");
     command.summary = QStringLiteral("check whether a tablet or a pen can be used");
     command.description = QStringList{QStringLiteral(
-        "Checks that the driver exists and that the port can be opened. Prints the driver "
-        "library's answer, or why the device cannot be used and what to do about it. Nothing is "
+        "Checks that the driver exists and that the port can be opened. Prints \"No Error has "
+        "occurred\", or why the device cannot be used and what to do about it. Nothing is "
         "sent to the tablet, so a tablet that is switched off passes as well.")};
     command.options = {
         DriverOptions::driver(),

@@ -94,7 +94,8 @@ void record(const QString& path, const Observation& observation,
     session.chunks = chunks;
     const SessionWriter writer(path, session);
     if (!writer.errorString().isEmpty())
-        throw CommandError(QStringLiteral("cannot write %1: %2").arg(path, writer.errorString()));
+        throw CommandError(
+            QStringLiteral("cannot write to %1: %2").arg(path, writer.errorString()));
 }
 
 Observation observeTablet(const QCommandLineParser& parser)
@@ -136,7 +137,7 @@ int write(const QByteArray& description, const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly) ||
         file.write(description) != description.size() || !file.flush())
-        throw CommandError(QStringLiteral("cannot write %1: %2").arg(path, file.errorString()));
+        throw CommandError(QStringLiteral("cannot write to %1: %2").arg(path, file.errorString()));
     return ExitSuccess;
 }
 

@@ -94,14 +94,14 @@ Command doctorCommand()
 {
     Command command;
     command.name = QStringLiteral("doctor");
-    command.summary = QStringLiteral("print a report to attach to a question");
+    command.summary = QStringLiteral("print system information to attach to a question");
     command.description = QStringList{
         QStringLiteral("Prints what others need to know to help you: versions, serial ports and "
                        "who may use them, the installed descriptions and their faults, and the "
                        "driver's settings. Your home folder is shown as ~. The names of the user "
                        "and of the machine, and all environment variables, are left out.")};
-    command.examples = {{QStringLiteral("digitizer doctor > report.txt"),
-                         QStringLiteral("Write the report to a file.")}};
+    command.examples = {{QStringLiteral("digitizer doctor > doctor.txt"),
+                         QStringLiteral("Write the information to a file.")}};
     command.run = run;
     return command;
 }

@@ -6,7 +6,7 @@
 
 namespace ReferenceHost {
 
-/// "digitizer doctor": prints a report to attach to a question.
+/// "digitizer doctor": prints system information to attach to a question.
 Command doctorCommand();
 
 } // namespace ReferenceHost

@@ -121,7 +121,7 @@ QList<QCommandLineOption> importOptions()
              "'digitizer drivers' lists the names. Default: the driver saved in the settings."),
          QStringLiteral("NAME")},
         {answerOption,
-         QStringLiteral("Answer the driver's question with import, delete or cancel. \"delete\" "
+         QStringLiteral("Answer that question with import, delete or cancel. \"delete\" "
                         "removes the waiting files for good."),
          QStringLiteral("ANSWER")},
         {watchOption, QStringLiteral("Keep importing files as they arrive, until Ctrl-C. If DIR is "
@@ -135,7 +135,7 @@ QList<QCommandLineOption> importOptions()
          QStringLiteral("Treat the pen's button 3 as a prefix to the next button.")},
         {modeOption,
          QStringLiteral(
-             "Set the host's mode code. 50 to 59 select the driver's internal mode. Default: 0."),
+             "Set the host's mode code. 50 to 59 select the library's internal mode. Default: 0."),
          QStringLiteral("N")},
         formatOption(),
         pictureOption(),
@@ -153,8 +153,9 @@ Command importCommand()
         QStringLiteral(
             "Imports the files in DIR whose names end in .dat, in any letter case, and prints one "
             "line for each point. Imported files are renamed to .txt. If that name is taken, the "
-            "file keeps its name and is imported again next time. If files are waiting, the driver "
-            "asks at the terminal whether to import or to delete them. Without a terminal, and "
+            "file keeps its name and is imported again next time. If files are waiting, the "
+            "command asks at the terminal whether to import or to delete them. Without a terminal, "
+            "and "
             "without --answer, they are left alone. A summary goes to standard error."),
         QStringLiteral("A file is imported once it has not changed for half a second (see "
                        "--settle), so pen software may write directly to DIR. Software that pauses "

@@ -96,8 +96,8 @@ void ImportSession::receive(const DigitalReport& report)
         // An import cannot be stopped from its handler, and a file that is read to its end counts
         // as imported. Exiting here leaves this file and those after it unchanged.
         clearProgress();
-        printError(QStringLiteral("cannot write to standard output; this pen file and those after "
-                                  "it are left unchanged"));
+        printError(QStringLiteral("cannot write to standard output; the current pen file and those "
+                                  "after it are left unchanged"));
         std::_Exit(ExitFailure);
     }
     if (m_progressPossible && m_sinceProgress.hasExpired(progressMilliseconds))

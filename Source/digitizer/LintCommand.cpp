@@ -45,12 +45,12 @@ Command lintCommand()
     command.summary = QStringLiteral("find faults in device descriptions");
     command.description = QStringList{
         QStringLiteral(
-            "Finds faults that the driver does not report: XML that is not well-formed, unknown "
+            "Finds faults that the library does not report: XML that is not well-formed, unknown "
             "elements and attributes, values and numbers that are not accepted, a template that "
-            "does not fit its length, button codes that are equal or that no report can match, and "
+            "does not fit \"length\", button codes that are equal or that no report can match, and "
             "a name that another installed file has. Each fault is one line that begins with "
             "FILE:LINE:COLUMN: and \"error\" or \"warning\"."),
-        QStringLiteral("An error means that the driver does not do what the file says. A warning "
+        QStringLiteral("An error means that the library does not do what the file says. A warning "
                        "means that the file works as written, but may not be what you meant.")};
     command.arguments = {
         {QStringLiteral("FILE..."), QStringLiteral("The description files to check.")}};

@@ -94,7 +94,7 @@ int run(const QCommandLineParser& parser)
     SerialLine line;
     valueOrThrow(line.open(LineOptions::device(parser), settings));
     if (!showLine(line, monitor))
-        throw CommandError(QStringLiteral("the port is gone; check the cable and start again"));
+        throw CommandError(QStringLiteral("the port is lost; check the cable and start again"));
     return ExitSuccess;
 }
 
@@ -109,12 +109,12 @@ Command monitorCommand()
         QStringLiteral(
             "Shows all bytes in hexadecimal and as text, with the seconds since the start. With "
             "--driver or --description it also shows which of them are reports, with the button "
-            "and the point in centimetres, and which ones the driver passes over. Below each byte "
+            "and the point in centimetres, and which ones the library passes over. Below each byte "
             "is its role in the template, with \"!\" in front if the byte does not fit it. \"?\" "
-            "marks bytes that do not have the length of a report."),
-        QStringLiteral("The reports are the same as in 'digitizer capture', which with "
-                       "--strict-count goes by the number of bytes alone."),
-        QStringLiteral("Ctrl-C prints a summary and stops: bytes, reports, reports per second, "
+            "marks bytes whose number is not the length of a report."),
+        QStringLiteral(
+            "'digitizer capture' delivers the same reports, unless --strict-count is given."),
+        QStringLiteral("Ctrl-C stops and prints a summary: bytes, reports, reports per second, "
                        "bytes passed over, and the largest x and y. Enter prints the summary at "
                        "any time. No other program may have the port open.")};
     command.options = LineOptions::options();

@@ -31,7 +31,7 @@ PressDialog::PressDialog(SerialLine& line, std::optional<double> distance)
     connect(&m_quiet, &QTimer::timeout, this, &PressDialog::endPress);
     connect(&line, &SerialLine::received, this, &PressDialog::take);
     connect(&line, &SerialLine::ended, this,
-            [this] { fail(QStringLiteral("the port is gone; check the cable and start again")); });
+            [this] { fail(QStringLiteral("the port is lost; check the cable and start again")); });
 }
 
 QVector<RecordedSession::Chunk> PressDialog::ask()

@@ -12,7 +12,8 @@ tl::expected<void, QString> PortLink::create(const QString& link, const QString&
     const QFileInfo taken(link);
     if (taken.exists() && !taken.isSymLink())
         return tl::unexpected(
-            QStringLiteral("%1 exists and is not a symbolic link; give --link another path")
+            QStringLiteral(
+                "--link: %1 already exists and is not a symbolic link; choose another path")
                 .arg(link));
     QFile::remove(link);
     QFile target(port);

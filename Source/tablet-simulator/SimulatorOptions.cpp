@@ -37,8 +37,8 @@ constexpr OptionText optionTexts[] = {
      "FILE"},
     {"script",
      "Send the points in FILE instead of the built-in piece. Each line is \"x y "
-     "button\": the point in centimetres and the button number that the driver is to "
-     "deliver. # starts a comment.",
+     "button\": the point in centimetres and the button number that the library is to deliver. # "
+     "starts a comment.",
      "FILE"},
     {"replay",
      "Send the recorded session in FILE, with the recorded timing unless --rate, --fast "
@@ -52,13 +52,13 @@ constexpr OptionText optionTexts[] = {
     {"repeat", "Send everything N times.", "N"},
     {"delay",
      "Send the first report when the port has been open for MS milliseconds. Default: "
-     "300. A driver discards what arrives while it opens the port.",
+     "300. The library discards what arrives while it opens the port.",
      "MS"},
     {"stay", "Keep the port open at the end, until Ctrl-C."},
     {"split", "Fault: send each report in two writes, the first of OFFSET bytes.", "OFFSET"},
     {"merge",
-     "Fault: send K reports in one write. A driver without checked reading then reads "
-     "nothing until its port is opened again.",
+     "Fault: send K reports in one write. A host without checked reading then gets no report until "
+     "it opens the port again.",
      "K"},
     {"garbage", "Fault: send one to four random bytes between reports."},
     {"seed", "Use N as the seed of the random bytes. Default: 1.", "N"},
@@ -135,7 +135,7 @@ LineFaults chosenFaults(const QCommandLineParser& parser, const QVector<Transmis
     if (faults.splitOffset >= longest)
         throw CommandError(
             QStringLiteral(
-                "--split is %1, but must be less than %2, the length of the longest write")
+                "--split is '%1', but must be less than %2, the length of the longest write")
                 .arg(faults.splitOffset)
                 .arg(longest),
             ExitUsage);

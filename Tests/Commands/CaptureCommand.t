@@ -33,7 +33,7 @@ Each format. The numbers are exact in csv and json; the last line is the library
   {"button":14,"kind":"closing","number":4,"x":2.2250738585072014e-308,"y":2.2250738585072014e-308}
   digitizer: ready: "Summagraphics UIOF (Microgrid, Summagrid IV, 16 buttons)" at DIR/tablet; press Ctrl-C to stop
 
-What is no report is passed over and shown; with --strict-count, reading stops when it does not fit.
+Bytes that are not a report are passed over and shown; with --strict-count, reading stops.
 
   $ sends() {
   >     printf '# digitizer session 1\n0 "%s"\n' "$1" >session
@@ -95,7 +95,7 @@ Every way to stop closes the device.
        4          -          -      14  closing
   digitizer: ready: "Summagraphics UIOF (Microgrid, Summagrid IV, 16 buttons)" at DIR/tablet; press Ctrl-C to stop
 
-A session is recorded as it came, and can be sent again.
+A session is recorded as it arrived, and can be sent again.
 
   $ tablet --driver "$uiof" --script points --fast
   $ capture --count 3 --record session.log --format csv >first
@@ -172,7 +172,7 @@ A tablet that is not there, and one that goes away.
   $ grep -o '[^>]*(unfinished)' gone.svg
   1 (unfinished)
 
-It is waited for. What it had sent in part when it went does not count.
+The command waits for the tablet to come back. A report that had arrived only in part is dropped.
 
   $ for record in '' '--record back.log'; do
   >     printf '# digitizer session 1\n0 "00000,00000,2\\r\\n0400"\n' >session

@@ -21,16 +21,16 @@ Help.
     describe                  propose a description for an unknown tablet
     lint                      find faults in device descriptions
     install                   install device descriptions
-    doctor                    print a report to attach to a question
+    doctor                    print system information to attach to a question
   
   'digitizer COMMAND --help' shows the help of a command.
   $ digitizer check --help
   Usage:
     digitizer check [OPTIONS]
   
-  Checks that the driver exists and that the port can be opened. Prints the driver
-  library's answer, or why the device cannot be used and what to do about it.
-  Nothing is sent to the tablet, so a tablet that is switched off passes as well.
+  Checks that the driver exists and that the port can be opened. Prints "No Error
+  has occurred", or why the device cannot be used and what to do about it. Nothing
+  is sent to the tablet, so a tablet that is switched off passes as well.
   
   Options:
     --driver NAME             Use driver NAME; 'digitizer drivers' lists the
@@ -113,7 +113,7 @@ The manual pages name every command and option.
   $ tablet_simulator --manual-page | grep -c '\\-\\-'
   20
 
-Nobody waits for a pipe.
+No command waits for a pipe.
 
   $ mkfifo pipe
   $ digitizer lint pipe

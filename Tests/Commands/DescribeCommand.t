@@ -18,14 +18,14 @@ The presses of a recording become a description.
   Comments marked "Not sure" say what to check in the element below them.
   -->
   <digitizer name="Old table" support="untested">
-    <!-- Not sure: the bytes read with these settings are text, but bytes do not show parity, stop bits and flow control. Compare with the tablet's switches or manual. -->
+    <!-- Not sure: the bytes read with these settings are text, but bytes do not show parity, stop bits or flow control. Compare with the tablet's switches or manual. -->
     <ioPort>
       <serial baudrate="9600" databit="7" parity="Even" stopbit="2" flowctrl="none"/>
     </ioPort>
     <!-- Not sure: 3000 counts in 30 cm are 254.0 lines per inch; 10 LPMM is the nearest usual resolution. -->
     <resolution unit="LPMM">10</resolution>
     <reportFormat length="12">XXXXUYYYYUBC</reportFormat>
-    <!-- Not sure: the codes of these buttons are not known: 4. In their place are characters that no button sends. -->
+    <!-- Not sure: buttons without a known code: 4. Each has a placeholder, a character that no button sends. -->
     <buttons count="4" length="1">
       <button>1</button>
       <button>2</button>
@@ -53,7 +53,7 @@ The user is guided through the presses of a tablet: a press may be repeated, and
   $ echo >&3
   $ ended guided
   To repeat the last press, type r and Enter. To stop, press Ctrl-C.
-  1. Press button 1 near the lower left corner and mark the point.
+  1. Press button 1 near the lower left corner and mark that point on the tablet.
      12 bytes: "0200,0200,1\r"
   2. Press button 1 exactly 30 cm to the right of the mark, at the same height.
      12 bytes: "9999,9999,8\r"
@@ -75,7 +75,7 @@ The user is guided through the presses of a tablet: a press may be repeated, and
 Without a distance there is no resolution; the installed drivers have other names.
 
   $ digitizer describe --from new.log --name 'Generic 5-5-1 (ASCII)' >unscaled.xml
-  digitizer: proposal:9:12: error: name of another file, found "Generic 5-5-1 (ASCII)", accepted a name that DIR/home/DigitizerGeneric/generated/generic-5-5-1.xml does not have
+  digitizer: proposal:9:12: error: name is already used by another file, found "Generic 5-5-1 (ASCII)", accepted a name that DIR/home/DigitizerGeneric/generated/generic-5-5-1.xml does not use
   $ sed -n '14,15p' unscaled.xml
     <!-- Not sure: no distance was given, so 1000 is only a placeholder. Until it is corrected, all lengths are wrong by the same factor. -->
     <resolution unit="LPI">1000</resolution>
@@ -88,7 +88,7 @@ Recordings that no template can express.
   [1]
   $ session '0200,0200,1\r' '3200,0201,1\r' >few.log
   $ digitizer describe --from few.log
-  digitizer: found 2 presses with pauses of 400 milliseconds between them; expected 5 to 19: button 1 at four points, then every other button once
+  digitizer: found 2 presses, separated by pauses of at least 400 milliseconds; expected 5 to 19: button 1 at four points, then every other button once
   [1]
   $ session '0200,0200,1\r' '3200,0201,1\r' '0201,3201,1\r' '1522,1713,1\r' '1523,1714,1\r' >one.log
   $ digitizer describe --from one.log
@@ -103,7 +103,7 @@ The output cannot be written.
   $ command digitizer describe --from new.log >/dev/full
   [1]
   $ digitizer describe --from new.log --output /nowhere/new.xml
-  digitizer: cannot write /nowhere/new.xml: No such file or directory
+  digitizer: cannot write to /nowhere/new.xml: No such file or directory
   [1]
 
 The port is lost, and the user stops.
@@ -113,8 +113,8 @@ The port is lost, and the user stops.
   [1]
   $ cat errors
   To repeat the last press, type r and Enter. To stop, press Ctrl-C.
-  1. Press button 1 near the lower left corner and mark the point.
-  digitizer: the port is gone; check the cable and start again
+  1. Press button 1 near the lower left corner and mark that point on the tablet.
+  digitizer: the port is lost; check the cable and start again
   $ tablet --replay new.log --stay --rate 1
   $ start describe digitizer describe --device "$PWD/tablet"
   $ await grep '^2' describe.errors

@@ -99,8 +99,7 @@ The shipped descriptions are installed at the first start.
     buttons     01 02 03 04 05 06 07 08 09 10 11 12 13 14 15 16
     support     documented
 
-Installed files are listed among them, one for each name; those that cannot be read are skipped, and a driver that
-cannot be used says so.
+Installed files are listed too, one for each name. Files that cannot be read are skipped, and a driver that cannot be used is marked.
 
   $ cd home/DigitizerGeneric/generated
   $ description Broken XxY >broken.xml

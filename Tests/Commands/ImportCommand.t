@@ -99,7 +99,7 @@ At a terminal, the driver asks.
   [1]
   a.dat
 
-What a file that stays has against it.
+Why a file is left.
 
   $ pen a.dat a.txt; ln -s nowhere pen/b.txt; printf "$piece" >pen/b.dat
   $ import --answer import 2>errors
@@ -111,8 +111,8 @@ What a file that stays has against it.
   [1]
   $ sort errors
   digitizer: 0 files imported, 4 points: 2 corner, 2 end
-  digitizer: a.dat is left: its points were imported, but a.txt already exists; the next import delivers them again
-  digitizer: b.dat is left: its points were imported, but b.txt already exists; the next import delivers them again
+  digitizer: a.dat is left: its points were delivered, but a.txt already exists; the next import delivers them again
+  digitizer: b.dat is left: its points were delivered, but b.txt already exists; the next import delivers them again
   $ ls pen
   a.dat
   a.txt
@@ -196,7 +196,7 @@ A directory is watched until the end.
   digitizer: DIR/pen is gone
   digitizer: N files imported, 2 points: 1 corner, 1 end
 
-A file is waited for; at a terminal, which one is shown.
+The command waits until a file is complete; at a terminal it names the file.
 
   $ shown() { sed 's/^received "\(.*\)"/\1/' simulator.errors | tr -d '\n'; }
   $ shows() { shown | grep "$1"; }
@@ -215,7 +215,7 @@ A file is waited for; at a terminal, which one is shown.
   $ shown | sed 's/.*K//'
   digitizer: 1 file imported, 2 points: 1 corner, 1 end\n (no-eol)
 
-At a terminal, progress is shown, and taken away for the result.
+At a terminal, progress is shown, and removed before the summary.
 
   $ pen; yes X:1:1 | head -500000 >pen/a.dat
   $ tablet --replay silence
@@ -228,7 +228,7 @@ Nothing is lost when the output cannot be written.
 
   $ pen a.dat b.dat
   $ command digitizer import pen --driver Pen --answer import --format json >/dev/full
-  digitizer: cannot write to standard output; this pen file and those after it are left unchanged
+  digitizer: cannot write to standard output; the current pen file and those after it are left unchanged
   [1]
   $ ls pen
   a.dat

@@ -15,7 +15,7 @@ A description is copied, and from then on it is a driver.
   New
     file        DIR/home/DigitizerGeneric/generated/new.xml
 
-The same again changes nothing; another content needs --force.
+Installing the same file again changes nothing; different content needs --force.
 
   $ digitizer install new.xml
   "New" is installed: DIR/home/DigitizerGeneric/generated/new.xml
@@ -30,22 +30,22 @@ The same again changes nothing; another content needs --force.
   $ digitizer drivers --format json | grep -o 'XXX*Y*B","name":"New"'
   XXXYYYB","name":"New"
 
-Files with errors stay away; the others are installed.
+Files with errors are not installed; the others are.
 
   $ description Other >other.xml
   $ description 'Warned' XXXXYYYYB '<remark/>' >warned.xml
   $ digitizer install broken.xml none.xml . other.xml warned.xml
   "Other" is installed: DIR/home/DigitizerGeneric/generated/other.xml
-  digitizer: broken.xml:2:66: error: character 2 of the template, found "x", accepted one of XY.SBCLU
+  digitizer: broken.xml:2:66: error: character 2 of the template is unknown, found "x", accepted one of XY.SBCLU
   digitizer: broken.xml was not installed; correct the errors above first
   digitizer: cannot read none.xml: No such file or directory
-  digitizer: cannot read .: it is a folder
+  digitizer: cannot read .: not a regular file
   digitizer: warned.xml:4:1: error: unknown element, found "remark", accepted ioPort, resolution, reportFormat, buttons, beepString
   digitizer: warned.xml was not installed; correct the errors above first
   [1]
   $ description New >again.xml
   $ digitizer install again.xml
-  digitizer: again.xml:1:9: error: name of another file, found "New", accepted a name that DIR/home/DigitizerGeneric/generated/new.xml does not have
+  digitizer: again.xml:1:9: error: name is already used by another file, found "New", accepted a name that DIR/home/DigitizerGeneric/generated/new.xml does not use
   digitizer: again.xml was not installed; correct the errors above first
   [1]
   $ ls home/DigitizerGeneric/generated | grep -v '[0-9]'
@@ -59,17 +59,17 @@ A folder that cannot be written.
 
   $ rm -r home/DigitizerGeneric/generated && echo >home/DigitizerGeneric/generated
   $ digitizer install new.xml
-  digitizer: cannot create the folder DIR/home/DigitizerGeneric/generated
-  digitizer: cannot create the folder DIR/home/DigitizerGeneric/generated
+  digitizer: cannot create the folder DIR/home/DigitizerGeneric/generated; a file may have its name, or you may not write there
+  digitizer: cannot create the folder DIR/home/DigitizerGeneric/generated; a file may have its name, or you may not write there
   [1]
 
 Wrong arguments.
 
   $ digitizer install
-  digitizer: cannot create the folder DIR/home/DigitizerGeneric/generated
+  digitizer: cannot create the folder DIR/home/DigitizerGeneric/generated; a file may have its name, or you may not write there
   digitizer: FILE is missing (see 'digitizer install --help')
   [2]
   $ digitizer install --fource new.xml
-  digitizer: cannot create the folder DIR/home/DigitizerGeneric/generated
+  digitizer: cannot create the folder DIR/home/DigitizerGeneric/generated; a file may have its name, or you may not write there
   digitizer: unknown option --fource; did you mean --force? (see 'digitizer install --help')
   [2]

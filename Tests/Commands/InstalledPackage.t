@@ -21,7 +21,7 @@ are built from what is there, with CMake and without it.
   $ by_hand $examples/dialog-host by-hand/dialog-host dialog-host 'DigitizerGeneric Qt5Widgets'
 
 The points that are pressed at the tablet arrive at each of them. The one with a window stays open when the tablet is
-gone. The 3D driver, which no host needs, is unloaded with memory of its own.
+gone. OpenGL, which no host needs, is switched off, because it leaks memory when it is unloaded.
 
   $ start screen Xvfb -displayfd 1 -ac -nolisten tcp
   $ await test -s screen
@@ -70,7 +70,7 @@ gone. The 3D driver, which no host needs, is unloaded with memory of its own.
   31.3524 cm, 17.2419 cm, button 3
   253.9657 cm, 0.0000 cm, button 4
 
-A problem is one line. Permissions mean nothing to root, who becomes somebody else.
+A problem is one line. Permissions do not stop root, so root runs the hosts as another user.
 
   $ rm -f tablet; tablet --driver "$generic" --stay
   $ port=$(readlink tablet); chmod 0452 "$port"
@@ -92,7 +92,7 @@ A problem is one line. Permissions mean nothing to root, who becomes somebody el
   there is no port /dev/no-such-port; check the name, and whether the cable is plugged in
   you may not use PTS: only its owner OWNER may (permissions 0452); ask an administrator to give a group, such as dialout, read and write permission
 
-Every header suits a host that keeps "signals" for itself and is itself older C++.
+Every header compiles in a host that uses "signals" as a name of its own and asks for an older C++.
 
   $ mkdir headers
   $ (cd moved/include/DigitizerGeneric && find . -name '*.h' | sed 's|\./\(.*\)|#include "\1"|') >headers/headers.cpp

@@ -12,16 +12,16 @@ Every byte, with its role; Enter and the end show a summary.
   $ tablet --replay session --stay
   $ input=keys start monitor digitizer monitor --device "$PWD/tablet" --driver "$mm"
   $ exec 3>keys
-  $ await grep '2 stray' monitor
+  $ await grep '2 bytes passed' monitor
   $ echo >&3
   $ await grep 'passed over' monitor
   $ stop monitor timeless
   TIME  3f 2c 0a                                                    |?,.|
-               ?  ?  ?                                                    3 stray bytes
+               ?  ?  ?                                                    3 bytes passed over: not the length of a report
   TIME  31 32 33 34 2c 30 35 36 37 2c 32 0d 0a                      |1234,0567,2..|
                X  X  X  X  U  Y  Y  Y  Y  U  B  C  L                      button 2 at 6.2679, 2.8800 cm
   TIME  31 32                                                       |12|
-               ?  ?                                                       2 stray bytes
+               ?  ?                                                       2 bytes passed over: not the length of a report
   18 bytes, 1 report, 5 bytes passed over; largest x 6.2679 cm, largest y 2.8800 cm
   18 bytes, 1 report, 5 bytes passed over; largest x 6.2679 cm, largest y 2.8800 cm
 
@@ -38,15 +38,15 @@ The port is lost.
 
   $ tablet --replay session
   $ digitizer monitor --device "$PWD/tablet" --description "$sources/Plugins/digitizer/generated/genius-newsketch-mm.xml" </dev/null >monitor
-  digitizer: the port is gone; check the cable and start again
+  digitizer: the port is lost; check the cable and start again
   [1]
   $ timeless monitor
   TIME  3f 2c 0a                                                    |?,.|
-               ?  ?  ?                                                    3 stray bytes
+               ?  ?  ?                                                    3 bytes passed over: not the length of a report
   TIME  31 32 33 34 2c 30 35 36 37 2c 32 0d 0a                      |1234,0567,2..|
                X  X  X  X  U  Y  Y  Y  Y  U  B  C  L                      button 2 at 6.2679, 2.8800 cm
   TIME  31 32                                                       |12|
-               ?  ?                                                       2 stray bytes
+               ?  ?                                                       2 bytes passed over: not the length of a report
   18 bytes, 1 report, 5 bytes passed over; largest x 6.2679 cm, largest y 2.8800 cm
 
 Wrong arguments.

@@ -166,7 +166,7 @@ A flood, which is far more than the system keeps, waits for room and arrives who
   $ ended simulator
   DIR/tablet
 
-It ends with status 1 when it is stopped too early, and takes its link away.
+The simulator ends with status 1 when it is stopped too early, and removes its link.
 
   $ tablet --driver "$generic"
   $ stop simulator
@@ -199,7 +199,7 @@ What cannot be sent, and wrong arguments.
   tablet-simulator: cannot read none: No such file or directory
   [1]
   $ tablet_simulator --driver "$generic" --link points
-  tablet-simulator: points exists and is not a symbolic link; give --link another path
+  tablet-simulator: --link: points already exists and is not a symbolic link; choose another path
   [1]
   $ head -1 points
   # three points
@@ -219,7 +219,7 @@ What cannot be sent, and wrong arguments.
   >              '--fast --rate 9' '--fast --flood' '--flood --rate 9' '--hangup-after 1 --stay' '--replay points' x; do
   >     tablet_simulator --driver "$generic" $wrong; echo "[$?]"
   > done
-  tablet-simulator: --split is 15, but must be less than 15, the length of the longest write
+  tablet-simulator: --split is '15', but must be less than 15, the length of the longest write
   [2]
   tablet-simulator: --split is '0', but must be a number from 1 to 511
   [2]

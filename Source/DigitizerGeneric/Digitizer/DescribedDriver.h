@@ -11,7 +11,7 @@ namespace MavSystem {
 
 /// A driver as a description file defines it: one kind of tablet, or the pen.
 ///
-/// A plain record. It does not follow later changes of the file.
+/// A plain record. It does not follow later changes to the file.
 class DIGITIZERGENERIC_EXPORT DescribedDriver
 {
 public:
@@ -23,11 +23,11 @@ public:
     /// Returns the number of buttons in the description.
     int buttonCount() const;
 
-    /// Returns the resolution in words: "1000 LPI" or "40 LPMM".
+    /// Returns the resolution as text: "1000 LPI" or "40 LPMM".
     QString resolutionText() const;
 
-    /// Returns whether a tablet's reports can be read with it. They cannot without a report
-    /// template, which is right for a pen. The "Lectra E92" needs none.
+    /// Returns whether a tablet's reports can be read with it. Without a report template they
+    /// cannot; the description of a pen has none. The "Lectra E92" needs none.
     bool takesReports() const;
 
     /// Returns whether the reports have the built-in layout of the "Lectra E92" instead of a

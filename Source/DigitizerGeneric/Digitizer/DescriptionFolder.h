@@ -13,7 +13,8 @@
 namespace MavSystem {
 
 /// The folder with the installed descriptions: "generated" in the host's application data location,
-/// MavApplication::appDataLocation(). A driver can be selected if a file in it describes it.
+/// MavApplication::appDataLocation(). A driver can be selected if a file in this folder describes
+/// it.
 ///
 /// Each application has a separate folder: a description that was installed for one is unknown to
 /// the others. Thread: the main thread.
@@ -39,7 +40,8 @@ public:
     /// Prepares the folder; to be called at each start, before Digitizer::instance(). Creates the
     /// folder if it is missing, copies shipped descriptions that are missing, and updates those
     /// that are, byte for byte, what an earlier release shipped. A file that the user has changed
-    /// or added is never touched. Returns an empty text, or what could not be done.
+    /// or added is never touched. Returns an empty text, or a sentence that says what could not be
+    /// done.
     ///
     /// The shipped descriptions are the files in "digitizer/generated" of the host's
     /// MavApplication::pluginsDir(), or, if there are none, those inside this library. The file
@@ -56,8 +58,8 @@ public:
     static std::optional<DescribedDriver> find(const QString& name);
 
     /// Returns the driver that the description \a file defines, installed or not. It is a problem
-    /// if the file cannot be read or is not well-formed, or if it has no driver name, a broken
-    /// report template or too many buttons.
+    /// if the file cannot be read or is not well-formed, or if it has no driver name, or has a
+    /// broken report template or too many buttons.
     static Result read(const QString& file);
 
     /// Reads the description \a file as above and copies it to the folder, which is created if it

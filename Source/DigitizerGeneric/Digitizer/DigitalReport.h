@@ -11,7 +11,7 @@
 
 namespace MavSystem {
 
-/// One digitized event: a point in centimetres and a button number. The only output of the library.
+/// One report: a point in centimetres and a button number.
 ///
 /// Reports reach the host through one handler, synchronously, on the thread of its event loop.
 /// Inside the handler a host may call any operation of Digitizer, show a modal dialog or throw.
@@ -19,7 +19,7 @@ namespace MavSystem {
 class DIGITIZERGENERIC_EXPORT DigitalReport
 {
 public:
-    /// \a point is in centimetres. The button number is 0 until the producer sets it.
+    /// \a point is in centimetres. The button number is 0 until m_button_number is set.
     DigitalReport(const GeoPoint2D& point = GeoPoint2D());
     DigitalReport(double x, double y);
 

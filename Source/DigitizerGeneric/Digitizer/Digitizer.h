@@ -32,7 +32,7 @@ class ReportLayout;
 /// What parseReportText() decodes: bit 0 the button number, bit 1 the coordinate.
 using ParseReportFlags = int;
 
-/// The driver: the one object through which a host uses a digitizing tablet or a digital pen.
+/// The one object through which a host uses a digitizing tablet or a digital pen.
 ///
 /// Expected order of calls: instance(); selectDevice(), setters and saveConfig() as needed;
 /// DigitalReport::registerHandle(); open(); on success readReport(); close() at the end. A host
@@ -46,8 +46,8 @@ class DIGITIZERGENERIC_EXPORT Digitizer : public QObject
     Q_OBJECT
 
 public:
-    /// Returns the only driver of the process. It is created by the first call and lives until the
-    /// process ends.
+    /// Returns the only object of this class in the process. It is created by the first call and
+    /// lives until the process ends.
     static boost::shared_ptr<Digitizer> instance();
 
     /// Reads the saved settings (by default all empty or false) and the description of the saved
@@ -61,8 +61,8 @@ public:
     void selectDevice(const QString& driver, const QString& device);
 
     /// The same with a driver that was already read and need not be installed; see
-    /// DescriptionFolder::read(). Later changes of its file do not count, except of the beep
-    /// command. saveConfig() saves its name only.
+    /// DescriptionFolder::read(). Later changes to its file do not count, except changes to the
+    /// beep command. saveConfig() saves its name only.
     void selectDriver(const DescribedDriver& driver, const QString& device);
 
     /// Writes the selection and the four options to the host's QSettings.
@@ -71,7 +71,7 @@ public:
     QString driver() const;
     QString device() const;
 
-    /// Returns the selected driver: the one given to selectDriver(), or the installed one of the
+    /// Returns the selected driver: the one given to selectDriver(), or the installed one with the
     /// selected name, or nothing if there is none.
     std::optional<DescribedDriver> describedDriver() const;
 
@@ -102,22 +102,22 @@ public:
     void setHighPrecision(bool on);
 
     /// Whether serial input is read report by report, each checked against the template. Default:
-    /// false. Takes effect at the next open(); not saved. Has no effect on the "Lectra E92", and on
-    /// a driver whose template is empty or has more than 512 characters.
+    /// false. Takes effect at the next open(); not saved. Has no effect on the "Lectra E92" or on a
+    /// driver whose template is empty or has more than 512 characters.
     ///
-    /// Off: a report is read when exactly one is waiting, whatever its characters are. Reports that
-    /// arrive together stay unread until the port is opened again.
+    /// Off: a report is read only when exactly one is waiting; its characters are not checked.
+    /// Reports that arrive together stay unread until the port is opened again.
     ///
     /// On: each report that fits the template is delivered separately and in order, however many
     /// arrived together. Bytes that do not fit are passed over and announced by inputEvents(). If a
     /// template has no line ends and a shifted report could also fit, reports are delivered after a
-    /// pause in the input (150 ms and the time of four characters). Not promised: that damage is
+    /// pause in the input (150 ms plus the time of four characters). Not promised: that damage is
     /// found if it leaves another well-formed report, such as a changed digit.
     bool checkedReading() const;
     void setCheckedReading(bool on);
 
     /// Returns the object that signals bytes passed over, unread input and a lost port. It is owned
-    /// by the driver and lives as long.
+    /// by this object; do not delete it.
     InputEvents* inputEvents();
 
     /// Returns "No Error has occurred" if the selected device can be used. Otherwise returns
@@ -157,7 +157,7 @@ public:
     /// description file counts at the next call.
     void digitBeep();
 
-    /// Decodes the last chunk that was read. Coordinates are in centimetres. Characters are not
+    /// Decodes the bytes that were read last. Coordinates are in centimetres. Characters are not
     /// checked: malformed digits give whatever the arithmetic yields.
     DigitalReport parseReportText(ParseReportFlags flags);
 
@@ -173,7 +173,7 @@ public:
     /// 0 to 15 otherwise, 0 when no entry matches.
     short compareButtonNumber(ButtonValue code);
 
-    // Fields that carry no value; each returns 0.
+    // For fields without a value; each returns 0.
     short getUnused(QMap<int, char> characters);
     short getPoint(QMap<int, char> characters);
     short getCR(QMap<int, char> characters);

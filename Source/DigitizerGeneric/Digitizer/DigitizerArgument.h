@@ -47,7 +47,7 @@ public:
     /// template and no buttons.
     DigitizerArgument() = default;
 
-    /// Stores each argument in the field at the same position. The lengths keep their sign in 64
+    /// Stores each argument in the field at the same position. The lengths are sign-extended to 64
     /// bits.
     DigitizerArgument(bool fourButtons, PortSettings settings, short resolution,
                       ResolutionUnit unit, short reportLength,
@@ -69,7 +69,7 @@ public:
     std::uint64_t m_reportLength = 0;               ///< characters of one report
     std::vector<ReportFormatValues> m_reportFormat; ///< one role for each character
     std::uint64_t m_buttonCodeLength = 0; ///< leading characters of a code that are compared
-    std::vector<ButtonValue> m_buttons;   ///< an entry's index is its button's number
+    std::vector<ButtonValue> m_buttons;   ///< in the order of the button numbers
 };
 
 } // namespace MavSystem

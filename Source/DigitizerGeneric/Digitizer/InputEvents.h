@@ -20,12 +20,13 @@ class DIGITIZERGENERIC_EXPORT InputEvents : public QObject
 
 Q_SIGNALS:
     /// With checked reading: \a bytes were not part of a report and were not delivered. If the
-    /// template ends with a line end, a damaged report is announced separately. Noise is announced
-    /// in pieces of any size.
+    /// template ends with a line end, each damaged report is announced by itself. Other bytes may
+    /// be announced in pieces of any size.
     void bytesPassedOver(const QByteArray& bytes);
 
-    /// Without checked reading: \a bytes, a number other than that of one report, have been waiting
-    /// for a second, and nothing is read any more. Closing and opening the port discards them.
+    /// Without checked reading: \a bytes is the number of bytes that have been waiting for a
+    /// second. It is not the length of one report, and nothing is read any more. Closing and
+    /// opening the port discards them.
     void inputUnread(qint64 bytes);
 
     /// The port is lost, for example because the cable was pulled. \a reason is the port's error

@@ -20,8 +20,8 @@ public:
     /// pen files.
     ///
     /// Calls Digitizer::deviceExist(), which opens the port for a moment. Shows nothing. Not to be
-    /// called while the device is open: the port is then in use by this driver. Thread: the main
-    /// thread. Not promised: that open() succeeds afterwards.
+    /// called while the device is open, because the port is then in use by this library, unless the
+    /// port was lost. Thread: the main thread. Not promised: that open() succeeds afterwards.
     static QString problem();
 };
 

@@ -12,7 +12,7 @@
 /// The values of the serial settings in a device description, and the port's enumerators for them.
 ///
 /// Keys match exactly: no trimming, no case folding, no numeric parsing. Looking up an unknown key
-/// with the subscript operator adds it to the table with the enumeration's value 0. Each function
+/// with the subscript operator adds it to the table with the enumerator of value 0. Each function
 /// returns the only table of its kind in the process, created by the first call and modifiable.
 /// Thread: the main thread, because a look-up may modify the table.
 namespace MavSystem {

@@ -74,7 +74,9 @@ QString installShippedDescriptions(const QVector<ShippedDescription>& shipped,
                                    const QString& folder)
 {
     if (!QDir().mkpath(folder))
-        return QStringLiteral("cannot create the folder %1").arg(folder);
+        return QStringLiteral("cannot create the folder %1; a file may have its name, or you may "
+                              "not write there")
+            .arg(folder);
     const QString recordPath =
         QFileInfo(folder).path() + QStringLiteral("/shipped-descriptions.ini");
     QSettings record(recordPath, QSettings::IniFormat);
@@ -87,14 +89,17 @@ QString installShippedDescriptions(const QVector<ShippedDescription>& shipped,
     record.sync();
     return record.status() == QSettings::NoError
                ? QString()
-               : QStringLiteral("cannot write the record of descriptions %1").arg(recordPath);
+               : QStringLiteral("cannot write to %1, which records the shipped descriptions")
+                     .arg(recordPath);
 }
 
 QString writeDescription(const QString& path, const QByteArray& content)
 {
     const QString folder = QFileInfo(path).path();
     if (!QDir().mkpath(folder))
-        return QStringLiteral("cannot create the folder %1").arg(folder);
+        return QStringLiteral("cannot create the folder %1; a file may have its name, or you may "
+                              "not write there")
+            .arg(folder);
     const QString problem = replaceFile(path, content);
     return problem.isEmpty()
                ? QString()

@@ -21,7 +21,8 @@ QString promptOf(int index, std::optional<double> distance)
                                   : QStringLiteral("as far as the table goes");
     switch (index) {
     case LowerLeft:
-        return QStringLiteral("Press button 1 near the lower left corner and mark the point.");
+        return QStringLiteral(
+            "Press button 1 near the lower left corner and mark that point on the tablet.");
     case Right:
         return QStringLiteral("Press button 1 %1 to the right of the mark, at the same height.")
             .arg(away);
@@ -52,8 +53,8 @@ tl::expected<QVector<QByteArray>, QString> checked(const QVector<QByteArray>& pr
     if (presses.size() >= minimumPresses && presses.size() <= maximumPresses)
         return presses;
     return tl::unexpected(
-        QStringLiteral("found %1 with pauses of %2 milliseconds between them; expected %3 to %4: "
-                       "button 1 at four points, then every other button once")
+        QStringLiteral("found %1, separated by pauses of at least %2 milliseconds; expected %3 to "
+                       "%4: button 1 at four points, then every other button once")
             .arg(counted(presses.size(), "press", "presses"))
             .arg(pauseMilliseconds)
             .arg(minimumPresses)

@@ -69,10 +69,10 @@ void ValueSearch::doubtLine()
                                                  "were used; these are the usual ones."));
         return;
     }
-    doubt(Doubt::About::Line,
-          QStringLiteral(
-              "the bytes read with these settings are text, but bytes do not show parity, stop "
-              "bits and flow control. Compare with the tablet's switches or manual."));
+    doubt(
+        Doubt::About::Line,
+        QStringLiteral("the bytes read with these settings are text, but bytes do not show parity, "
+                       "stop bits or flow control. Compare with the tablet's switches or manual."));
 }
 
 void ValueSearch::doubtLength()
@@ -80,14 +80,14 @@ void ValueSearch::doubtLength()
     if (m_split.evidence == ReportSplit::Evidence::WholePress)
         doubt(Doubt::About::Template,
               QStringLiteral(
-                  "there is no line end; everything sent for one press was taken for one report."));
+                  "there is no line end; all bytes of one press were used as one report."));
     if (m_split.evidence == ReportSplit::Evidence::Repetition)
         doubt(Doubt::About::Template,
               QStringLiteral("there is no line end; the bytes repeat after this many characters."));
     if (m_split.mostReportsInPress > 1)
         doubt(Doubt::About::Template,
               QStringLiteral("up to %1 reports came with one press; the first was used. Set the "
-                             "tablet to one report per press: without checked reading, the driver "
+                             "tablet to one report per press: without checked reading, the library "
                              "does not read reports that arrive together.")
                   .arg(m_split.mostReportsInPress));
 }
@@ -155,12 +155,12 @@ void ValueSearch::completeCodes()
     }
     if (!unknown.isEmpty())
         doubt(Doubt::About::Buttons,
-              QStringLiteral("the codes of these buttons are not known: %1. In their place are "
-                             "characters that no button sends.")
+              QStringLiteral("buttons without a known code: %1. Each has a placeholder, a "
+                             "character that no button sends.")
                   .arg(unknown.join(QStringLiteral(", "))));
     if (pressed > fewButtons && pressed < PressProtocol::maximumButtons)
         doubt(Doubt::About::Buttons,
-              QStringLiteral("%1 buttons were pressed; the codes of any others are not known.")
+              QStringLiteral("%1 buttons were pressed; the codes of further buttons are not known.")
                   .arg(pressed));
     if (pressed > fewButtons)
         doubt(Doubt::About::Buttons,

@@ -34,11 +34,11 @@ QString reasonToStay(const QFileInfo& file)
 {
     const QFileInfo target(importedPath(file.filePath()));
     if (target.exists() || target.isSymLink())
-        return QStringLiteral("its points were imported, but %1 already exists; the next import "
+        return QStringLiteral("its points were delivered, but %1 already exists; the next import "
                               "delivers them again")
             .arg(target.fileName());
     if (!QFileInfo(file.path()).isWritable())
-        return QStringLiteral("its points were imported, but the directory is not writable; the "
+        return QStringLiteral("its points were delivered, but the directory is not writable; the "
                               "next import delivers them again");
     return QStringLiteral("it arrived during the import or was not complete");
 }

@@ -21,12 +21,13 @@ void checkButtonCount(const XmlElement& buttons, int count, int present, LintFin
     const XmlAttribute& attribute = *buttons.attribute(QStringLiteral("count"));
     // The text decides how buttons are numbered, so that "04" is not a cursor of four buttons.
     if (attribute.value != QLatin1String("4") && count != 16)
-        findings.warn(attribute.offset, QStringLiteral("count of neither four nor sixteen buttons"),
+        findings.warn(attribute.offset,
+                      QStringLiteral("\"count\" of \"buttons\" is neither 4 nor 16"),
                       quoted(attribute.value), QStringLiteral("4, 16"));
     const QString found = counted(present, "button");
     if (present > count)
         findings.error(buttons.childrenNamed(QStringLiteral("button")).at(count).offset,
-                       QStringLiteral("more buttons than \"count\", which are ignored"), found,
+                       QStringLiteral("more buttons than \"count\"; the rest are ignored"), found,
                        QString::number(count));
     else if (present < count)
         findings.error(attribute.offset, QStringLiteral("fewer buttons than \"count\""), found,
@@ -45,10 +46,11 @@ void checkCodeLength(const XmlElement& buttons, int length, int positions, LintF
         length > positions && std::any_of(codes.begin(), codes.end(), reachesPastReport);
     findings.add(buttons.attribute(QStringLiteral("length"))->offset,
                  neverMatch ? LintFinding::Error : LintFinding::Warning,
-                 neverMatch ? QStringLiteral("codes that no report can match")
-                            : QStringLiteral("\"length\" of \"buttons\" differs from the template"),
-                 QString::number(length),
-                 QStringLiteral("%1, as many as the template has \"B\"").arg(positions));
+                 neverMatch ? QStringLiteral("\"length\" of \"buttons\" is more than the template "
+                                             "has \"B\", so no report can match")
+                            : QStringLiteral(
+                                  "\"length\" of \"buttons\" is less than the template has \"B\""),
+                 QString::number(length), QStringLiteral("%1").arg(positions));
 }
 
 void checkCode(const XmlElement& button, std::optional<int> length, LintFindings& findings)
@@ -58,7 +60,7 @@ void checkCode(const XmlElement& button, std::optional<int> length, LintFindings
     for (int index = 0; index < std::min(characters, ReportLayout::codeCharacters); ++index) {
         if (text.at(index).unicode() > 0xff)
             findings.error(button.textOffsetAt(index),
-                           QStringLiteral("character of a code without a byte of its own"),
+                           QStringLiteral("character in a code is not Latin-1"),
                            quoted(text.at(index)), QStringLiteral("characters up to U+00FF"));
     }
     const QString accepted =
@@ -68,10 +70,10 @@ void checkCode(const XmlElement& button, std::optional<int> length, LintFindings
                        QStringLiteral("code is cut to three characters"), quoted(text), accepted);
     else if (length && characters > *length)
         findings.warn(button.textOffsetAt(*length),
-                      QStringLiteral("end of a code that is not compared"), quoted(text), accepted);
+                      QStringLiteral("end of the code is not compared"), quoted(text), accepted);
     else if (length && characters < *length)
         findings.warn(button.textOffset(),
-                      QStringLiteral("short code, which is filled up with blanks"), quoted(text),
+                      QStringLiteral("code is short and is padded with blanks"), quoted(text),
                       accepted);
 }
 
@@ -82,9 +84,9 @@ void checkEqualCodes(const QVector<XmlElement>& buttons, int length, LintFinding
         const QString significant = button.text.leftJustified(length).left(length);
         if (lines.contains(significant))
             findings.error(
-                button.textOffset(), QStringLiteral("code of an earlier button"),
+                button.textOffset(), QStringLiteral("code is that of an earlier button"),
                 quoted(significant),
-                QStringLiteral("another than that in line %1").arg(lines.value(significant)));
+                QStringLiteral("a code other than that in line %1").arg(lines.value(significant)));
         else
             lines.insert(significant, findings.lineAt(button.offset));
     }

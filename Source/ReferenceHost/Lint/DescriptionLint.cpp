@@ -19,8 +19,8 @@ void addProblems(const XmlOutline& outline, LintFindings& findings)
 {
     for (const XmlProblem& problem : outline.problems)
         findings.error(problem.offset,
-                       outline.root ? QStringLiteral("entity without a text here")
-                                    : QStringLiteral("not well-formed"),
+                       outline.root ? QStringLiteral("text of the entity is not in this file")
+                                    : QStringLiteral("cannot be read as XML"),
                        printable(problem.text),
                        outline.root ? QStringLiteral("characters")
                                     : QStringLiteral("well-formed XML within the limits"));
@@ -30,12 +30,12 @@ void lintName(const XmlAttribute& name, const QMap<QString, QString>& otherNames
               LintFindings& findings)
 {
     if (name.value.isEmpty())
-        findings.error(name.offset, QStringLiteral("empty name"), quoted(name.value),
+        findings.error(name.offset, QStringLiteral("name is empty"), quoted(name.value),
                        QStringLiteral("the name by which the driver is selected"));
     else if (otherNames.contains(name.value))
         findings.error(
-            name.offset, QStringLiteral("name of another file"), quoted(name.value),
-            QStringLiteral("a name that %1 does not have").arg(otherNames.value(name.value)));
+            name.offset, QStringLiteral("name is already used by another file"), quoted(name.value),
+            QStringLiteral("a name that %1 does not use").arg(otherNames.value(name.value)));
 }
 
 void lintBeep(const XmlElement& beepString, LintFindings& findings)

@@ -44,7 +44,7 @@ QMap<QString, QString> namesBeside(const QString& path, const QVector<NamedFile>
 LintedFile lintFile(const Content& content, const QVector<NamedFile>& others)
 {
     if (QFileInfo(content.path).isDir())
-        return {content.path, QStringLiteral("it is a folder"), {}};
+        return {content.path, QStringLiteral("not a regular file"), {}};
     if (!content.unreadable.isEmpty())
         return {content.path, content.unreadable, {}};
     return {content.path, std::nullopt,

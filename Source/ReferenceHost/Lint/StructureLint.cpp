@@ -53,7 +53,7 @@ void StructureLint::checkPresence(const XmlElement& parent, const QString& missi
         return;
     m_findings.add(parent.offset,
                    presence == Presence::Advisable ? LintFinding::Warning : LintFinding::Error,
-                   missing + QLatin1String(" is missing"), QStringLiteral("none"), accepted);
+                   missing + QLatin1String(" is missing"), QStringLiteral("nothing"), accepted);
 }
 
 void StructureLint::checkAttributes(const XmlElement& element, const KnownElement& known)
@@ -81,7 +81,7 @@ void StructureLint::checkAttributeText(const XmlAttribute& attribute, const Know
 {
     if (!known.texts.isEmpty() && !known.texts.contains(attribute.value))
         m_findings.add(attribute.offset, known.ofOtherText,
-                       QStringLiteral("unknown text of \"%1\"").arg(attribute.name),
+                       QStringLiteral("unknown value of \"%1\"").arg(attribute.name),
                        quoted(attribute.value), oneOf(known.texts));
 }
 
@@ -99,7 +99,7 @@ void StructureLint::checkChildren(const XmlElement& element, const KnownElement&
                 checkElement(present.at(index), child);
             else
                 m_findings.error(present.at(index).offset,
-                                 QStringLiteral("second element of its name, which is ignored"),
+                                 QStringLiteral("second element of the same name is ignored"),
                                  quoted(child.name), QStringLiteral("one"));
         }
     }
@@ -114,7 +114,7 @@ void StructureLint::checkChildren(const XmlElement& element, const KnownElement&
 void StructureLint::checkIgnoredText(const XmlElement& element, const KnownElement& known)
 {
     if (!known.hasText && !element.text.trimmed().isEmpty())
-        m_findings.error(element.textOffset(), QStringLiteral("text that is ignored"),
+        m_findings.error(element.textOffset(), QStringLiteral("text is ignored"),
                          quoted(element.text.trimmed()), QStringLiteral("elements only"));
 }
 

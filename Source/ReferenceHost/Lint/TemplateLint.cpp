@@ -49,7 +49,7 @@ void checkRole(const XmlElement& reportFormat, const QString& read, const Role& 
     const int present = read.count(letter);
     if (present == 0 && role.needed)
         findings.error(reportFormat.textOffset(),
-                       QStringLiteral("template without \"%1\"").arg(letter), quoted(read),
+                       QStringLiteral("template has no \"%1\"").arg(letter), quoted(read),
                        QStringLiteral("one or more"));
     if (present <= role.useful)
         return;
@@ -57,7 +57,7 @@ void checkRole(const XmlElement& reportFormat, const QString& read, const Role& 
     for (int count = 0; count <= role.useful; ++count)
         surplus = read.indexOf(letter, surplus + 1);
     findings.warn(reportFormat.textOffsetAt(surplus),
-                  QStringLiteral("more \"%1\" in the template than have a meaning").arg(letter),
+                  QStringLiteral("too many \"%1\" in the template").arg(letter),
                   QString::number(present), QStringLiteral("up to %1").arg(role.useful));
 }
 
@@ -73,7 +73,7 @@ void checkTemplateCharacters(const XmlElement& reportFormat, int length, LintFin
             continue;
         isBroken = true;
         findings.error(reportFormat.textOffsetAt(index),
-                       QStringLiteral("character %1 of the template").arg(index + 1),
+                       QStringLiteral("character %1 of the template is unknown").arg(index + 1),
                        quoted(character), QStringLiteral("one of ") + letters);
     }
     for (const Role& role : roles) {
@@ -93,11 +93,11 @@ int lintTemplate(const XmlElement& reportFormat, LintFindings& findings)
     checkTemplateCharacters(reportFormat, read, findings);
     if (length && present < *length)
         findings.error(reportFormat.textOffset(),
-                       QStringLiteral("template shorter than its length"),
+                       QStringLiteral("template is shorter than \"length\""),
                        counted(present, "character"), QString::number(*length));
     else if (present > read)
         findings.error(reportFormat.textOffsetAt(read),
-                       QStringLiteral("template longer than its length"),
+                       QStringLiteral("template is longer than \"length\""),
                        counted(present, "character"), QString::number(read));
     const QString letters = reportFormat.text.left(read);
     return std::min(letters.count(TemplateLetters::letterOf(FORMAT_BUTTON)),

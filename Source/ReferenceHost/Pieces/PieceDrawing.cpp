@@ -133,7 +133,8 @@ void drawPiece(QPainter& painter, const Piece& piece, int number)
 QString writePicture(const QString& path, const QByteArray& picture)
 {
     const QString problem = MavSystem::replaceFile(path, picture);
-    return problem.isEmpty() ? problem : QStringLiteral("cannot write %1: %2").arg(path, problem);
+    return problem.isEmpty() ? problem
+                             : QStringLiteral("cannot write to %1: %2").arg(path, problem);
 }
 
 } // namespace

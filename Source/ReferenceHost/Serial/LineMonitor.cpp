@@ -54,8 +54,9 @@ QString line(const QString& text)
 
 QString strayText(int count)
 {
-    return count == 1 ? QStringLiteral("a stray byte")
-                      : QStringLiteral("%1 stray bytes").arg(count);
+    return count == 1
+               ? QStringLiteral("1 byte passed over: not the length of a report")
+               : QStringLiteral("%1 bytes passed over: not the length of a report").arg(count);
 }
 
 } // namespace
@@ -149,8 +150,8 @@ QString LineMonitor::misfitText(const QByteArray& bytes) const
     for (int i = 0; i < bytes.size(); ++i)
         misfits += m_stream.allows(i, bytes.at(i)) ? 0 : 1;
     if (misfits == 0)
-        return QStringLiteral("passed over by the driver: the start of the report is uncertain");
-    return QStringLiteral("passed over by the driver: %1")
+        return QStringLiteral("passed over: the start of the report is uncertain");
+    return QStringLiteral("passed over: %1")
         .arg(counted(misfits, "character does not fit", "characters do not fit"));
 }
 
@@ -161,7 +162,7 @@ QString LineMonitor::reportText(qint64 milliseconds, const QByteArray& bytes)
     m_lastReport = milliseconds;
     const auto report = m_decoder(bytes);
     if (!report)
-        return QStringLiteral("not decoded: the driver stops reading at the zero byte");
+        return QStringLiteral("not decoded: a report ends at its first zero byte");
     const double x = report->coordinate().x();
     const double y = report->coordinate().y();
     m_largestX = std::max(m_largestX, x);

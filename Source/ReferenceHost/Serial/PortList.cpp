@@ -54,7 +54,7 @@ QString textOf(const PortEntry& port)
     return QStringLiteral("%1\n"
                           "  description  %2\n"
                           "  maker        %3\n"
-                          "  rights       %4\n"
+                          "  permission %4\n"
                           "  in use by    %5\n")
         .arg(port.path, orNotKnown(port.description), orNotKnown(port.maker) + identifier, rights,
              holdersText(port.holders));
