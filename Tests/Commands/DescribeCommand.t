@@ -75,7 +75,7 @@ The user is guided through the presses of a tablet: a press may be repeated, and
 Without a distance there is no resolution; the installed drivers have other names.
 
   $ digitizer describe --from new.log --name 'Generic 5-5-1 (ASCII)' >unscaled.xml
-  digitizer: proposal:9:12: error: name is already used by another file, found "Generic 5-5-1 (ASCII)", accepted a name that DIR/home/DigitizerGeneric/generated/generic-5-5-1.xml does not use
+  digitizer: proposal:9:12: error: the name "Generic 5-5-1 (ASCII)" is already used by DIR/home/DigitizerGeneric/generated/generic-5-5-1.xml
   $ sed -n '14,15p' unscaled.xml
     <!-- Not sure: no distance was given, so 1000 is only a placeholder. Until it is corrected, all lengths are wrong by the same factor. -->
     <resolution unit="LPI">1000</resolution>

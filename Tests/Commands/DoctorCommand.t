@@ -23,7 +23,7 @@ The report has the faults and the settings of the driver, and nothing private.
   $ sed -n '/^Installed/,$p' report
   Installed descriptions
     broken.xml: see below
-      broken.xml:2:66: error: character 2 of the template is unknown, found "x", accepted one of XY.SBCLU
+      broken.xml:2:66: error: character 2 of the template is "x", but must be one of XY.SBCLU
     calcomp-2000-ascii-6digit.xml: no faults
     calcomp-2000-ascii.xml: no faults
     calcomp-drawingboard3-preset3.xml: no faults

@@ -20,26 +20,26 @@ The "Lectra E92" has a layout of its own, in any letter case; it needs no report
   $ (cd "$folder" && description 'lectra e92' | sed '1s/$/<\/device>/;1q' >own.xml && sed 's/lectra //' own.xml >others.xml)
   $ digitizer lint "$folder/own.xml"
   $ digitizer lint "$folder/others.xml"
-  DIR/others.xml:1:1: error: element "resolution" is missing, found nothing, accepted <resolution>
-  DIR/others.xml:1:1: error: element "reportFormat" is missing, found nothing, accepted <reportFormat>
-  DIR/others.xml:1:1: error: element "buttons" is missing, found nothing, accepted <buttons>
+  DIR/others.xml:1:1: error: "device" has no element "resolution"
+  DIR/others.xml:1:1: error: "device" has no element "reportFormat"
+  DIR/others.xml:1:1: error: "device" has no element "buttons"
   [1]
 
 Only errors, not warnings, set the exit status.
 
   $ digitizer lint unit-unknown.xml
-  unit-unknown.xml:3:15: warning: unknown value of "unit", found "lpi", accepted LPI, LPMM
+  unit-unknown.xml:3:15: warning: "unit" is "lpi", which is not one of LPI, LPMM
   $ digitizer lint codes-equal.xml
-  codes-equal.xml:6:67: error: code is that of an earlier button, found "2", accepted a code other than that in line 6
+  codes-equal.xml:6:67: error: the code "2" is already that of the button in line 6
   [1]
   $ digitizer lint --format json unit-unknown.xml codes-equal.xml
-  {"accepted":"a name that codes-equal.xml does not use","column":12,"file":"unit-unknown.xml","found":"\"Corpus\"","line":1,"severity":"error","what":"name is already used by another file"}
-  {"accepted":"LPI, LPMM","column":15,"file":"unit-unknown.xml","found":"\"lpi\"","line":3,"severity":"warning","what":"unknown value of \"unit\""}
-  {"accepted":"a name that unit-unknown.xml does not use","column":12,"file":"codes-equal.xml","found":"\"Corpus\"","line":1,"severity":"error","what":"name is already used by another file"}
-  {"accepted":"a code other than that in line 6","column":67,"file":"codes-equal.xml","found":"\"2\"","line":6,"severity":"error","what":"code is that of an earlier button"}
+  {"column":12,"file":"unit-unknown.xml","line":1,"message":"the name \"Corpus\" is already used by codes-equal.xml","severity":"error"}
+  {"column":15,"file":"unit-unknown.xml","line":3,"message":"\"unit\" is \"lpi\", which is not one of LPI, LPMM","severity":"warning"}
+  {"column":12,"file":"codes-equal.xml","line":1,"message":"the name \"Corpus\" is already used by unit-unknown.xml","severity":"error"}
+  {"column":67,"file":"codes-equal.xml","line":6,"message":"the code \"2\" is already that of the button in line 6","severity":"error"}
   [1]
   $ digitizer lint none.xml unit-unknown.xml
-  unit-unknown.xml:3:15: warning: unknown value of "unit", found "lpi", accepted LPI, LPMM
+  unit-unknown.xml:3:15: warning: "unit" is "lpi", which is not one of LPI, LPMM
   digitizer: cannot read none.xml: No such file or directory
   [1]
   $ digitizer lint .

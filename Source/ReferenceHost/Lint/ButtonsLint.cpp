@@ -22,16 +22,17 @@ void checkButtonCount(const XmlElement& buttons, int count, int present, LintFin
     // The text decides how buttons are numbered, so that "04" is not a cursor of four buttons.
     if (attribute.value != QLatin1String("4") && count != 16)
         findings.warn(attribute.offset,
-                      QStringLiteral("\"count\" of \"buttons\" is neither 4 nor 16"),
-                      quoted(attribute.value), QStringLiteral("4, 16"));
-    const QString found = counted(present, "button");
-    if (present > count)
-        findings.error(buttons.childrenNamed(QStringLiteral("button")).at(count).offset,
-                       QStringLiteral("more buttons than \"count\"; the rest are ignored"), found,
-                       QString::number(count));
-    else if (present < count)
-        findings.error(attribute.offset, QStringLiteral("fewer buttons than \"count\""), found,
-                       QString::number(count));
+                      QStringLiteral("\"count\" of \"buttons\" is %1, but should be 4 or 16")
+                          .arg(quoted(attribute.value)));
+    if (present == count)
+        return;
+    const bool isMore = present > count;
+    const QVector<XmlElement> each = buttons.childrenNamed(QStringLiteral("button"));
+    findings.error(isMore ? each.at(count).offset : attribute.offset,
+                   QStringLiteral("\"count\" of \"buttons\" is %1, but the number of buttons is "
+                                  "%2%3")
+                       .arg(QString::number(count), QString::number(present),
+                            QLatin1String(isMore ? "; the rest are ignored" : "")));
 }
 
 void checkCodeLength(const XmlElement& buttons, int length, int positions, LintFindings& findings)
@@ -46,11 +47,9 @@ void checkCodeLength(const XmlElement& buttons, int length, int positions, LintF
         length > positions && std::any_of(codes.begin(), codes.end(), reachesPastReport);
     findings.add(buttons.attribute(QStringLiteral("length"))->offset,
                  neverMatch ? LintFinding::Error : LintFinding::Warning,
-                 neverMatch ? QStringLiteral("\"length\" of \"buttons\" is more than the template "
-                                             "has \"B\", so no report can match")
-                            : QStringLiteral(
-                                  "\"length\" of \"buttons\" is less than the template has \"B\""),
-                 QString::number(length), QStringLiteral("%1").arg(positions));
+                 QStringLiteral("\"length\" of \"buttons\" is %1, but the template has %2 \"B\"%3")
+                     .arg(QString::number(length), QString::number(positions),
+                          QLatin1String(neverMatch ? "; no report can match" : "")));
 }
 
 void checkCode(const XmlElement& button, std::optional<int> length, LintFindings& findings)
@@ -59,22 +58,27 @@ void checkCode(const XmlElement& button, std::optional<int> length, LintFindings
     const int characters = text.size();
     for (int index = 0; index < std::min(characters, ReportLayout::codeCharacters); ++index) {
         if (text.at(index).unicode() > 0xff)
-            findings.error(button.textOffsetAt(index),
-                           QStringLiteral("character in a code is not Latin-1"),
-                           quoted(text.at(index)), QStringLiteral("characters up to U+00FF"));
+            findings.error(
+                button.textOffsetAt(index),
+                QStringLiteral("a code holds %1, but only characters up to U+00FF can arrive")
+                    .arg(quoted(text.at(index))));
     }
-    const QString accepted =
-        length ? counted(*length, "character") : QStringLiteral("1 to 3 characters");
     if (characters > ReportLayout::codeCharacters)
         findings.error(button.textOffsetAt(ReportLayout::codeCharacters),
-                       QStringLiteral("code is cut to three characters"), quoted(text), accepted);
+                       QStringLiteral("the code %1 is longer than %2 characters and is cut")
+                           .arg(quoted(text), QString::number(ReportLayout::codeCharacters)));
     else if (length && characters > *length)
-        findings.warn(button.textOffsetAt(*length),
-                      QStringLiteral("end of the code is not compared"), quoted(text), accepted);
+        findings.warn(
+            button.textOffsetAt(*length),
+            QStringLiteral("the code %1 is longer than \"length\", which is %2; the rest is "
+                           "not compared")
+                .arg(quoted(text), QString::number(*length)));
     else if (length && characters < *length)
-        findings.warn(button.textOffset(),
-                      QStringLiteral("code is short and is padded with blanks"), quoted(text),
-                      accepted);
+        findings.warn(
+            button.textOffset(),
+            QStringLiteral("the code %1 is shorter than \"length\", which is %2; blanks are "
+                           "added")
+                .arg(quoted(text), QString::number(*length)));
 }
 
 void checkEqualCodes(const QVector<XmlElement>& buttons, int length, LintFindings& findings)
@@ -84,9 +88,9 @@ void checkEqualCodes(const QVector<XmlElement>& buttons, int length, LintFinding
         const QString significant = button.text.leftJustified(length).left(length);
         if (lines.contains(significant))
             findings.error(
-                button.textOffset(), QStringLiteral("code is that of an earlier button"),
-                quoted(significant),
-                QStringLiteral("a code other than that in line %1").arg(lines.value(significant)));
+                button.textOffset(),
+                QStringLiteral("the code %1 is already that of the button in line %2")
+                    .arg(quoted(significant), QString::number(lines.value(significant))));
         else
             lines.insert(significant, findings.lineAt(button.offset));
     }

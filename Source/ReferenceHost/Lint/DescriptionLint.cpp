@@ -19,37 +19,35 @@ void addProblems(const XmlOutline& outline, LintFindings& findings)
 {
     for (const XmlProblem& problem : outline.problems)
         findings.error(problem.offset,
-                       outline.root ? QStringLiteral("text of the entity is not in this file")
-                                    : QStringLiteral("cannot be read as XML"),
-                       printable(problem.text),
-                       outline.root ? QStringLiteral("characters")
-                                    : QStringLiteral("well-formed XML within the limits"));
+                       (outline.root
+                            ? QStringLiteral("the entity \"%1\" stands for text of another "
+                                             "file, which is not read")
+                            : QStringLiteral("cannot be read as XML: %1"))
+                           .arg(printable(problem.text)));
 }
 
 void lintName(const XmlAttribute& name, const QMap<QString, QString>& otherNames,
               LintFindings& findings)
 {
     if (name.value.isEmpty())
-        findings.error(name.offset, QStringLiteral("name is empty"), quoted(name.value),
-                       QStringLiteral("the name by which the driver is selected"));
+        findings.error(name.offset, QStringLiteral("the name is empty; it selects the driver"));
     else if (otherNames.contains(name.value))
-        findings.error(
-            name.offset, QStringLiteral("name is already used by another file"), quoted(name.value),
-            QStringLiteral("a name that %1 does not use").arg(otherNames.value(name.value)));
+        findings.error(name.offset, QStringLiteral("the name %1 is already used by %2")
+                                        .arg(quoted(name.value), otherNames.value(name.value)));
 }
 
 void lintBeep(const XmlElement& beepString, LintFindings& findings)
 {
     for (const XmlElement& character : beepString.childrenNamed(QStringLiteral("character")))
-        findings.number(QStringLiteral("character of the beep"), character.text,
+        findings.number(QStringLiteral("the character of the beep"), character.text,
                         character.textOffset(), {0, 255});
 }
 
 void lintContent(const XmlElement& root, LintFindings& findings)
 {
     if (const XmlElement* resolution = root.child(QStringLiteral("resolution")))
-        findings.number(QStringLiteral("resolution"), resolution->text, resolution->textOffset(),
-                        {1, Resolution::mostLines});
+        findings.number(QStringLiteral("the resolution"), resolution->text,
+                        resolution->textOffset(), {1, Resolution::mostLines});
     int positions = 0;
     if (const XmlElement* reportFormat = root.child(QStringLiteral("reportFormat")))
         positions = lintTemplate(*reportFormat, findings);

@@ -16,12 +16,9 @@ QString severityText(const LintFinding& finding)
 
 QString textOf(const QString& file, const LintFinding& finding)
 {
-    return QStringLiteral("%1:%2:%3: ")
-               .arg(file)
-               .arg(finding.position.line)
-               .arg(finding.position.column) +
-           QStringLiteral("%1: %2, found %3, accepted %4")
-               .arg(severityText(finding), finding.what, finding.found, finding.accepted);
+    return QStringLiteral("%1:%2:%3: %4: %5")
+        .arg(file, QString::number(finding.position.line), QString::number(finding.position.column),
+             severityText(finding), finding.message);
 }
 
 QJsonObject jsonOf(const QString& file, const LintFinding& finding)
@@ -30,9 +27,7 @@ QJsonObject jsonOf(const QString& file, const LintFinding& finding)
             {QStringLiteral("line"), finding.position.line},
             {QStringLiteral("column"), finding.position.column},
             {QStringLiteral("severity"), severityText(finding)},
-            {QStringLiteral("what"), finding.what},
-            {QStringLiteral("found"), finding.found},
-            {QStringLiteral("accepted"), finding.accepted}};
+            {QStringLiteral("message"), finding.message}};
 }
 
 } // namespace ReferenceHost

@@ -19,16 +19,13 @@ struct LintFinding
 
     SourcePosition position;
     Severity severity = Error;
-    QString what;
-    QString found;
-    QString accepted;
+    QString message; ///< what is wrong and what would be right, in one line
 };
 
-/// Returns "file:line:column: error: what, found ..., accepted ..." in one line, without its end.
+/// Returns "file:line:column: error: message" in one line, without its end.
 QString textOf(const QString& file, const LintFinding& finding);
 
-/// Returns the same with the members "file", "line", "column", "severity", "what", "found" and
-/// "accepted".
+/// Returns the same with the members "file", "line", "column", "severity" and "message".
 QJsonObject jsonOf(const QString& file, const LintFinding& finding);
 
 } // namespace ReferenceHost

@@ -25,10 +25,9 @@ QString quoted(const QString& text)
         .arg(printable(text.left(shown)), QLatin1String(text.size() > shown ? "..." : ""));
 }
 
-void LintFindings::add(int offset, LintFinding::Severity severity, const QString& what,
-                       const QString& found, const QString& accepted)
+void LintFindings::add(int offset, LintFinding::Severity severity, const QString& message)
 {
-    m_findings.append({m_outline.position(offset), severity, what, found, accepted});
+    m_findings.append({m_outline.position(offset), severity, message});
 }
 
 std::optional<int> LintFindings::number(const QString& what, const QString& text, int offset,
@@ -38,10 +37,9 @@ std::optional<int> LintFindings::number(const QString& what, const QString& text
     const qlonglong value = text.toLongLong(&isNumber);
     if (isNumber && value >= range.minimum && value <= range.maximum)
         return int(value);
-    error(offset,
-          QStringLiteral("%1 %2").arg(
-              what, QLatin1String(isNumber ? "is out of range" : "is not a whole number")),
-          quoted(text), QStringLiteral("%1 to %2").arg(range.minimum).arg(range.maximum));
+    error(offset, QStringLiteral("%1 is %2, but must be a whole number from %3 to %4")
+                      .arg(what, quoted(text), QString::number(range.minimum),
+                           QString::number(range.maximum)));
     return std::nullopt;
 }
 

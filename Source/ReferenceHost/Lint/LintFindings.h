@@ -31,19 +31,12 @@ public:
     /// \a outline outlives this object.
     explicit LintFindings(const XmlOutline& outline) : m_outline(outline) {}
 
-    void add(int offset, LintFinding::Severity severity, const QString& what, const QString& found,
-             const QString& accepted);
-    void error(int offset, const QString& what, const QString& found, const QString& accepted)
-    {
-        add(offset, LintFinding::Error, what, found, accepted);
-    }
-    void warn(int offset, const QString& what, const QString& found, const QString& accepted)
-    {
-        add(offset, LintFinding::Warning, what, found, accepted);
-    }
+    void add(int offset, LintFinding::Severity severity, const QString& message);
+    void error(int offset, const QString& message) { add(offset, LintFinding::Error, message); }
+    void warn(int offset, const QString& message) { add(offset, LintFinding::Warning, message); }
 
     /// Returns the number in \a text, as the driver reads it. Otherwise, or outside the range, adds
-    /// an error.
+    /// an error about \a what.
     std::optional<int> number(const QString& what, const QString& text, int offset, Range range);
 
     /// The same for an attribute. One that is missing is no error here.

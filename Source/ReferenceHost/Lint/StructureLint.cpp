@@ -11,7 +11,16 @@ namespace {
 
 QString oneOf(const QStringList& texts)
 {
-    return texts.isEmpty() ? QStringLiteral("none") : texts.join(QStringLiteral(", "));
+    return QStringLiteral("one of ") + texts.join(QStringLiteral(", "));
+}
+
+// What may be meant by an unknown name, or all that is known there.
+QString inPlaceOf(const QString& unknown, const QStringList& names)
+{
+    const QString near = suggestion(unknown, names);
+    if (!near.isEmpty() || names.isEmpty())
+        return near;
+    return QStringLiteral("; known here: ") + names.join(QStringLiteral(", "));
 }
 
 class StructureLint
@@ -24,8 +33,7 @@ public:
     void checkElement(const XmlElement& element, const KnownElement& known);
 
 private:
-    void checkPresence(const XmlElement& parent, const QString& missing, Presence presence,
-                       const QString& accepted);
+    void checkPresence(const XmlElement& parent, const QString& missing, Presence presence);
     void checkAttributes(const XmlElement& element, const KnownElement& known);
     void checkAttributeText(const XmlAttribute& attribute, const KnownAttribute& known);
     void checkChildren(const XmlElement& element, const KnownElement& known);
@@ -43,7 +51,7 @@ void StructureLint::checkElement(const XmlElement& element, const KnownElement& 
 }
 
 void StructureLint::checkPresence(const XmlElement& parent, const QString& missing,
-                                  Presence presence, const QString& accepted)
+                                  Presence presence)
 {
     const bool isNotNeeded =
         presence == Presence::Optional || (presence == Presence::OfPort && m_kind.isPen) ||
@@ -53,7 +61,7 @@ void StructureLint::checkPresence(const XmlElement& parent, const QString& missi
         return;
     m_findings.add(parent.offset,
                    presence == Presence::Advisable ? LintFinding::Warning : LintFinding::Error,
-                   missing + QLatin1String(" is missing"), QStringLiteral("nothing"), accepted);
+                   QStringLiteral("%1 has no %2").arg(quoted(parent.name), missing));
 }
 
 void StructureLint::checkAttributes(const XmlElement& element, const KnownElement& known)
@@ -64,16 +72,19 @@ void StructureLint::checkAttributes(const XmlElement& element, const KnownElemen
         if (const XmlAttribute* present = element.attribute(attribute.name))
             checkAttributeText(*present, attribute);
         else
-            checkPresence(element, QStringLiteral("attribute \"%1\"").arg(attribute.name),
-                          attribute.presence,
-                          attribute.texts.isEmpty() ? attribute.name + QLatin1String("=\"...\"")
-                                                    : oneOf(attribute.texts));
+            checkPresence(element,
+                          QStringLiteral("attribute \"%1\"").arg(attribute.name) +
+                              (attribute.texts.isEmpty()
+                                   ? QString()
+                                   : QStringLiteral(" (%1)").arg(oneOf(attribute.texts))),
+                          attribute.presence);
     }
     for (const XmlAttribute& attribute : element.attributes) {
-        const QStringList near = nearestNames(attribute.name, names);
         if (!names.contains(attribute.name))
-            m_findings.error(attribute.offset, QStringLiteral("unknown attribute"),
-                             quoted(attribute.name), oneOf(near.isEmpty() ? names : near));
+            m_findings.error(attribute.offset,
+                             QStringLiteral("unknown attribute %1 of %2%3")
+                                 .arg(quoted(attribute.name), quoted(element.name),
+                                      inPlaceOf(attribute.name, names)));
     }
 }
 
@@ -81,8 +92,8 @@ void StructureLint::checkAttributeText(const XmlAttribute& attribute, const Know
 {
     if (!known.texts.isEmpty() && !known.texts.contains(attribute.value))
         m_findings.add(attribute.offset, known.ofOtherText,
-                       QStringLiteral("unknown value of \"%1\"").arg(attribute.name),
-                       quoted(attribute.value), oneOf(known.texts));
+                       QStringLiteral("\"%1\" is %2, which is not %3")
+                           .arg(attribute.name, quoted(attribute.value), oneOf(known.texts)));
 }
 
 void StructureLint::checkChildren(const XmlElement& element, const KnownElement& known)
@@ -92,30 +103,30 @@ void StructureLint::checkChildren(const XmlElement& element, const KnownElement&
         names << child.name;
         const QVector<XmlElement> present = element.childrenNamed(child.name);
         if (present.isEmpty())
-            checkPresence(element, QStringLiteral("element \"%1\"").arg(child.name), child.presence,
-                          QStringLiteral("<%1>").arg(child.name));
+            checkPresence(element, QStringLiteral("element \"%1\"").arg(child.name),
+                          child.presence);
         for (int index = 0; index < present.size(); ++index) {
             if (index == 0 || child.repeats)
                 checkElement(present.at(index), child);
             else
                 m_findings.error(present.at(index).offset,
-                                 QStringLiteral("second element of the same name is ignored"),
-                                 quoted(child.name), QStringLiteral("one"));
+                                 QStringLiteral("a second \"%1\" is ignored").arg(child.name));
         }
     }
     for (const XmlElement& child : element.children) {
-        const QStringList near = nearestNames(child.name, names);
         if (!names.contains(child.name))
-            m_findings.error(child.offset, QStringLiteral("unknown element"), quoted(child.name),
-                             oneOf(near.isEmpty() ? names : near));
+            m_findings.error(child.offset, QStringLiteral("unknown element %1 in %2%3")
+                                               .arg(quoted(child.name), quoted(element.name),
+                                                    inPlaceOf(child.name, names)));
     }
 }
 
 void StructureLint::checkIgnoredText(const XmlElement& element, const KnownElement& known)
 {
     if (!known.hasText && !element.text.trimmed().isEmpty())
-        m_findings.error(element.textOffset(), QStringLiteral("text is ignored"),
-                         quoted(element.text.trimmed()), QStringLiteral("elements only"));
+        m_findings.error(element.textOffset(),
+                         QStringLiteral("the text %1 in %2 is ignored")
+                             .arg(quoted(element.text.trimmed()), quoted(element.name)));
 }
 
 } // namespace

@@ -49,16 +49,15 @@ void checkRole(const XmlElement& reportFormat, const QString& read, const Role& 
     const int present = read.count(letter);
     if (present == 0 && role.needed)
         findings.error(reportFormat.textOffset(),
-                       QStringLiteral("template has no \"%1\"").arg(letter), quoted(read),
-                       QStringLiteral("one or more"));
+                       QStringLiteral("the template %1 has no \"%2\"").arg(quoted(read), letter));
     if (present <= role.useful)
         return;
     int surplus = -1;
     for (int count = 0; count <= role.useful; ++count)
         surplus = read.indexOf(letter, surplus + 1);
     findings.warn(reportFormat.textOffsetAt(surplus),
-                  QStringLiteral("too many \"%1\" in the template").arg(letter),
-                  QString::number(present), QStringLiteral("up to %1").arg(role.useful));
+                  QStringLiteral("the template has %1 \"%2\", but at most %3 have a meaning")
+                      .arg(QString::number(present), letter, QString::number(role.useful)));
 }
 
 void checkTemplateCharacters(const XmlElement& reportFormat, int length, LintFindings& findings)
@@ -73,8 +72,8 @@ void checkTemplateCharacters(const XmlElement& reportFormat, int length, LintFin
             continue;
         isBroken = true;
         findings.error(reportFormat.textOffsetAt(index),
-                       QStringLiteral("character %1 of the template is unknown").arg(index + 1),
-                       quoted(character), QStringLiteral("one of ") + letters);
+                       QStringLiteral("character %1 of the template is %2, but must be one of %3")
+                           .arg(QString::number(index + 1), quoted(character), letters));
     }
     for (const Role& role : roles) {
         if (!isBroken)
@@ -91,14 +90,11 @@ int lintTemplate(const XmlElement& reportFormat, LintFindings& findings)
     const int present = reportFormat.text.size();
     const int read = std::min(length.value_or(present), present);
     checkTemplateCharacters(reportFormat, read, findings);
-    if (length && present < *length)
-        findings.error(reportFormat.textOffset(),
-                       QStringLiteral("template is shorter than \"length\""),
-                       counted(present, "character"), QString::number(*length));
-    else if (present > read)
-        findings.error(reportFormat.textOffsetAt(read),
-                       QStringLiteral("template is longer than \"length\""),
-                       counted(present, "character"), QString::number(read));
+    if (length && present != *length)
+        findings.error(present < *length ? reportFormat.textOffset()
+                                         : reportFormat.textOffsetAt(read),
+                       QStringLiteral("the template has %1, but \"length\" is %2")
+                           .arg(counted(present, "character"), QString::number(*length)));
     const QString letters = reportFormat.text.left(read);
     return std::min(letters.count(TemplateLetters::letterOf(FORMAT_BUTTON)),
                     ReportLayout::codeCharacters);
