@@ -72,6 +72,7 @@ int run(const QCommandLineParser& parser)
     const QString picture = writablePicture(parser);
     const CaptureOptions options = parseOptions(parser);
     std::unique_ptr<LineTap> tap;
+    refuseExisting(parser, recordOption);
     if (parser.isSet(recordOption))
         tap = valueOrThrow(
             LineTap::start(options.driver, options.device, parser.value(recordOption)));

@@ -10,9 +10,8 @@
 #include "ReferenceHost/Descriptions/DescriptionTexts.h"
 #include "ReferenceHost/Lint/DescriptionLint.h"
 #include "digitizer/LineOptions.h"
+#include "digitizer/OutputOptions.h"
 #include "digitizer/PressDialog.h"
-
-#include <QFileInfo>
 
 namespace ReferenceHost {
 
@@ -46,15 +45,6 @@ std::optional<double> distanceOf(const QCommandLineParser& parser)
 }
 
 // Checked before the user presses a button, so that no work is lost over a file name.
-void refuseExisting(const QCommandLineParser& parser, const QString& option)
-{
-    const QString path = parser.value(option);
-    if (parser.isSet(option) && QFileInfo::exists(path))
-        throw CommandError(
-            QStringLiteral("--%1: %2 already exists and is not overwritten; choose another name")
-                .arg(option, path));
-}
-
 QString nameOf(const QCommandLineParser& parser, const QString& tablet)
 {
     if (parser.isSet(nameOption))

@@ -199,7 +199,7 @@ int ImportSession::sumUp(bool imported, bool deleted)
     }
     QStringList kinds;
     for (auto kind = m_points.cbegin(); kind != m_points.cend(); ++kind)
-        kinds << QStringLiteral("%1 %2").arg(QString::number(kind.value()), roleName(kind.key()));
+        kinds << QStringLiteral("%1 %2").arg(roleName(kind.key()), QString::number(kind.value()));
     printError(QStringLiteral("%1 imported, %2%3%4")
                    .arg(counted(m_imported, "file"), counted(m_reports, "point"),
                         QLatin1String(kinds.isEmpty() ? "" : ": "),

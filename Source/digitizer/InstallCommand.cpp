@@ -28,7 +28,9 @@ QString install(const LintedFile& file, DescriptionFolder::ExistingFile existing
     if (installed.problem.isEmpty())
         printOutput(QStringLiteral("\"%1\" is installed: %2\n")
                         .arg(installed.driver.name, installed.driver.file));
-    return installed.problem;
+    return installed.isReplaceable
+               ? QStringLiteral("%1 (--%2 replaces it)").arg(installed.problem, forceOption)
+               : installed.problem;
 }
 
 int run(const QCommandLineParser& parser)

@@ -4,6 +4,7 @@
 
 #include "DigitizerGeneric/Digitizer/DescribedSetting.h"
 #include "DigitizerGeneric/Digitizer/PortRights.h"
+#include "DigitizerGeneric/File_Digital/PenFilePaths.h"
 #include "ReferenceHost/CommandLine/Command.h"
 #include "ReferenceHost/CommandLine/OptionValues.h"
 #include "ReferenceHost/Serial/PortAccess.h"
@@ -75,6 +76,11 @@ QString device(const QCommandLineParser& parser)
 {
     const QString device = requiredValue(parser, QStringLiteral("device"),
                                          QStringLiteral("'digitizer ports' lists the ports"));
+    if (device.startsWith(penDevice()))
+        throw CommandError(QStringLiteral("--device is '%1', but a digital pen sends no bytes to a "
+                                          "port; give a serial port")
+                               .arg(device),
+                           ExitUsage);
     const QString problem = portProblem(device);
     if (!problem.isEmpty())
         throw CommandError(problem);

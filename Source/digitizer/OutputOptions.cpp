@@ -44,9 +44,22 @@ QString writablePicture(const QCommandLineParser& parser)
         throw CommandError(
             QStringLiteral("--picture is '%1', but must end in .svg or .png").arg(path), ExitUsage);
     const QFileInfo folder(QFileInfo(path).absolutePath());
-    if (!folder.isDir() || !folder.isWritable())
-        throw CommandError(QStringLiteral("cannot write to the folder %1").arg(folder.filePath()));
+    if (!folder.isDir())
+        throw CommandError(
+            QStringLiteral("--picture: there is no folder %1").arg(folder.filePath()));
+    if (!folder.isWritable())
+        throw CommandError(
+            QStringLiteral("--picture: you may not write to the folder %1").arg(folder.filePath()));
     return path;
+}
+
+void refuseExisting(const QCommandLineParser& parser, const QString& option)
+{
+    const QString path = parser.value(option);
+    if (parser.isSet(option) && QFileInfo::exists(path))
+        throw CommandError(
+            QStringLiteral("--%1: %2 already exists and is not overwritten; choose another name")
+                .arg(option, path));
 }
 
 int savePicture(const QVector<Piece>& pieces, const QString& path)

@@ -10,7 +10,7 @@
 
 namespace ReferenceHost {
 
-/// The output options of the commands that deliver points.
+/// The output options of the commands.
 
 /// The option --format.
 QCommandLineOption formatOption();
@@ -24,6 +24,9 @@ QCommandLineOption pictureOption();
 /// Returns the path given, or an empty text. Throws a CommandError if nothing can be written there,
 /// so that the user knows before any work is done.
 QString writablePicture(const QCommandLineParser& parser);
+
+/// Throws a CommandError if the file that \a option names exists.
+void refuseExisting(const QCommandLineParser& parser, const QString& option);
 
 /// Draws \a pieces to \a path and returns the exit status. Does nothing if the path is empty.
 /// Prints an error if it fails.

@@ -113,7 +113,7 @@ A session is recorded as it arrived, and can be sent again.
   $ capture --count 3 --format csv 2>/dev/null >second
   $ cmp first second
   $ capture --record session.log
-  digitizer: cannot record to session.log: File exists
+  digitizer: --record: session.log already exists and is not overwritten; choose another name
   [1]
 
 Pictures.
@@ -146,7 +146,7 @@ The output cannot be written.
   digitizer: nothing was traced, so full.svg was not written
   $ tablet --driver "$uiof" --script points
   $ capture --count 3 --picture /dev/full/a.svg
-  digitizer: cannot write to the folder /dev/full
+  digitizer: --picture: there is no folder /dev/full
   [1]
 
 A tablet that is not there, and one that goes away.
@@ -247,7 +247,7 @@ Wrong arguments.
   [2]
   digitizer: --picture is 'a.jpg', but must end in .svg or .png
   [2]
-  digitizer: cannot write to the folder /nowhere
+  digitizer: --picture: there is no folder /nowhere
   [1]
   digitizer: --format is 'tex', but must be one of text, csv, json; did you mean text?
   [2]

@@ -46,7 +46,7 @@ Drivers that cannot be used.
   digitizer: wrong.xml cannot be used: character 2 of the report template is "x", but must be one of BXYU.SCL ('digitizer lint' shows where)
   [1]
   $ digitizer check --description none.xml --device "$PWD/tablet"
-  digitizer: none.xml cannot be read: No such file or directory ('digitizer lint' shows where)
+  digitizer: none.xml cannot be read: No such file or directory
   [1]
   $ digitizer beep --driver 'Generic 5-5-1 (ASCII)' --device "$PWD/tablet"
   digitizer: the description DIR/home/DigitizerGeneric/generated/generic-5-5-1.xml defines no beep: it has no "beepString" with a "character"
@@ -80,11 +80,12 @@ A port that another program has open; only one may read.
   $ digitizer check --driver Beeping --device "$PWD/tablet" 2>&1 | grep -o '^.*in use by\|digitizer (PID)'
   digitizer: another program has DIR/tablet open; close that program first; in use by
   digitizer (PID)
+  digitizer (PID)
   $ digitizer capture --driver Beeping --device "$PWD/tablet"
   digitizer: another program has DIR/tablet open; close that program first
   [1]
   $ digitizer monitor --device "$PWD/tablet" </dev/null
-  digitizer: cannot open DIR/tablet: Device is already locked
+  digitizer: another program has DIR/tablet open; close that program first
   [1]
   $ stop capture >/dev/null
   digitizer: ready: "Beeping" at DIR/tablet; press Ctrl-C to stop

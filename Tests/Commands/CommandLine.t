@@ -126,7 +126,7 @@ No command waits for a pipe.
   digitizer: cannot read pipe: not a regular file
   [1]
   $ tablet_simulator --description pipe
-  tablet-simulator: pipe cannot be read: not a regular file ('digitizer lint' shows where)
+  tablet-simulator: pipe cannot be read: not a regular file
   [1]
   $ tablet_simulator --replay pipe
   tablet-simulator: cannot read pipe: not a regular file

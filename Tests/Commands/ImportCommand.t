@@ -20,7 +20,7 @@ The three answers.
   number,x_cm,y_cm,button,kind
   1,1,2,1,corner
   2,0.01,0.01,4,end
-  digitizer: 1 file imported, 2 points: 1 corner, 1 end
+  digitizer: 1 file imported, 2 points: corner 1, end 1
   $ ls pen
   a.txt
   $ import
@@ -73,7 +73,7 @@ At a terminal, the driver asks.
        1     1.0000     2.0000       1  corner
        2     0.0100     0.0100       4  end
   digitizer: Digitizer files are ready to be imported.
-  Import, Delete, Cancel? digitizer: 1 file imported, 2 points: 1 corner, 1 end
+  Import, Delete, Cancel? digitizer: 1 file imported, 2 points: corner 1, end 1
   [0]
   a.txt
   typed: I
@@ -81,7 +81,7 @@ At a terminal, the driver asks.
        1     1.0000     2.0000       1  corner
        2     0.0100     0.0100       4  end
   digitizer: Digitizer files are ready to be imported.
-  Import, Delete, Cancel? digitizer: 1 file imported, 2 points: 1 corner, 1 end
+  Import, Delete, Cancel? digitizer: 1 file imported, 2 points: corner 1, end 1
   [0]
   a.txt
   typed: delete
@@ -110,7 +110,7 @@ Why a file is left.
   4,0.01,0.01,4,end
   [1]
   $ sort errors
-  digitizer: 0 files imported, 4 points: 2 corner, 2 end
+  digitizer: 0 files imported, 4 points: corner 2, end 2
   digitizer: a.dat is left: its points were delivered, but a.txt already exists; the next import delivers them again
   digitizer: b.dat is left: its points were delivered, but b.txt already exists; the next import delivers them again
   $ ls pen
@@ -137,12 +137,12 @@ keep the directory.
   number     x (cm)     y (cm)  button  kind
        1     1.0000     2.0000       1  corner
        2     0.0100     0.0100       4  end
-  digitizer: 1 file imported, 2 points: 1 corner, 1 end
+  digitizer: 1 file imported, 2 points: corner 1, end 1
   $ pen a.dat
   $ digitizer import pen --driver Pen --answer import --settle 0 --format json
   {"button":1,"kind":"corner","number":1,"x":1,"y":2}
   {"button":4,"kind":"end","number":2,"x":0.01,"y":0.01}
-  digitizer: 1 file imported, 2 points: 1 corner, 1 end
+  digitizer: 1 file imported, 2 points: corner 1, end 1
   $ pen; printf 'A- 3\nA- 1\nX:100:200\nA- 4\nX:0:0\n' >pen/a.dat
   $ printf '[General]\ndriver=Pen\n' >home/DigitizerGeneric/digitizer.conf
   $ digitizer import pen --answer import --extended --mode 55 --format csv
@@ -152,14 +152,14 @@ keep the directory.
   3,0,0,4,end
   4,0,0,4,end
   5,0,0,4,end
-  digitizer: 1 file imported, 5 points: 1 corner, 1 hole, 3 end
+  digitizer: 1 file imported, 5 points: corner 1, hole 1, end 3
   $ plain home/DigitizerGeneric/digitizer.conf
   [General]
   digitizer_file_directory=DIR/pen
   driver=Pen
   $ pen; printf 'X:0:0\nX:900:0\nX:0:900\nA- 4\nX:0:0\n' >pen/a.dat
   $ import --answer import --picture a.svg >/dev/null; grep -c '<path' a.svg
-  digitizer: 1 file imported, 4 points: 3 corner, 1 end
+  digitizer: 1 file imported, 4 points: corner 3, end 1
   1
 
 A directory is watched until the end.
@@ -182,7 +182,7 @@ A directory is watched until the end.
   digitizer: watching DIR/pen; press Ctrl-C to stop
   digitizer: DIR/pen is gone; waiting for it to come back (press Ctrl-C to stop)
   digitizer: DIR/pen is back
-  digitizer: N files imported, 6 points: 3 corner, 3 end
+  digitizer: N files imported, 6 points: corner 3, end 3
   $ pen a.dat
   $ start import digitizer import pen --driver Pen --answer import --format csv --watch --settle 0
   $ await grep watching import.errors; rm -r pen
@@ -194,7 +194,7 @@ A directory is watched until the end.
   $ sed 's/[0-9] files\{0,1\}/N files/' errors
   digitizer: watching DIR/pen; press Ctrl-C to stop
   digitizer: DIR/pen is gone
-  digitizer: N files imported, 2 points: 1 corner, 1 end
+  digitizer: N files imported, 2 points: corner 1, end 1
 
 The command waits until a file is complete; at a terminal it names the file.
 
@@ -211,18 +211,18 @@ The command waits until a file is complete; at a terminal it names the file.
   number     x (cm)     y (cm)  button  kind
        1     1.0000     2.0000       1  corner
        2     0.0100     0.0100       4  end
-  $ await shows 'digitizer: .*end.n'
+  $ await shows 'digitizer: .*end 1.n'
   $ shown | sed 's/.*K//'
-  digitizer: 1 file imported, 2 points: 1 corner, 1 end\n (no-eol)
+  digitizer: 1 file imported, 2 points: corner 1, end 1\n (no-eol)
 
 At a terminal, progress is shown, and removed before the summary.
 
   $ pen; yes X:1:1 | head -500000 >pen/a.dat
   $ tablet --replay silence
   $ timeout --foreground 60 digitizer import pen --driver Pen --answer import --settle 0 >/dev/null 2>tablet
-  $ await shows 'digitizer: .*end.n'
+  $ await shows 'digitizer: .*end 1.n'
   $ shown | sed 's/ of 1 file, [0-9]* points\(.*\)\(.r.x1b.Kdig\)/ of 1 file, N points ... \2/'
-  \r\x1b[K0 of 1 file, N points ... \r\x1b[Kdigitizer: 1 file imported, 500001 points: 500000 corner, 1 end\n (no-eol)
+  \r\x1b[K0 of 1 file, N points ... \r\x1b[Kdigitizer: 1 file imported, 500001 points: corner 500000, end 1\n (no-eol)
 
 Nothing is lost when the output cannot be written.
 

@@ -21,7 +21,7 @@ Installing the same file again changes nothing; different content needs --force.
   "New" is installed: DIR/home/DigitizerGeneric/generated/new.xml
   $ description New XXXYYYB >new.xml
   $ digitizer install new.xml
-  digitizer: DIR/home/DigitizerGeneric/generated/new.xml already exists and differs from DIR/new.xml
+  digitizer: DIR/home/DigitizerGeneric/generated/new.xml already exists and differs from new.xml (--force replaces it)
   [1]
   $ digitizer drivers --format json | grep -o 'XXX*Y*B","name":"New"'
   XXXXYYYYB","name":"New"
@@ -36,16 +36,16 @@ Files with errors are not installed; the others are.
   $ description 'Warned' XXXXYYYYB '<remark/>' >warned.xml
   $ digitizer install broken.xml none.xml . other.xml warned.xml
   "Other" is installed: DIR/home/DigitizerGeneric/generated/other.xml
-  digitizer: broken.xml:2:66: error: character 2 of the template is unknown, found "x", accepted one of XY.SBCLU
+  digitizer: broken.xml:2:66: error: character 2 of the template is "x", but must be one of XY.SBCLU
   digitizer: broken.xml was not installed; correct the errors above first
   digitizer: cannot read none.xml: No such file or directory
   digitizer: cannot read .: not a regular file
-  digitizer: warned.xml:4:1: error: unknown element, found "remark", accepted ioPort, resolution, reportFormat, buttons, beepString
+  digitizer: warned.xml:4:1: error: unknown element "remark" in "device"; known here: ioPort, resolution, reportFormat, buttons, beepString
   digitizer: warned.xml was not installed; correct the errors above first
   [1]
   $ description New >again.xml
   $ digitizer install again.xml
-  digitizer: again.xml:1:9: error: name is already used by another file, found "New", accepted a name that DIR/home/DigitizerGeneric/generated/new.xml does not use
+  digitizer: again.xml:1:9: error: the name "New" is already used by DIR/home/DigitizerGeneric/generated/new.xml
   digitizer: again.xml was not installed; correct the errors above first
   [1]
   $ ls home/DigitizerGeneric/generated | grep -v '[0-9]'

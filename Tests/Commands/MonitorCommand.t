@@ -58,7 +58,7 @@ Wrong arguments.
   >     digitizer monitor $wrong </dev/null
   > done
   digitizer: there is no port /nowhere/tty; check the name, and whether the cable is plugged in ('digitizer ports' lists the ports)
-  digitizer: there is no port /dev/File:; check the name, and whether the cable is plugged in ('digitizer ports' lists the ports)
+  digitizer: --device is 'File:', but a digital pen sends no bytes to a port; give a serial port
   digitizer: /dev/null is not a serial port ('digitizer ports' lists the ports)
   digitizer: /tmp is not a serial port ('digitizer ports' lists the ports)
   [1]

@@ -31,7 +31,7 @@ DescribedDriver driverOf(const DescriptionFiles::Loaded& file)
 
 Result problem(const QString& text)
 {
-    return {DescribedDriver(), text};
+    return {DescribedDriver(), text, false};
 }
 
 Result check(const DescriptionFiles::Loaded& file)
@@ -45,22 +45,17 @@ Result check(const DescriptionFiles::Loaded& file)
     const ParsedDescription read = parseDescription(file.document.documentElement());
     if (!read.problem.isEmpty())
         return problem(QStringLiteral("%1 cannot be used: %2").arg(file.path, read.problem));
-    return {driverOf(file, read.description), QString()};
+    return {driverOf(file, read.description), QString(), false};
 }
 
-// Returns why the checked file must not become \a target, or an empty text.
-QString clash(const DescribedDriver& driver, const QByteArray& bytes, const QString& target,
-              DescriptionFolder::ExistingFile existing)
+// Returns why the name of the checked file must not be used in \a target, or an empty text.
+QString nameClash(const DescribedDriver& driver, const QString& target)
 {
     const auto known = DescriptionFolder::find(driver.name);
     if (known && QFileInfo(known->file).fileName() != QFileInfo(target).fileName())
         return QStringLiteral(
                    "%1 describes \"%2\", but %3 already does; give it another driver name")
             .arg(driver.file, driver.name, known->file);
-    const bool replaces =
-        QFileInfo::exists(target) && DescriptionFiles::contentOf(target).bytes != bytes;
-    if (replaces && existing == DescriptionFolder::ExistingFile::Kept)
-        return QStringLiteral("%1 already exists and differs from %2").arg(target, driver.file);
     return {};
 }
 
@@ -117,9 +112,14 @@ Result DescriptionFolder::install(const QString& file, ExistingFile existing)
                                       "name that does not begin with a full stop")
                            .arg(file));
     const QString target = path() + QLatin1Char('/') + name;
-    const QString refusal = clash(result.driver, content.bytes, target, existing);
-    if (!refusal.isEmpty())
-        return problem(refusal);
+    const QString clash = nameClash(result.driver, target);
+    if (!clash.isEmpty())
+        return problem(clash);
+    const bool differs =
+        QFileInfo::exists(target) && DescriptionFiles::contentOf(target).bytes != content.bytes;
+    if (differs && existing == ExistingFile::Kept)
+        return {
+            {}, QStringLiteral("%1 already exists and differs from %2").arg(target, file), true};
     const QString failure = writeDescription(target, content.bytes);
     if (!failure.isEmpty())
         return problem(failure);

@@ -26,6 +26,7 @@ public:
     {
         DescribedDriver driver; ///< only when there is no problem
         QString problem; ///< a sentence with the path of the file; empty if there is no problem
+        bool isReplaceable = false; ///< whether ExistingFile::Replaced avoids the problem
     };
 
     /// What install() does with an existing file of the same name and different content.

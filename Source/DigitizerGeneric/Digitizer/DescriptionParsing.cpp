@@ -17,9 +17,10 @@ namespace {
 QString parseTemplate(const QString& text, int length, std::vector<ReportFormatValues>& roles)
 {
     if (length < 0 || text.size() < length)
-        return QStringLiteral("the report template has %1 characters, but its length is %2")
-            .arg(text.size())
-            .arg(length);
+        return QStringLiteral("\"length\" of the report template is %1, but the number of its "
+                              "characters is %2")
+            .arg(length)
+            .arg(text.size());
     roles.reserve(size_t(length));
     for (int position = 0; position < length; ++position) {
         const std::optional<ReportFormatValues> role = TemplateLetters::roleOf(text.at(position));

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "DigitizerGeneric/Digitizer/PortRights.h"
 
+#include "QextSerialPort/PortErrors.h"
+
 #include <QFileInfo>
 
 namespace MavSystem {
@@ -36,6 +38,16 @@ QString rightsProblem(const QString& device)
     if (port.isReadable() && port.isWritable())
         return {};
     return rightsAdvice({port.filePath(), port.owner(), port.group(), modeOf(port.permissions())});
+}
+
+QString openProblem(const QString& device, const QString& answer)
+{
+    // The permissions are sufficient, so another program has the port.
+    const bool isTaken =
+        answer == QLatin1String(PortErrors::locked) || answer == QLatin1String(PortErrors::denied);
+    return isTaken
+               ? QStringLiteral("another program has %1 open; close that program first").arg(device)
+               : QStringLiteral("cannot open %1: %2").arg(portPath(device), answer);
 }
 
 QString rightsAdvice(const PortRights& rights)

@@ -22,6 +22,10 @@ QString portPath(const QString& device);
 /// empty text. Does not open it.
 QString rightsProblem(const QString& device);
 
+/// Returns the sentence for a \a device that could not be opened, although its rights are
+/// sufficient. \a answer is the text of the port's error.
+QString openProblem(const QString& device, const QString& answer);
+
 /// Returns what a user can do to get access to the port: which group to join and how, or that its
 /// permissions must be changed.
 QString rightsAdvice(const PortRights& rights);

@@ -33,14 +33,7 @@ QString tabletProblem(const DescribedDriver& driver, const QString& device)
     if (!problem.isEmpty())
         return problem;
     const QString answer = Digitizer::deviceExist();
-    if (answer == QLatin1String(PortErrors::none))
-        return {};
-    // The permissions are sufficient, so another program has the port.
-    const bool isTaken =
-        answer == QLatin1String(PortErrors::locked) || answer == QLatin1String(PortErrors::denied);
-    return isTaken
-               ? QStringLiteral("another program has %1 open; close that program first").arg(device)
-               : QStringLiteral("cannot open %1: %2").arg(portPath(device), answer);
+    return answer == QLatin1String(PortErrors::none) ? QString() : openProblem(device, answer);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "DigitizerGeneric/Digitizer/DescriptionFolder.h"
 #include "ReferenceHost/CommandLine/NearestNames.h"
 
+#include <QFileInfo>
 #include <QStringList>
 
 namespace ReferenceHost {
@@ -31,7 +32,10 @@ tl::expected<DescribedDriver, QString> inFile(const QString& path)
     const DescriptionFolder::Result read = DescriptionFolder::read(path);
     if (read.problem.isEmpty())
         return read.driver;
-    return tl::unexpected(QStringLiteral("%1 ('digitizer lint' shows where)").arg(read.problem));
+    const QFileInfo file(path);
+    const bool isRead = file.isFile() && file.isReadable();
+    return tl::unexpected(read.problem +
+                          QLatin1String(isRead ? " ('digitizer lint' shows where)" : ""));
 }
 
 tl::expected<DescribedDriver, QString> takingReports(const DescribedDriver& driver)

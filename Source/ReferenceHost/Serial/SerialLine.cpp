@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ReferenceHost/Serial/SerialLine.h"
 
+#include "DigitizerGeneric/Digitizer/PortRights.h"
 #include "QextSerialPort/ApplySettings.h"
 
 namespace ReferenceHost {
@@ -17,7 +18,7 @@ tl::expected<void, QString> SerialLine::open(const QString& path, const PortSett
     m_port.setPortName(path);
     applySettings(settings, m_port);
     if (!reopen())
-        return tl::unexpected(QStringLiteral("cannot open %1: %2").arg(path, m_port.errorString()));
+        return tl::unexpected(MavSystem::openProblem(path, m_port.errorString()));
     m_clock.start();
     return {};
 }
