@@ -56,7 +56,7 @@ private slots:
     {
         BaudrateMap()["38400"];
         const QString findings = lintOf(contentOf("Tests/Lint/baudrate-unknown.xml"));
-        QVERIFY2(findings.contains("found \"38400\"") && !findings.contains("19200, 38400"),
+        QVERIFY2(findings.contains("is \"38400\"") && !findings.contains("19200, 38400"),
                  qPrintable(findings));
     }
 
