@@ -9,7 +9,8 @@ A device that can be used.
 
   $ digitizer check --driver Beeping --device "$PWD/tablet"
   No Error has occurred
-  $ digitizer check --description beeping.xml --device "$PWD/tablet"
+  $ description 'Not installed' >other.xml
+  $ digitizer check --description other.xml --device "$PWD/tablet"
   No Error has occurred
   $ digitizer check --driver Beeping --device File:
   No Error has occurred
@@ -79,7 +80,6 @@ A port that another program has open; only one may read.
   $ await grep ready capture.errors
   $ digitizer check --driver Beeping --device "$PWD/tablet" 2>&1 | grep -o '^.*in use by\|digitizer (PID)'
   digitizer: another program has DIR/tablet open; close that program first; in use by
-  digitizer (PID)
   digitizer (PID)
   $ digitizer capture --driver Beeping --device "$PWD/tablet"
   digitizer: another program has DIR/tablet open; close that program first
