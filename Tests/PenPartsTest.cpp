@@ -223,6 +223,20 @@ private slots:
         QCOMPARE(nameOf(converter.m_state), row.text(4));
     }
 
+    void theCodesOfFirstPhasesAreFixed()
+    {
+        struct : t_Button3_2Phase1State_4ex
+        {
+            std::string commandCode() override { return "9"; }
+        } state;
+        for (const int hostMode : {50, 0}) {
+            Digitizer::instance()->m_host_mode = hostMode;
+            t_DigipenDataConverter converter(&state);
+            converter.coordinate(5, -7);
+            QCOMPARE(readable(converter.m_commands), hostMode == 50 ? "35,-7 25,-7" : "35,-7");
+        }
+    }
+
     void transitionsAreLogged()
     {
         t_DigipenDataConverter converter(single<t_LineState_4ex>());

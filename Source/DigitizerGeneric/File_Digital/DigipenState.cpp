@@ -38,9 +38,11 @@ void append(std::string& text, short x, short y)
     append(text, y);
 }
 
-QString nameOf(const t_DigipenState& state)
+QString nameOf(const t_DigipenState* state)
 {
-    return QString::fromStdString(boost::core::demangle(typeid(state).name()))
+    if (!state)
+        return QStringLiteral("none");
+    return QString::fromStdString(boost::core::demangle(typeid(*state).name()))
         .section(QLatin1String("::"), -1);
 }
 
@@ -77,7 +79,7 @@ void t_DigipenState::coordinate(t_DigipenDataConverter& converter, short x, shor
 
 void t_DigipenState::changeState(t_DigipenDataConverter& converter, t_DigipenState* next)
 {
-    qCDebug(lcPen).noquote() << "pen state" << nameOf(*converter.m_state) << "to" << nameOf(*next);
+    qCDebug(lcPen).noquote() << "pen state" << nameOf(converter.m_state) << "to" << nameOf(next);
     converter.m_state = next;
     next->enter();
 }

@@ -51,8 +51,10 @@ void t_DigipenState_4ex::button(t_DigipenDataConverter& converter, int n)
 void t_DigipenState_4ex::firstPhase(t_DigipenDataConverter& converter, const char* code,
                                     t_DigipenState* (*next)(), short x, short y)
 {
-    t_DigipenState::coordinate(converter, x, y);
-    if (hostModeIsInternal())
+    const bool isInternal = hostModeIsInternal();
+    // Not with commandCode(): a class that derives from a state does not change what is written.
+    writeCommand(converter, PUNCH_HOLE_CODE, x, y);
+    if (isInternal)
         writeCommand(converter, code, x, y);
     else
         changeState(converter, next());

@@ -36,6 +36,7 @@ void OpenPenFile::closeAndRename()
 {
     if (m_file.isOpen()) {
         m_file.close();
+        m_reader.start();
         m_file.setFileName(m_path); // lost by opening a descriptor
     }
     const QString name = m_file.fileName();
