@@ -5,11 +5,8 @@
 #include "DigitizerGeneric/Digitizer/BoundedXmlReader.h"
 #include "DigitizerGeneric/Digitizer/Diagnostics.h"
 #include "DigitizerGeneric/Digitizer/RegularFile.h"
-#include "DigitizerGeneric/File_Digital/PenFileStamp.h"
 #include "MavCore/MavApplication.h"
 
-#include <QCache>
-#include <QDateTime>
 #include <QFile>
 
 namespace MavSystem::DescriptionFiles {
@@ -17,26 +14,6 @@ namespace MavSystem::DescriptionFiles {
 namespace {
 
 const char folderName[] = "generated";
-
-/// A file that was read.
-struct ReadFile
-{
-    PenFileStamp stamp;
-    QByteArray bytes;
-
-    bool isStill(const PenFileStamp& now) const
-    {
-        return stamp.sameFile(now) && stamp.sameContent(now);
-    }
-};
-
-// A file that was just written may be written again without a change of its time, whose steps are
-// two seconds on some file systems.
-bool isSettled(const PenFileStamp& stamp)
-{
-    constexpr qint64 steps = 2000;
-    return stamp.modified / 1000000 + steps < QDateTime::currentMSecsSinceEpoch();
-}
 
 // The name as the root element alone tells it; empty when there is none. A file broken further down
 // has none all the same; this is only good for passing over files that cannot match.
@@ -73,19 +50,11 @@ QString Content::problem() const
 
 Content contentOf(const QString& path)
 {
-    static QCache<QString, ReadFile> known(4 * int(DescriptionLimits::bytes));
-    const ReadFile* const earlier = known.object(path);
-    if (earlier && earlier->isStill(PenFileStamp::of(path)))
-        return {path, earlier->bytes, QString()};
     QFile file(path);
     const QString unreadable = openRegularFile(file);
     if (!unreadable.isEmpty())
         return {path, QByteArray(), unreadable};
-    const PenFileStamp stamp = PenFileStamp::of(file);
-    const QByteArray bytes = file.read(DescriptionLimits::bytes + 1);
-    if (isSettled(stamp))
-        known.insert(path, new ReadFile{stamp, bytes}, 1 + path.size() + bytes.size());
-    return {path, bytes, QString()};
+    return {path, file.read(DescriptionLimits::bytes + 1), QString()};
 }
 
 Loaded parse(const Content& content)

@@ -31,8 +31,7 @@ struct Content
     QString problem() const;
 };
 
-/// Reads the file \a path as far as a description may go. Never blocks. A file that has not changed
-/// since this process read it is not opened again.
+/// Reads the file \a path as far as a description may go. Never blocks.
 Content contentOf(const QString& path);
 
 /// A description file as a document.

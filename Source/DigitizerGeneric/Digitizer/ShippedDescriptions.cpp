@@ -44,12 +44,15 @@ QString digestOf(const QByteArray& content)
 // Returns why the file is not up to date; one that is not ours to change is.
 QString installFile(const ShippedDescription& shipped, const QString& target, QSettings& record)
 {
-    const auto installed = DescriptionFiles::contentOf(target);
     const bool exists = QFileInfo(target).isSymLink() || QFileInfo::exists(target);
-    if (exists && !installed.problem().isEmpty())
-        return {};
     const QString digest = digestOf(shipped.content);
     const QString recorded = record.value(shipped.name).toString();
+    // Up to date or changed by its owner: there is no need to read it.
+    if (exists && recorded == digest)
+        return {};
+    const auto installed = DescriptionFiles::contentOf(target);
+    if (exists && !installed.problem().isEmpty())
+        return {};
     if (!exists || installed.bytes != shipped.content) {
         if (exists && digestOf(installed.bytes) != recorded)
             return {};
