@@ -68,7 +68,7 @@ Wrong arguments.
   > done
   digitizer: --baudrate is '9601', but must be one of 9600, 150, 300, 600, 1200, 2400, 4800, 19200; did you mean 9600?
   digitizer: --databit is '9', but must be one of 8, 7
-  digitizer: --parity is 'even', but must be one of None, Even, Odd; did you mean Even?
+  digitizer: --parity is 'even', but must be one of None, Odd, Even; did you mean Even?
   digitizer: --stopbit is '3', but must be one of 1, 1.5, 2
   digitizer: --flowctrl is 'yes', but must be one of none, hardware, software
   digitizer: no driver has the name "x" ('digitizer drivers' lists the names)

@@ -10,18 +10,15 @@ namespace MavSystem {
 namespace {
 
 template <auto member, auto table, typename Value, std::size_t count>
-DescribedSetting setting(const char* attribute, const char* words, const Value (&values)[count],
-                         Value usual)
+DescribedSetting setting(const char* attribute, const char* words,
+                         const SettingTexts::SettingText<Value> (&entries)[count],
+                         const char* usual)
 {
     QStringList accepted;
-    for (const Value value : values)
-        accepted << SettingTexts::textOf(value);
-    return {QLatin1String(attribute),
-            QLatin1String(words),
-            accepted,
-            SettingTexts::textOf(usual),
-            [](PortSettings& settings, const QString& text) { settings.*member = table()[text]; },
-            [](const PortSettings& settings) { return SettingTexts::textOf(settings.*member); }};
+    for (const auto& entry : entries)
+        accepted << QLatin1String(entry.text);
+    return {QLatin1String(attribute), QLatin1String(words), accepted, QLatin1String(usual),
+            [](PortSettings& settings, const QString& text) { settings.*member = table()[text]; }};
 }
 
 } // namespace
@@ -30,15 +27,15 @@ const QVector<DescribedSetting>& describedSettings()
 {
     static const QVector<DescribedSetting> all = {
         setting<&PortSettings::BaudRate, BaudrateMap>("baudrate", "baud rate",
-                                                      SettingTexts::baudRates, BAUD9600),
+                                                      SettingTexts::baudRates, "9600"),
         setting<&PortSettings::DataBits, DatabitMap>("databit", "data bits", SettingTexts::dataBits,
-                                                     DATA_8),
+                                                     "8"),
         setting<&PortSettings::Parity, ParityMap>("parity", "parity", SettingTexts::parities,
-                                                  PAR_NONE),
+                                                  "None"),
         setting<&PortSettings::StopBits, StopbitMap>("stopbit", "stop bits", SettingTexts::stopBits,
-                                                     STOP_1),
+                                                     "1"),
         setting<&PortSettings::FlowControl, FlowCtrlMap>("flowctrl", "flow control",
-                                                         SettingTexts::flowControls, FLOW_OFF),
+                                                         SettingTexts::flowControls, "none"),
     };
     return all;
 }

@@ -18,7 +18,6 @@ struct DescribedSetting
     QStringList accepted;                                      ///< its texts
     QString usual;                                             ///< one of them
     void (*read)(PortSettings& settings, const QString& text); ///< as the public tables tell
-    QString (*textOf)(const PortSettings& settings);
 };
 
 /// Returns baud rate, data bits, parity, stop bits and flow control.

@@ -9,11 +9,11 @@ namespace MavSystem {
 namespace {
 
 template <typename Value, std::size_t count>
-std::map<QString, Value> tableOf(const Value (&values)[count])
+std::map<QString, Value> tableOf(const SettingTexts::SettingText<Value> (&entries)[count])
 {
     std::map<QString, Value> table;
-    for (const Value value : values)
-        table.emplace(SettingTexts::textOf(value), value);
+    for (const auto& entry : entries)
+        table.emplace_hint(table.end(), QLatin1String(entry.text), entry.value);
     return table;
 }
 

@@ -4,24 +4,25 @@
 
 #include "QextSerialPort/qextserialport.h"
 
-#include <QString>
-
-/// The values that a description file may give to the serial settings, and how it writes them.
+/// The values that a description file may give to the serial settings, as it writes them.
 namespace MavSystem::SettingTexts {
 
-// In the order of their texts.
-inline constexpr BaudRateType baudRates[] = {BAUD150,  BAUD300,  BAUD600,  BAUD1200,
-                                             BAUD2400, BAUD4800, BAUD9600, BAUD19200};
-inline constexpr DataBitsType dataBits[] = {DATA_7, DATA_8};
-inline constexpr ParityType parities[] = {PAR_EVEN, PAR_NONE, PAR_ODD};
-inline constexpr StopBitsType stopBits[] = {STOP_1, STOP_1_5, STOP_2};
-inline constexpr FlowType flowControls[] = {FLOW_HARDWARE, FLOW_OFF, FLOW_XONXOFF};
+template <typename Value>
+struct SettingText
+{
+    const char* text;
+    Value value;
+};
 
-/// Each returns the text of a value, also of one that no description may give.
-QString textOf(BaudRateType value);
-QString textOf(DataBitsType value);
-QString textOf(ParityType value);
-QString textOf(StopBitsType value);
-QString textOf(FlowType value);
+inline constexpr SettingText<BaudRateType> baudRates[] = {
+    {"150", BAUD150},   {"300", BAUD300},   {"600", BAUD600},   {"1200", BAUD1200},
+    {"2400", BAUD2400}, {"4800", BAUD4800}, {"9600", BAUD9600}, {"19200", BAUD19200}};
+inline constexpr SettingText<DataBitsType> dataBits[] = {{"7", DATA_7}, {"8", DATA_8}};
+inline constexpr SettingText<ParityType> parities[] = {
+    {"None", PAR_NONE}, {"Odd", PAR_ODD}, {"Even", PAR_EVEN}};
+inline constexpr SettingText<StopBitsType> stopBits[] = {
+    {"1", STOP_1}, {"1.5", STOP_1_5}, {"2", STOP_2}};
+inline constexpr SettingText<FlowType> flowControls[] = {
+    {"hardware", FLOW_HARDWARE}, {"software", FLOW_XONXOFF}, {"none", FLOW_OFF}};
 
 } // namespace MavSystem::SettingTexts

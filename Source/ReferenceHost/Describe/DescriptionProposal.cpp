@@ -89,8 +89,9 @@ void ProposalWriter::writePort(const PortSettings& line)
     writeDoubts(Doubt::About::Line);
     m_xml.writeStartElement(QStringLiteral("ioPort"));
     m_xml.writeEmptyElement(QStringLiteral("serial"));
+    QStringList texts = lineSettingTexts(line);
     for (const MavSystem::DescribedSetting& setting : MavSystem::describedSettings())
-        attribute(setting.attribute, setting.textOf(line));
+        attribute(setting.attribute, texts.takeFirst());
     m_xml.writeEndElement();
 }
 

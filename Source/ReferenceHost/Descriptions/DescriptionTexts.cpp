@@ -3,7 +3,9 @@
 #include "ReferenceHost/Descriptions/DescriptionTexts.h"
 
 #include "DigitizerGeneric/Digitizer/DescribedSetting.h"
+#include "DigitizerGeneric/Digitizer/SettingTexts.h"
 #include "DigitizerGeneric/Digitizer/TemplateLetters.h"
+#include "QextSerialPort/SerialTiming.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -12,12 +14,26 @@ namespace ReferenceHost {
 
 using namespace MavSystem;
 
+namespace {
+
+// A value that a description can have is in its table.
+template <typename Value, std::size_t count>
+QString textOf(const SettingTexts::SettingText<Value> (&entries)[count], Value value)
+{
+    const auto found = std::find_if(std::begin(entries), std::end(entries),
+                                    [&](const auto& entry) { return entry.value == value; });
+    return QLatin1String(found == std::end(entries) ? "unknown" : found->text);
+}
+
+} // namespace
+
 QStringList lineSettingTexts(const PortSettings& settings)
 {
-    QStringList texts;
-    for (const DescribedSetting& setting : describedSettings())
-        texts << setting.textOf(settings);
-    return texts;
+    return {QString::number(SerialTiming::bitsPerSecond(settings.BaudRate)),
+            QString::number(SerialTiming::bitsOf(settings.DataBits)),
+            textOf(SettingTexts::parities, settings.Parity),
+            QString::number(SerialTiming::bitsOf(settings.StopBits)),
+            textOf(SettingTexts::flowControls, settings.FlowControl)};
 }
 
 QString lineSettingsText(const PortSettings& settings)

@@ -13,7 +13,9 @@ namespace ReferenceHost {
 
 /// The values of a device description as its file writes them.
 
-/// Returns baud rate, data bits, parity, stop bits and flow control, each as its attribute has it.
+/// Returns baud rate, data bits, parity, stop bits and flow control, each as its attribute has it:
+/// the values of describedSettings(). "50" and "5" are those of a value that the driver does not
+/// know.
 QStringList lineSettingTexts(const PortSettings& settings);
 
 /// Returns the same as one text, without flow control if it is off: "9600 7 Even 1".
