@@ -12,6 +12,7 @@
 #include "support/TextRows.h"
 
 #include <QSettings>
+#include <QTextCodec>
 
 #include <csignal>
 #include <memory>
@@ -110,6 +111,16 @@ private slots:
         // The search goes on, whichever file the directory lists first.
         host.writeDescription("good", DescriptionBuilder().resolution(7, "LPI").xml());
         QVERIFY2(load("A").contains("|7 LPI|"), load("A"));
+    }
+
+    void attributesAreCountedBehindHalfASurrogatePair()
+    {
+        QString xml = "<d name='A'><e b='" + QString(QChar(0xd800)) + "'/><e";
+        for (int number = 0; number < 1001; ++number)
+            xml += QStringLiteral(" a%1=''").arg(number);
+        const BoundedXmlReader reader(
+            QTextCodec::codecForName("UTF-16")->fromUnicode(xml + "/></d>"));
+        QVERIFY2(reader.problem().contains("1000 attributes"), qPrintable(reader.problem()));
     }
 
     void limits_data() { addTextRows("limits.txt", 2); }

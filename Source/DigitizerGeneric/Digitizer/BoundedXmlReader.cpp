@@ -4,7 +4,6 @@
 
 #include "DigitizerGeneric/Digitizer/XmlMarkup.h"
 
-#include <QRegularExpression>
 #include <QTextCodec>
 #include <QTextDecoder>
 
@@ -55,18 +54,24 @@ Refusal decode(const QByteArray& content, QString& text)
     return {QStringLiteral("bytes that are not %1").arg(QLatin1String(codec->name())), text.size()};
 }
 
-// The reader compares each attribute of an element with all others, before it hands out any.
+// The reader compares each attribute of an element with all others, before it hands out any. No
+// regular expression finds them in a text with half a surrogate pair.
 Refusal refuseAttributes(const QString& markup)
 {
-    static const QRegularExpression tagOrAttribute(QStringLiteral("<|=\\s*[\"']"));
     int attributes = 0;
-    for (auto found = tagOrAttribute.globalMatch(markup); found.hasNext();) {
-        const QRegularExpressionMatch match = found.next();
-        attributes = markup.at(match.capturedStart()) == QLatin1Char('<') ? 0 : attributes + 1;
+    QChar before; // the last one that is no blank
+    for (int offset = 0; offset < markup.size(); ++offset) {
+        const QChar character = markup.at(offset);
+        if (character == QLatin1Char('<'))
+            attributes = 0;
+        else if (before == QLatin1Char('=') && isQuote(character))
+            ++attributes;
         if (attributes > DescriptionLimits::attributesOfOneElement)
             return {QStringLiteral("more than %1 attributes")
                         .arg(DescriptionLimits::attributesOfOneElement),
-                    match.capturedEnd() - 1};
+                    offset};
+        if (!character.isSpace())
+            before = character;
     }
     return {};
 }

@@ -28,14 +28,9 @@ int endOfSection(const QString& document, int offset)
         if (!rest.startsWith(section.begin))
             continue;
         const int end = document.indexOf(section.end, offset + section.begin.size());
-        return end < 0 ? document.size() : end + section.end.size();
+        return end == -1 ? document.size() : end + section.end.size();
     }
     return offset;
-}
-
-bool isQuote(QChar character)
-{
-    return character == QLatin1Char('"') || character == QLatin1Char('\'');
 }
 
 // Where one is in the markup: in a tag or declaration, and there in a literal.
@@ -62,6 +57,11 @@ private:
 };
 
 } // namespace
+
+bool isQuote(QChar character)
+{
+    return character == QLatin1Char('"') || character == QLatin1Char('\'');
+}
 
 QString markupOf(QString document)
 {

@@ -13,4 +13,7 @@ namespace MavSystem {
 /// Exact if the document is well-formed and declares no entities.
 QString markupOf(QString document);
 
+/// Returns whether \a character begins and ends the value of an attribute.
+bool isQuote(QChar character);
+
 } // namespace MavSystem
