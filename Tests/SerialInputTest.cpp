@@ -130,6 +130,8 @@ private slots:
             DescriptionBuilder("five").report("XXYYB"),
             DescriptionBuilder("three").report("XXXXYYYYB" + QByteArray(18, 'U')),
             DescriptionBuilder("long").report(QByteArray(508, 'U') + "XXYYXXYYB"),
+            DescriptionBuilder("longest").resolution(1, "LPMM").report("XXYYB" +
+                                                                       QByteArray(506, 'U') + "C"),
             DescriptionBuilder("lectra e92").report("XXYYB"),
         };
         for (const DescriptionBuilder& file : files)

@@ -20,6 +20,14 @@ CheckedInput::CheckedInput(QextSerialPort& port, const DigitizerArgument& descri
     QObject::connect(&m_quiet, &QTimer::timeout, &m_quiet, [this] { lookForPause(); });
 }
 
+void CheckedInput::setTemplate(const DigitizerArgument& description)
+{
+    m_stream.setTemplate(description);
+    // A turn may have passed unused while a driver was selected that is not read with checks.
+    m_turnAsked = false;
+    askForTurn();
+}
+
 void CheckedInput::start()
 {
     m_started = true;

@@ -24,7 +24,10 @@ public:
     CheckedInput(QextSerialPort& port, const DigitizerArgument& description,
                  std::function<void()> turn);
 
-    ReportStream& stream() { return m_stream; }
+    const ReportStream& stream() const { return m_stream; }
+
+    /// Reads by another template from now on, also what has arrived already.
+    void setTemplate(const DigitizerArgument& description);
 
     /// Starts to return items. What has arrived so far is kept until then.
     void start();

@@ -71,9 +71,9 @@ void Digitizer::startCheckedInput()
 // The host may do anything with an item, so nothing comes after it has it.
 void Digitizer::deliverNext()
 {
-    if (!readsChecked())
+    if (!m_checked)
         return;
-    const std::optional<StreamItem> item = m_checked->next();
+    const std::optional<StreamItem> item = readsChecked() ? m_checked->next() : std::nullopt;
     if (item && item->isReport) {
         storeReportText(item->bytes.constData(), std::size_t(item->bytes.size()));
         handOver();

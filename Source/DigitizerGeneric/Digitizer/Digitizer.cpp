@@ -81,7 +81,7 @@ void Digitizer::useDescription(DigitizerArgument* description)
     m_argument.reset(description);
     m_layout.reset(new ReportLayout(*m_argument));
     if (m_checked)
-        m_checked->stream().setTemplate(*m_argument);
+        m_checked->setTemplate(*m_argument);
 }
 
 void Digitizer::saveConfig()
