@@ -118,20 +118,44 @@ A session is recorded as it arrived, and can be sent again.
 
 Pictures.
 
-  $ printf '%s\n' '0 0 1' '10 0 1' '10 10 2' '5 5 3' '0 10 1' '10 5 4' '20 20 1' >piece
+  $ printf '%s\n' '0 0 1' '10 0 1' '10 10 2' '5 5 3' '0 10 1' '0 5 5' '10 5 4' '20 20 1' '24 22 2' >piece
   $ for picture in piece.svg piece.PNG; do
   >     tablet --driver "$uiof" --script piece
-  >     capture --count 7 --picture $picture | tail -1
+  >     capture --count 9 --picture $picture | tail -1
   > done
   digitizer: ready: "Summagraphics UIOF (Microgrid, Summagrid IV, 16 buttons)" at DIR/tablet; press Ctrl-C to stop
-       8          -          -      14  closing
+      10          -          -      14  closing
   digitizer: ready: "Summagraphics UIOF (Microgrid, Summagrid IV, 16 buttons)" at DIR/tablet; press Ctrl-C to stop
-       8          -          -      14  closing
-  $ grep -o '<path \|<circle \|<ellipse \|[^>]*(unfinished)\|[0-9]* cm' piece.svg | sort | uniq -c
-        1 10 cm
-        1 2 (unfinished)
-        1 <circle 
-        2 <path 
+      10          -          -      14  closing
+  $ grep -o 'viewBox=.*\|matrix(100[^)]*\|dasharray="[^"]*\|<\(path\|rect\|circle\|polyline\).*\|[^>]*</text' piece.svg |
+  >     sed 's/ \(fill\|vector-effect\|fill-rule\)="[a-z]*"//g' | awk '!seen[$0]++'
+  viewBox="0 0 2860 2920"
+  matrix(100,0,0,-100,230,2440
+  <rect x="-2.3" y="-4.8" width="28.6" height="29.2"/>
+  <path d="M0,0 L10.0013,0 C10.8347,4.1672 11.6681,8.33439 10.0013,10.0013 C8.33439,11.6681 4.1672,10.8347 0,10.0013 L0,5.00063 L0,0"/>
+  <polyline points="0,5.00063 0.8,5.00063 " />
+  <circle cx="5.00063" cy="5.00063" r="0.4"/>
+  <polyline points="4.40063,5.00063 5.60063,5.00063 " />
+  <polyline points="5.00063,4.40063 5.00063,5.60063 " />
+  <rect x="-0.15" y="-0.15" width="0.3" height="0.3"/>
+  <rect x="9.85127" y="-0.15" width="0.3" height="0.3"/>
+  <rect x="-0.15" y="9.85127" width="0.3" height="0.3"/>
+  1</text
+  dasharray="4,2
+  <path d="M20,20 C21.3333,20.6671 22.6667,21.3342 24,22.0013 "/>
+  <rect x="19.85" y="19.85" width="0.3" height="0.3"/>
+  2 (unfinished)</text
+  <rect x="-0.3" y="-2.8" width="1" height="0.3"/>
+  <rect x="0.7" y="-2.8" width="1" height="0.3"/>
+  <rect x="1.7" y="-2.8" width="1" height="0.3"/>
+  <rect x="2.7" y="-2.8" width="1" height="0.3"/>
+  <rect x="3.7" y="-2.8" width="1" height="0.3"/>
+  <rect x="4.7" y="-2.8" width="1" height="0.3"/>
+  <rect x="5.7" y="-2.8" width="1" height="0.3"/>
+  <rect x="6.7" y="-2.8" width="1" height="0.3"/>
+  <rect x="7.7" y="-2.8" width="1" height="0.3"/>
+  <rect x="8.7" y="-2.8" width="1" height="0.3"/>
+  10 cm</text
   $ head -c 4 piece.PNG | od -c | head -1
   0000000 211   P   N   G
 

@@ -39,7 +39,8 @@ The presses of a recording become a description.
   <digitizer name="My &lt;table&gt;" support="untested">
       <serial baudrate="9600" databit="7" parity="None" stopbit="2" flowctrl="none"/>
 
-The user is guided through the presses of a tablet: a press may be repeated, and Enter ends them.
+The user is guided through the presses of a tablet: a press may be repeated, and Enter ends them as soon
+as there are enough.
 
   $ printf '# digitizer session 1\n%s\n' '0 "0200,"' '50 "0200,1\r"' '1000 "9999,9999,8\r"' '4000 "3200,0201,1\r"' \
   >     '5000 "0201,3201,1\r"' '6000 "1522,1713,1\r"' '7000 "1523,1714,2\r"' '8000 "1523,1713,4\r"' >tablet.log
@@ -48,15 +49,16 @@ The user is guided through the presses of a tablet: a press may be repeated, and
   $ input=keys start guided digitizer describe --device "$PWD/tablet" --name 'Old table' --distance 30 --output guided.xml --record guided.log
   $ exec 3>keys
   $ await grep '^3' guided.errors
-  $ echo r >&3
+  $ echo >&3; echo r >&3
   $ await grep '^7' guided.errors
-  $ echo >&3
+  $ echo no >&3; echo >&3
   $ ended guided
   To repeat the last press, type r and Enter. To stop, press Ctrl-C.
   1. Press button 1 near the lower left corner and mark that point on the tablet.
      12 bytes: "0200,0200,1\r"
   2. Press button 1 exactly 30 cm to the right of the mark, at the same height.
      12 bytes: "9999,9999,8\r"
+  3. Press button 1 exactly 30 cm straight above the mark.
   3. Press button 1 exactly 30 cm straight above the mark.
   2. Press button 1 exactly 30 cm to the right of the mark, at the same height.
      12 bytes: "3200,0201,1\r"
@@ -68,6 +70,7 @@ The user is guided through the presses of a tablet: a press may be repeated, and
      12 bytes: "1523,1714,2\r"
   6. Without moving the cursor, press button 3. If there is no such button, press Enter.
      12 bytes: "1523,1713,4\r"
+  7. Without moving the cursor, press button 4. If there is no such button, press Enter.
   7. Without moving the cursor, press button 4. If there is no such button, press Enter.
   $ digitizer describe --from guided.log --distance 30 | diff - guided.xml
   $ digitizer describe --from new.log --distance 30 --baudrate 9600 --databit 8 --parity None --stopbit 1 | diff - guided.xml
