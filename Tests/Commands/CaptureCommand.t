@@ -127,16 +127,20 @@ Pictures.
       10          -          -      14  closing
   digitizer: ready: "Summagraphics UIOF (Microgrid, Summagrid IV, 16 buttons)" at DIR/tablet; press Ctrl-C to stop
       10          -          -      14  closing
-  $ grep -o 'viewBox=.*\|matrix(100[^)]*\|dasharray="[^"]*\|<\(path\|rect\|circle\|polyline\).*\|[^>]*</text' piece.svg |
+  $ grep -o 'viewBox=.*\|matrix(100[^)]*\|<g fill="[^"]*\|dasharray="[^"]*\|<\(path\|rect\|circle\|polyline\).*\|[^>]*</text' piece.svg |
   >     sed 's/ \(fill\|vector-effect\|fill-rule\)="[a-z]*"//g' | awk '!seen[$0]++'
   viewBox="0 0 2860 2920"
+  <g fill="none
+  <g fill="#ffffff
   matrix(100,0,0,-100,230,2440
   <rect x="-2.3" y="-4.8" width="28.6" height="29.2"/>
+  <g fill="#f3ead9
   <path d="M0,0 L10.0013,0 C10.8347,4.1672 11.6681,8.33439 10.0013,10.0013 C8.33439,11.6681 4.1672,10.8347 0,10.0013 L0,5.00063 L0,0"/>
   <polyline points="0,5.00063 0.8,5.00063 " />
   <circle cx="5.00063" cy="5.00063" r="0.4"/>
   <polyline points="4.40063,5.00063 5.60063,5.00063 " />
   <polyline points="5.00063,4.40063 5.00063,5.60063 " />
+  <g fill="#202020
   <rect x="-0.15" y="-0.15" width="0.3" height="0.3"/>
   <rect x="9.85127" y="-0.15" width="0.3" height="0.3"/>
   <rect x="-0.15" y="9.85127" width="0.3" height="0.3"/>
