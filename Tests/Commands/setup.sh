@@ -41,6 +41,7 @@ await() {
 start() {
     name=$1
     shift
+    rm -f "$name" "$name.errors" "$name.process" # what an earlier program of that name printed
     (exec timeout --foreground -k 5 30 sh -c 'echo $$ >"$0"; exec "$@"' "$name.process" "$@" \
         <"${input:-/dev/null}" >"$name" 2>"$name.errors") &
     eval "$name=$!"
