@@ -115,6 +115,10 @@ inline const QMap<QByteArray, Action> actions = {
          QTRY_VERIFY2(RecordedMessages::hold(part),
                       qPrintable(RecordedMessages::texts().join('\n')));
      }},
+    {"untold",
+     [](PenInput&, const QByteArray& part) {
+         QVERIFY2(!RecordedMessages::hold(part), qPrintable(RecordedMessages::texts().join('\n')));
+     }},
     {"unregister",
      [](PenInput&, const QByteArray&) { MavSystem::DigitalReport::unregisterHandle(); }},
     {"unset", [](PenInput&, const QByteArray&) { QSettings().remove("digitizer_file_directory"); }},

@@ -20,7 +20,8 @@ const Section blankSections[] = {{QLatin1String("<!--"), QLatin1String("-->")},
                                  {QLatin1String("<![CDATA["), QLatin1String("]]>")},
                                  {QLatin1String("<?"), QLatin1String("?>")}};
 
-// The position behind the section that begins at \a offset, or \a offset if none does.
+// The position where the section that begins at \a offset ends, in front of its last characters,
+// which pass for text; or \a offset if none begins there.
 int endOfSection(const QString& document, int offset)
 {
     const QStringView rest = QStringView(document).mid(offset);
@@ -28,7 +29,7 @@ int endOfSection(const QString& document, int offset)
         if (!rest.startsWith(section.begin))
             continue;
         const int end = document.indexOf(section.end, offset + section.begin.size());
-        return end == -1 ? document.size() : end + section.end.size();
+        return end == -1 ? document.size() : end;
     }
     return offset;
 }
