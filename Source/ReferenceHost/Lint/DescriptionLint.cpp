@@ -30,7 +30,8 @@ void lintName(const XmlAttribute& name, const QMap<QString, QString>& otherNames
               LintFindings& findings)
 {
     if (name.value.isEmpty())
-        findings.error(name.offset, QStringLiteral("the name is empty; it selects the driver"));
+        findings.error(name.offset,
+                       QStringLiteral("the name is empty, but a driver is selected by its name"));
     else if (otherNames.contains(name.value))
         findings.error(name.offset, QStringLiteral("the name %1 is already used by %2")
                                         .arg(quoted(name.value), otherNames.value(name.value)));

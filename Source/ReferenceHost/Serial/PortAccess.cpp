@@ -23,7 +23,7 @@ namespace {
 const QString portsHint = QStringLiteral(" ('digitizer ports' lists the ports)");
 
 // Opens without waiting for a carrier and without making the port the program's terminal.
-QString openProblem(const QString& path)
+QString problemOfOpening(const QString& path)
 {
     const int port = open(QFile::encodeName(path).constData(), O_RDWR | O_NOCTTY | O_NONBLOCK);
     if (port < 0)
@@ -44,7 +44,7 @@ QString portProblem(const QString& device)
     const QString path = portPath(device);
     const QString problem = rightsProblem(device);
     if (problem.isEmpty())
-        return openProblem(path);
+        return problemOfOpening(path);
     const QFileInfo port(path);
     const bool isPort = port.exists() && !port.isFile() && !port.isDir();
     return isPort ? problem : problem + portsHint;
